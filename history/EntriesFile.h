@@ -1,0 +1,51 @@
+// Loading and saving the entries file "Graph.dat" in a given directory (the current one by
+// default).
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "history/AtomicFileWriter.h"
+#include "history/EntriesFormat.h"
+#include "history/HistoryStore.h"
+
+namespace curvemill {
+
+inline constexpr const char* kEntriesFileName = "Graph.dat";
+// Read when "Graph.dat" cannot be opened, in this order.
+inline constexpr const char* kFirstFallbackName = "Graph.txt";
+inline constexpr const char* kSecondFallbackName = "Graph0.dat";
+
+// Save reasons: the menu command (no question), and exit (asks first).
+inline constexpr char kSaveOnCommand = 's';
+inline constexpr char kSaveAtExit = 'e';
+
+inline constexpr const char* kMsgFileInUse = "The file is being used by another application";
+
+// Appends the records of the first file that opens to `store` and records which one in its
+// sourceKind. Returns 1 when none of the three files could be opened, else 0, also when loading
+// stopped early at a bad record (the records before it stay).
+int loadEntries(HistoryStore& store, char mode, const std::filesystem::path& directory = ".");
+
+enum class SaveOutcome {
+    NothingToSave,  // neither the entries nor the search strings changed
+    Declined,       // the exit question was answered No
+    Saved,
+    Failed,  // message holds the text to show; the old file and the store are untouched
+};
+
+struct SaveResult {
+    SaveOutcome outcome = SaveOutcome::NothingToSave;
+    std::string message;
+};
+
+// Writes the store when something changed. With kSaveAtExit, askToSave is called first and the
+// file is written only when it returns true; kSaveOnCommand writes without asking. The new file
+// replaces the old one only once it is complete, and is left read-only. A successful save clears
+// the changed flags. `writer` lets tests break the write half way.
+SaveResult saveEntries(HistoryStore& store, char reason, const std::function<bool()>& askToSave,
+                       const std::filesystem::path& directory = ".",
+                       const ChunkWriter& writer = {});
+
+}  // namespace curvemill

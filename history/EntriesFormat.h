@@ -1,0 +1,27 @@
+// The text of the entries file: reading it into a store, and writing a store as that text.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "history/HistoryStore.h"
+#include "history/RecordChecker.h"
+
+namespace curvemill {
+
+// Load modes: at start-up (entries and search strings), and "Load Original List" (entries only).
+inline constexpr char kLoadAtStartup = 'y';
+inline constexpr char kLoadEntriesOnly = 'n';
+
+// A field of this many characters ends the load: the file's fields hold at most one less.
+inline constexpr std::size_t kFieldLimit = 99;
+
+// Appends the records of `bytes` to `store` until the search strings, the end or the first bad
+// record; with mode 'y' the search strings then replace the store's ring. Never fails: whatever
+// was read before a problem stays, the rest is ignored.
+void readEntries(HistoryStore& store, std::string_view bytes, char mode, RecordChecker& checker);
+
+// Section 'y' records, '&', the other records, "@ ", the search strings oldest first.
+std::string formatEntries(const HistoryStore& store);
+
+}  // namespace curvemill
