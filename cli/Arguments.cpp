@@ -1,0 +1,95 @@
+#include "cli/Arguments.h"
+
+#include <algorithm>
+
+namespace curvemill::cli {
+namespace {
+
+const OptionSpec* findOption(const CommandSyntax& syntax, std::string_view name) {
+    const auto it = std::find_if(syntax.options.begin(), syntax.options.end(),
+                                 [&](const OptionSpec& o) { return o.name == name; });
+    return it == syntax.options.end() ? nullptr : &*it;
+}
+
+}  // namespace
+
+std::optional<std::string> ParsedArguments::value(std::string_view name) const {
+    const auto it = values_.find(std::string(name));
+    if (it == values_.end()) {
+        return std::nullopt;
+    }
+    return it->second;
+}
+
+std::optional<std::string> parseArguments(const CommandSyntax& syntax,
+                                          const std::vector<std::string>& args,
+                                          ParsedArguments& parsed) {
+    std::size_t i = 0;
+    for (; i < args.size(); ++i) {
+        const std::string& word = args[i];
+        if (word == "--") {
+            ++i;
+            break;
+        }
+        // A lone "-" is an ordinary word; anything else with a leading '-' is taken for an
+        // option, which is why a formula such as "-x" needs the "--" before it.
+        if (word.size() < 2 || word[0] != '-') {
+            break;
+        }
+        if (word == "--help" || word == "-h") {
+            parsed.helpRequested = true;
+            return std::nullopt;
+        }
+        if (word.rfind("--", 0) != 0) {
+            return "unknown option '" + word + "' (put -- before a formula that begins with '-')";
+        }
+        const std::size_t equals = word.find('=');
+        const std::string name = word.substr(2, equals == std::string::npos ? equals : equals - 2);
+        const OptionSpec* option = findOption(syntax, name);
+        if (option == nullptr) {
+            return "unknown option '--" + name + "'";
+        }
+        if (option->valueName.empty()) {
+            if (equals != std::string::npos) {
+                return "option '--" + name + "' takes no value";
+            }
+            parsed.set(name, "");
+        } else if (equals != std::string::npos) {
+            parsed.set(name, word.substr(equals + 1));
+        } else if (i + 1 < args.size()) {
+            parsed.set(name, args[++i]);
+        } else {
+            return "option '--" + name + "' needs a value " + option->valueName;
+        }
+    }
+    parsed.positionals.assign(args.begin() + static_cast<std::ptrdiff_t>(i), args.end());
+    const std::size_t count = parsed.positionals.size();
+    if (count < syntax.minPositionals || count > syntax.maxPositionals) {
+        return "expected " + syntax.positionalUsage + ", got " + std::to_string(count) +
+               (count == 1 ? " argument" : " arguments");
+    }
+    return std::nullopt;
+}
+
+std::string usageText(const CommandSyntax& syntax) {
+    std::string text = "usage: curvemill-cli " + syntax.command;
+    if (!syntax.options.empty()) {
+        text += " [options]";
+    }
+    text += " [--] " + syntax.positionalUsage + "\n\n" + syntax.summary + "\n\noptions:\n";
+    for (const OptionSpec& option : syntax.options) {
+        std::string left = "  --" + option.name;
+        if (!option.valueName.empty()) {
+            left += " " + option.valueName;
+        }
+        left.resize(std::max<std::size_t>(left.size() + 2, 22), ' ');
+        text += left + option.help + "\n";
+    }
+    text += "  --help              show this text\n";
+    if (!syntax.details.empty()) {
+        text += "\n" + syntax.details;
+    }
+    return text;
+}
+
+}  // namespace curvemill::cli

@@ -1,0 +1,51 @@
+// Command-line parsing shared by the commands of curvemill-cli: options first, then positionals.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace curvemill::cli {
+
+struct OptionSpec {
+    std::string name;       // without the leading "--"
+    std::string valueName;  // empty for a flag
+    std::string help;
+};
+
+// What a command accepts; also the source of its --help text.
+struct CommandSyntax {
+    std::string command;
+    std::string summary;
+    std::string positionalUsage;  // e.g. "FORMULA X [Y]"
+    std::size_t minPositionals = 0;
+    std::size_t maxPositionals = 0;
+    std::vector<OptionSpec> options;
+    std::string details;  // free text after the option list
+};
+
+class ParsedArguments {
+  public:
+    bool helpRequested = false;
+    std::vector<std::string> positionals;
+
+    bool flag(std::string_view name) const { return values_.count(std::string(name)) != 0; }
+    std::optional<std::string> value(std::string_view name) const;
+    void set(const std::string& name, std::string value) { values_[name] = std::move(value); }
+
+  private:
+    std::map<std::string, std::string> values_;
+};
+
+// Parses `args` (the words after the command name). Options are "--name", "--name VALUE" or
+// "--name=VALUE" and must come before the positionals; "--" ends them, so a positional may begin
+// with '-'. Returns the error message for a usage error, or nothing.
+std::optional<std::string> parseArguments(const CommandSyntax& syntax,
+                                          const std::vector<std::string>& args,
+                                          ParsedArguments& parsed);
+
+std::string usageText(const CommandSyntax& syntax);
+
+}  // namespace curvemill::cli

@@ -1,0 +1,33 @@
+// The command table of curvemill-cli: each command lives in a file of its own.
+#pragma once
+
+#include <ostream>
+#include <span>
+
+#include "cli/Arguments.h"
+
+namespace curvemill::cli {
+
+// Exit codes scripts rely on.
+inline constexpr int kExitOk = 0;
+inline constexpr int kExitRefused = 1;  // the input was read but the system refused it
+inline constexpr int kExitUsage = 2;    // the command line itself is wrong
+
+struct Command {
+    CommandSyntax syntax;
+    // Runs with arguments already parsed against `syntax`; results go to `out`, usage errors
+    // found while interpreting option values to `err` (returning kExitUsage).
+    int (*run)(const ParsedArguments& arguments, std::ostream& out, std::ostream& err);
+};
+
+// To add a command: write its file with a factory like these and list it in CommandTable.cpp.
+Command checkCommand();
+Command evalCommand();
+
+std::span<const Command> commandTable();
+
+// Typed formulas are read like an edit box of the Equation/ThreeD window: at most this many
+// characters once blanks are removed.
+inline constexpr std::size_t kMaxFormulaLength = 99;
+
+}  // namespace curvemill::cli

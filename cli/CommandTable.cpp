@@ -1,0 +1,12 @@
+#include <vector>
+
+#include "cli/Command.h"
+
+namespace curvemill::cli {
+
+std::span<const Command> commandTable() {
+    static const std::vector<Command> table{checkCommand(), evalCommand()};
+    return table;
+}
+
+}  // namespace curvemill::cli

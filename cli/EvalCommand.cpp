@@ -1,0 +1,84 @@
+#include <cstdio>
+
+#include "cli/Command.h"
+#include "cli/FormulaArguments.h"
+#include "engine/Formula.h"
+#include "engine/FormulaCheck.h"
+#include "engine/LogBase.h"
+#include "engine/NumberEntry.h"
+#include "engine/Preparation.h"
+
+namespace curvemill::cli {
+namespace {
+
+int runEval(const ParsedArguments& arguments, std::ostream& out, std::ostream& err) {
+    const auto& positionals = arguments.positionals;
+    const bool hasY = positionals.size() == 3;
+    const auto mode = modeArgument(arguments.value("mode"), "fe",
+                                   hasY ? kModeTwoVariables : kModeFunction, "eval", err);
+    if (!mode) {
+        return kExitUsage;
+    }
+    const auto typed = formulaArgument(positionals[0], "eval", err);
+    if (!typed) {
+        return kExitUsage;
+    }
+
+    Formula formula;
+    if (const auto base = arguments.value("log-base")) {
+        const LogBaseResult result = applyLogBase(formula, true, *base);
+        if (!result.accepted) {
+            out << result.message << '\n';
+            return kExitRefused;
+        }
+    }
+    if (!prepareFormula(formula, *typed, *mode)) {
+        out << formula.errorText << '\n';
+        return kExitRefused;
+    }
+    const NumberReading x = readNumberEntry(formula, positionals[1], "X");
+    if (!x.ok) {
+        out << x.message << '\n';
+        return kExitRefused;
+    }
+    NumberReading y;
+    y.ok = true;
+    if (hasY) {
+        y = readNumberEntry(formula, positionals[2], "Y");
+        if (!y.ok) {
+            out << y.message << '\n';
+            return kExitRefused;
+        }
+    }
+
+    const double value = formula.evaluate(x.value, slotForMode(*mode), y.value);
+    if (formula.indefinite) {
+        out << "INDEFINITE\n";
+    } else {
+        char buffer[64];
+        std::snprintf(buffer, sizeof buffer, "%.17g", value);
+        out << buffer << '\n';
+    }
+    return kExitOk;
+}
+
+}  // namespace
+
+Command evalCommand() {
+    return {{"eval",
+             "Evaluates a formula at X (and Y) and prints the value with 17 significant digits,\n"
+             "or INDEFINITE when it leaves a function's domain. X and Y are read like the\n"
+             "program's number boxes, so constant expressions such as pi/2 are allowed.",
+             "FORMULA X [Y]",
+             2,
+             3,
+             {{"mode", "M",
+               "f (function of x; the default without Y) or e (formula in x and y;\n"
+               "                      the default with Y)"},
+              {"log-base", "B", "base of log( (default 10), as in the Log Base dialog"}},
+             "Exit status: 0 evaluated (INDEFINITE included), 1 formula, X, Y or base refused,\n"
+             "2 wrong command line.\n"},
+            runEval};
+}
+
+}  // namespace curvemill::cli

@@ -1,0 +1,35 @@
+#include "cli/FormulaArguments.h"
+
+#include "cli/Command.h"
+#include "engine/FormulaCheck.h"
+
+namespace curvemill::cli {
+
+std::optional<char> modeArgument(const std::optional<std::string>& value, std::string_view allowed,
+                                 char fallback, std::string_view command, std::ostream& err) {
+    if (!value) {
+        return fallback;
+    }
+    if (value->size() == 1 && allowed.find((*value)[0]) != std::string_view::npos) {
+        return (*value)[0];
+    }
+    err << "curvemill-cli " << command << ": invalid --mode '" << *value << "' (expected one of";
+    for (char c : allowed) {
+        err << ' ' << c;
+    }
+    err << ")\n";
+    return std::nullopt;
+}
+
+std::optional<std::string> formulaArgument(std::string typed, std::string_view command,
+                                           std::ostream& err) {
+    removeBlanks(typed);
+    if (typed.size() > kMaxFormulaLength) {
+        err << "curvemill-cli " << command << ": the formula has " << typed.size()
+            << " characters without blanks; at most " << kMaxFormulaLength << " are allowed\n";
+        return std::nullopt;
+    }
+    return typed;
+}
+
+}  // namespace curvemill::cli

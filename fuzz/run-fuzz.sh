@@ -1,0 +1,41 @@
+#!/usr/bin/env bash
+# Builds a libFuzzer target with clang in its own build directory and runs it.
+#
+#   fuzz/run-fuzz.sh [TARGET] [SECONDS] [libFuzzer options...]   run (default: engine, 60 s)
+#   fuzz/run-fuzz.sh --merge [TARGET]                            fold new inputs into the corpus
+#
+# New inputs collect in the build directory; --merge keeps only those that add coverage to the
+# committed corpus fuzz/corpus/TARGET. Findings are written to build-fuzz/artifacts/.
+set -euo pipefail
+root="$(cd "$(dirname "$0")/.." && pwd)"
+build="${FUZZ_BUILD_DIR:-$root/build-fuzz}"
+
+merge=0
+if [[ "${1:-}" == "--merge" ]]; then
+    merge=1
+    shift
+fi
+target="${1:-engine}"
+seconds="${2:-60}"
+shift $(($# > 2 ? 2 : $#))
+
+cmake -S "$root/fuzz" -B "$build" -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+cmake --build "$build" --target "fuzz_$target" -j2
+
+corpus="$root/fuzz/corpus/$target"
+work="$build/work-$target"
+mkdir -p "$corpus" "$work" "$build/artifacts"
+
+if ((merge)); then
+    merged="$build/merged-$target"
+    rm -rf "$merged"
+    mkdir -p "$merged"
+    "$build/fuzz_$target" -merge=1 -max_len=99 "$merged" "$corpus" "$work"
+    rm -f "$corpus"/*
+    cp "$merged"/* "$corpus"/
+    echo "corpus $corpus now holds $(ls "$corpus" | wc -l) inputs"
+    exit 0
+fi
+
+exec "$build/fuzz_$target" -max_len=99 -max_total_time="$seconds" -print_final_stats=1 \
+    -artifact_prefix="$build/artifacts/" "$@" "$work" "$corpus"

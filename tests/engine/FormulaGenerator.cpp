@@ -1,0 +1,139 @@
+#include "FormulaGenerator.h"
+
+#include <algorithm>
+#include <array>
+
+namespace curvemill::reference {
+namespace {
+
+constexpr std::array kNumbers{
+    "0",   "1",    "2",     "3", "10", "0.5",       "2.5",       "13",          "12",        "34",
+    "100", "1000", "0.001", "7", "1.", "1.0000001", "0.9999999", "99999999999", "2147483648"};
+
+constexpr std::array kFunctions{"sin(", "cos(",  "tan(",  "Sqr(", "log(",
+                                "ln(",  "asin(", "acos(", "atan("};
+
+// Domain edges and the deliberate oddities of the language, each a complete operand.
+constexpr std::array kSpecials{"asin(1.0000001)",
+                               "acos(-1.0000001)",
+                               "asin(1)",
+                               "ln(0)",
+                               "Sqr(0)",
+                               "log(0)",
+                               "(0^x)",
+                               "((-2)^x)",
+                               "((-2)^3)",
+                               "((-8)^(1/3))",
+                               "(0^2)",
+                               "(2^3^2)",
+                               "(x/0)",
+                               "(0/0)",
+                               "(x/x)",
+                               "(-1/0)",
+                               "13!",
+                               "((-3)!)",
+                               "5.7!",
+                               "log(8)",
+                               "tan(pi/2)",
+                               "(e^1000-e^1000)",
+                               "(10^400)",
+                               "(x-x)",
+                               "(-x^2)",
+                               "(x^0.5)",
+                               "(x^(1+1))",
+                               "(2^(x-x))",
+                               "((-x)^(2*3))",
+                               "(0*x/0)"};
+
+}  // namespace
+
+std::string FormulaGenerator::next(bool withY) {
+    withY_ = withY;
+    std::string text;
+    do {
+        text = expression(1 + static_cast<int>(pick(4)));
+    } while (text.size() > 99);
+    if (chance(4)) {
+        text.erase(pick(text.size()), 1);
+    }
+    if (chance(10)) {
+        for (std::size_t n = 1 + pick(3); n > 0; --n) {
+            text.insert(pick(text.size() + 1), 1, ' ');
+        }
+    }
+    return text;
+}
+
+std::string FormulaGenerator::expression(int depth) {
+    std::string text = chance(20) ? "-" : "";
+    text += term(depth);
+    for (std::size_t n = pick(depth + 2); n > 0; --n) {
+        text += chance(50) ? "+" : "-";
+        text += term(depth);
+    }
+    return text;
+}
+
+std::string FormulaGenerator::term(int depth) {
+    std::string text = powerChain(depth);
+    for (std::size_t n = pick(3); n > 0; --n) {
+        text += chance(50) ? "*" : "/";
+        text += powerChain(depth);
+    }
+    return text;
+}
+
+std::string FormulaGenerator::powerChain(int depth) {
+    std::string text = atom(depth);
+    if (chance(25)) {
+        for (std::size_t n = 1 + pick(2); n > 0; --n) {
+            text += "^";
+            text += atom(depth - 1);
+        }
+    }
+    if (chance(8)) {
+        text += chance(80) ? "!" : "!!";
+    }
+    return text;
+}
+
+std::string FormulaGenerator::atom(int depth) {
+    const std::size_t choice = depth <= 0 ? 0 : pick(100);
+    if (choice < 55) {
+        return leaf();
+    }
+    if (choice < 77) {
+        return kFunctions[pick(kFunctions.size())] + expression(depth - 1) + ")";
+    }
+    if (choice < 93) {
+        return "(" + expression(depth - 1) + ")";
+    }
+    return kSpecials[pick(kSpecials.size())];
+}
+
+std::string FormulaGenerator::leaf() {
+    const std::size_t choice = pick(100);
+    if (choice < 40) {
+        return number();
+    }
+    if (choice < 70) {
+        return "x";
+    }
+    if (choice < 85 && withY_) {
+        return "y";
+    }
+    return choice < 93 ? "pi" : "e";
+}
+
+std::string FormulaGenerator::number() {
+    if (chance(60)) {
+        return kNumbers[pick(kNumbers.size())];
+    }
+    std::string digits = std::to_string(pick(1000));
+    if (chance(50)) {
+        digits += "." + std::to_string(pick(100000));
+    }
+    return digits;
+}
+
+}  // namespace curvemill::reference
