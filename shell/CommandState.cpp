@@ -1,0 +1,70 @@
+#include "shell/CommandState.h"
+
+namespace curvemill {
+
+bool commandAvailable(int id, const ShellState& state) {
+    const bool graph = state.kind != GraphKind::TitlePage;
+    const bool plane = state.kind == GraphKind::Function2D || state.kind == GraphKind::Equation;
+    const bool function2D = state.kind == GraphKind::Function2D;
+    const bool surface = state.kind == GraphKind::Surface3D;
+    switch (id) {
+        case 40051:  // a second function goes beside a first one
+        case 40012:  // the math tools work on the function on screen
+        case 40033:
+            return function2D;
+        case 40054:
+            return function2D && state.hasSecondFunction;
+        case 40029:
+            return function2D && state.hasIntegral;
+        case 40031:
+            return function2D && state.hasDerivative;
+        case 40093:
+            return state.historyWired && state.historyChanged;
+        case 40022:
+        case 40023:
+        case 40021:
+            return state.historyWired;
+        case 40110:
+        case 40111:
+        case 40030:  // saving, printing and copying need a picture
+        case 40018:
+        case 40052:
+            return graph;
+        case 40049:  // zoom, stretch, grid and mouse modes act on a flat view
+        case 40050:
+        case 40003:
+        case 40004:
+        case 40005:
+        case 40006:
+        case 40007:
+        case 40008:
+        case 40126:
+        case 40010:
+        case 40133:
+        case 40063:
+        case 40064:
+            return plane;
+        case 40114:  // rotation only turns a surface
+        case 40101:
+        case 40102:
+            return surface;
+        default:
+            return true;
+    }
+}
+
+bool commandEnabled(const CommandSpec& spec, const ShellState& state) {
+    return spec.handler != nullptr && commandAvailable(spec.id, state);
+}
+
+CommandLook commandLook(const CommandSpec& spec, const ShellState& state) {
+    if (spec.id == cmd::kSecondFunction && state.hasSecondFunction) {
+        return {"Erase Another Function", "ERASE SECOND FUNCTION"};
+    }
+    if (spec.id == cmd::kDrawGrid && state.gridOn) {
+        return {spec.text, "ERASE GRID"};
+    }
+    return {spec.text, spec.tooltip};
+}
+
+}  // namespace curvemill

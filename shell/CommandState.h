@@ -1,0 +1,37 @@
+// Which commands are available and how they read, from the state of the main window: one place.
+#pragma once
+
+#include <string_view>
+
+#include "shell/CommandTable.h"
+#include "shell/GraphKind.h"
+
+namespace curvemill {
+
+// What the enabling depends on.
+struct ShellState {
+    GraphKind kind = GraphKind::TitlePage;
+    bool hasSecondFunction = false;
+    bool hasDerivative = false;
+    bool hasIntegral = false;
+    bool gridOn = false;
+    // A history implementation is wired in; without it its commands have nothing to act on.
+    bool historyWired = false;
+    bool historyChanged = false;
+};
+
+// The rule of a command in this state, whether or not its work is built yet.
+bool commandAvailable(int id, const ShellState& state);
+
+// Available and built: what the menu and toolbar show enabled.
+bool commandEnabled(const CommandSpec& spec, const ShellState& state);
+
+struct CommandLook {
+    std::string_view text;
+    std::string_view tooltip;
+};
+
+// Text and tooltip in this state (the second function and grid entries change their words).
+CommandLook commandLook(const CommandSpec& spec, const ShellState& state);
+
+}  // namespace curvemill

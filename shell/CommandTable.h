@@ -1,0 +1,64 @@
+// The one table of the main window's commands: menus, accelerators and toolbar buttons.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "shell/CommandTarget.h"
+
+namespace curvemill {
+
+// Command identifiers used by code outside the table.
+namespace cmd {
+inline constexpr int kTwoDGraph = 40009;
+inline constexpr int kSecondFunction = 40051;
+inline constexpr int kSwitchFunctions = 40054;
+inline constexpr int kSaveNewEntries = 40093;
+inline constexpr int kReturnToTitle = 40110;
+inline constexpr int kReturnToTitleButton = 40111;
+inline constexpr int kExit = 40032;
+inline constexpr int kDrawGrid = 40010;
+inline constexpr int kEraseIntegral = 40029;
+inline constexpr int kEraseDerivative = 40031;
+inline constexpr int kCalculator = 40140;
+inline constexpr int kMouseMove = 40063;
+inline constexpr int kMouseSelect = 40064;
+inline constexpr int kDemoFailure = 1033;
+inline constexpr int kFind = 40022;
+inline constexpr int kFindNext = 40023;
+inline constexpr int kDeleteItem = 40021;
+}  // namespace cmd
+
+// Where a command appears.
+enum class CommandPlace {
+    Menu,            // in `menu`, on the toolbar too when it has a tooltip
+    ToolbarOnly,     // a toolbar button without a menu entry
+    AcceleratorOnly  // a key without a menu entry or button
+};
+
+struct CommandSpec {
+    int id;
+    CommandPlace place;
+    // Menu path: "File", "Zoom/Zoom In"; empty for a top-level entry or a command without menu.
+    std::string_view menu;
+    // Menu text as it stands ("Copy\tCtrl+C" keeps its key hint); for toolbar-only commands the
+    // name the button is known by.
+    std::string_view text;
+    // Key sequence in portable text ("Ctrl+C", "Del", "F3"), empty for none.
+    std::string_view key;
+    // Toolbar tooltip; a command with one has a toolbar button.
+    std::string_view tooltip;
+    // The work; null while it belongs to a part of the program not built yet (shown disabled).
+    void (CommandTarget::*handler)();
+};
+
+// Every command in menu order, then the toolbar-only and accelerator-only ones.
+std::span<const CommandSpec> commandTable();
+
+// The row of `id`, or null.
+const CommandSpec* findCommand(int id);
+
+// Menu text without its key hint ("Copy\tCtrl+C" gives "Copy").
+std::string_view menuLabel(const CommandSpec& spec);
+
+}  // namespace curvemill

@@ -1,0 +1,21 @@
+#include "shell/FailureReporter.h"
+
+#include "shell/FailureMessage.h"
+
+namespace curvemill {
+
+void RestartingFailureReporter::reportFailure(ProcedureName name, FailureCode code) {
+    if (reporting_) {
+        platform_.exitProcess(0);
+        return;
+    }
+    reporting_ = true;
+    const std::string text = failureMessage(name, code);
+    platform_.hideWindows();
+    platform_.showErrorMessage(text);
+    platform_.startDetached(platform_.executablePath());
+    platform_.exitProcess(0);
+    reporting_ = false;
+}
+
+}  // namespace curvemill

@@ -1,0 +1,45 @@
+// What the shell and the graph dialogs need from the history of entries; the history implements it.
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace curvemill {
+
+// One accepted entry as typed; a 2D function has "$" for both Y range texts and section 'y'.
+struct TypedEntry {
+    std::string formula;
+    std::string xBegin;
+    std::string xEnd;
+    std::string yBegin = "$";
+    std::string yEnd = "$";
+    char section = 'y';
+};
+
+class HistoryPort {
+  public:
+    virtual ~HistoryPort() = default;
+    // At start-up, after the title page is shown: the "Loading" dialog, the entries file, and the
+    // question when no file is found.
+    virtual void loadAtStartup() = 0;
+    // At exit: may ask whether to save; returns whether the main window may close.
+    virtual bool saveOnExit() = 0;
+    // "Save New Entries": writes without asking and clears the changed state.
+    virtual void saveNow() = 0;
+    // New entries not yet written to the file.
+    virtual bool hasUnsavedEntries() const = 0;
+    // Called whenever hasUnsavedEntries may have changed, so the menu can follow.
+    virtual void setChangedCallback(std::function<void()> callback) = 0;
+    virtual void recordEntry(const TypedEntry& entry) = 0;
+    // "History" in a graph dialog: the "Previous Entries" list of the dialog's kind; a picked
+    // entry is handed to `select`, which fills the dialog's boxes.
+    virtual void showPreviousEntries(std::function<void(const TypedEntry&)> select) = 0;
+    // "History 1": the "List of Functions" window.
+    virtual void showListOfFunctions() = 0;
+    // Before a failure report: every history window out of sight.
+    virtual void hideWindows() = 0;
+    // The history list's keys (Find, Find Next, Delete Item) pressed in the main window.
+    virtual void runListCommand(int commandId) = 0;
+};
+
+}  // namespace curvemill

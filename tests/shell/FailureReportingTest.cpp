@@ -1,0 +1,154 @@
+#include <fenv.h>
+
+#include <csignal>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "shell/FailureGuard.h"
+#include "shell/FailureMessage.h"
+
+namespace curvemill {
+namespace {
+
+const std::string kTail =
+    "THE APPLICATION WILL RETURN TO TITLE PAGE.\nPLEASE REPORT THE ERROR TO THE AUTHORS "
+    "AT\n<support@curvemill.org>";
+
+TEST(FailureMessage, EachFormReadsLetterForLetter) {
+    static const char kLookalikeTest[] = "TEST";  // same text, different constant
+    struct Row {
+        ProcedureName name;
+        FailureCode code;
+        std::string expected;
+    };
+    const std::vector<Row> rows{
+        {kProcTwoDGraphDialog, kCodeInvalidFloat,
+         "AN ERROR OCCURED IN <Two D Graph Dialog Procedure> FUNCTION.\nIT IS DUE TO <Invalid "
+         "Float Operation>\n" +
+             kTail},
+        {kProcMainWindow, kCodeFloatUnderflow,
+         "AN ERROR OCCURED IN <Main Window Procedure> FUNCTION.\nIT IS DUE TO <Float "
+         "Underflow>\n" +
+             kTail},
+        {kProcWinMain, kCodeAccessViolation,
+         "AN ERROR OCCURED IN <WinMain> FUNCTION.\nIT IS DUE TO <>\n" + kTail},
+        {kProcLogBaseDialog, 0,
+         "AN ERROR OCCURED IN <Log Base Dialog Procedure> FUNCTION.\n" + kTail},
+        {kProcTest, kCodeInvalidFloat,
+         "THIS IS A DEMO OF EXCEPTION HANDLING\nTHE APPLICATION WILL RETURN TO TITLE PAGE"},
+        {kLookalikeTest, 0, "AN ERROR OCCURED IN <TEST> FUNCTION.\n" + kTail},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.expected);
+        EXPECT_EQ(failureMessage(row.name, row.code), row.expected);
+    }
+}
+
+// Raises the fault for real inside a guard and returns what the guard caught.
+template <class Body>
+std::optional<Failure> caught(Body body) {
+    return catchFailure(kProcTwoDGraphDialog, body);
+}
+
+class FaultTranslationTest : public ::testing::Test {
+  protected:
+    static void SetUpTestSuite() { installFaultTranslation(); }
+};
+
+TEST_F(FaultTranslationTest, RealFaultsAndThrowsReachTheGuardWithTheirCodes) {
+    struct Row {
+        const char* what;
+        std::function<void()> body;
+        FailureCode code;
+    };
+    const std::vector<Row> rows{
+        {"invalid operation",
+         [] {
+             feenableexcept(FE_INVALID);
+             volatile double zero = 0.0;
+             volatile double result = zero / zero;
+             (void)result;
+         },
+         kCodeInvalidFloat},
+        {"underflow",
+         [] {
+             feenableexcept(FE_UNDERFLOW);
+             volatile double tiny = 1e-300;
+             volatile double result = tiny * tiny;
+             (void)result;
+         },
+         kCodeFloatUnderflow},
+        {"access violation",
+         [] {
+             volatile int* volatile nowhere = nullptr;
+             *nowhere = 1;
+         },
+         kCodeAccessViolation},
+        {"illegal instruction", [] { std::raise(SIGILL); }, kCodeIllegalInstruction},
+        {"thrown code", [] { throw Fault{kCodeFloatUnderflow}; }, kCodeFloatUnderflow},
+        {"thrown exception", [] { throw std::runtime_error("x"); }, 0},
+        {"thrown int", [] { throw 7; }, 0},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        const std::optional<Failure> failure = caught(row.body);
+        ASSERT_TRUE(failure.has_value());
+        EXPECT_EQ(failure->name, kProcTwoDGraphDialog);
+        EXPECT_EQ(failure->code, row.code);
+        EXPECT_EQ(innermostGuard(), nullptr);
+        // Traps must be off again, or the next ordinary NaN would end the program.
+        EXPECT_EQ(fegetexcept(), 0);
+    }
+}
+
+TEST_F(FaultTranslationTest, InnermostGuardCatchesAndOuterGoesOn) {
+    bool outerWentOn = false;
+    std::optional<Failure> inner;
+    const std::optional<Failure> outer = catchFailure(kProcMainWindow, [&] {
+        inner = catchFailure(kProcMathDialog, [] { std::raise(SIGSEGV); });
+        outerWentOn = true;
+    });
+    EXPECT_FALSE(outer.has_value());
+    ASSERT_TRUE(inner.has_value());
+    EXPECT_EQ(inner->name, kProcMathDialog);
+    EXPECT_TRUE(outerWentOn);
+}
+
+TEST_F(FaultTranslationTest, MaskedArithmeticNeverTraps) {
+    double result = 0.0;
+    const std::optional<Failure> failure = caught([&] {
+        volatile double zero = 0.0;
+        volatile double big = 1e308;
+        result = (big * big - big * big) + zero / zero + 1e-300 * 1e-300;
+    });
+    EXPECT_FALSE(failure.has_value());
+    EXPECT_TRUE(result != result);  // NaN
+}
+
+class RecordingPlatform : public FailurePlatform {
+  public:
+    void hideWindows() override { steps.push_back("hide"); }
+    void showErrorMessage(const std::string& text) override { steps.push_back("box:" + text); }
+    std::string executablePath() override { return "/opt/curvemill/curvemill"; }
+    void startDetached(const std::string& program) override { steps.push_back("start:" + program); }
+    void exitProcess(int code) override { steps.push_back("exit:" + std::to_string(code)); }
+    std::vector<std::string> steps;
+};
+
+TEST(RestartingFailureReporter, HidesTellsRestartsAndExitsInThatOrder) {
+    installFaultTranslation();
+    RecordingPlatform platform;
+    RestartingFailureReporter reporter(platform);
+    EXPECT_FALSE(runGuarded(kProcTest, reporter, [] { throw 1; }));
+    const std::vector<std::string> expected{
+        "hide",
+        "box:THIS IS A DEMO OF EXCEPTION HANDLING\nTHE APPLICATION WILL RETURN TO TITLE PAGE",
+        "start:/opt/curvemill/curvemill", "exit:0"};
+    EXPECT_EQ(platform.steps, expected);
+}
+
+}  // namespace
+}  // namespace curvemill
