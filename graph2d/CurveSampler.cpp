@@ -1,0 +1,229 @@
+#include "graph2d/CurveSampler.h"
+
+#include <cmath>
+
+#include "engine/Formula.h"
+#include "graph2d/EdgeSearch.h"
+#include "graph2d/EvenSampler.h"
+#include "graph2d/PointStore.h"
+#include "graph2d/SampledFunction.h"
+#include "graph2d/TurningPointRefiner.h"
+
+namespace curvemill {
+
+namespace {
+
+constexpr double kJump = 5000.0;
+constexpr double kHuge = 1e100;
+constexpr double kPeakMargin = 1e-8;
+
+// One sampling run over [xBegin, xEnd]; it writes into its own records so that a stopped run
+// leaves the curve on screen untouched.
+class SamplingRun {
+  public:
+    SamplingRun(const TwoDGraph& graph, Formula& formula, const SamplingControl& control)
+        : formula_(formula),
+          control_(control),
+          f_(formula, graph.computingSecond ? kSecondFunctionSlot : kFunctionSlot),
+          xBegin_(graph.xBegin),
+          xEnd_(graph.xEnd),
+          n_(graph.pointsPerRun > 0 ? graph.pointsPerRun : 1),
+          drawStep_(graph.drawStep > 0 ? graph.drawStep : 1),
+          yLimit_((graph.xEnd - graph.xBegin) * graph.maxYRatio),
+          // Each pass stores at most two records (a refined pair, or an edge and a point); the
+          // loop may make a pass or two more than N, and the final record comes after it.
+          store_(2 * static_cast<std::size_t>(n_) + 8),
+          progress_(control, graph.xBegin, graph.xEnd) {}
+
+    bool run();
+    PointStore& store() { return store_; }
+    const YExtent& extent() const { return extent_; }
+
+  private:
+    void sampleIndefinite(double x);
+    void storeEdgeBefore(double x, double y);
+    void refineTurn(double x, double dx, bool risingNow);
+    void storeRegular(double x, double y, long pass);
+
+    Formula& formula_;
+    const SamplingControl& control_;
+    CurveFunction f_;
+    double xBegin_;
+    double xEnd_;
+    int n_;
+    int drawStep_;
+    // Edge searches stop once the curve is this far from the axis: it leaves the view anyway.
+    double yLimit_;
+    PointStore store_;
+    ProgressTracker progress_;
+    YExtent extent_;
+};
+
+bool SamplingRun::run() {
+    const double dx = static_cast<double>((static_cast<long double>(xEnd_) - xBegin_) /
+                                          static_cast<long double>(n_));
+    if (!(xEnd_ - dx < xEnd_)) {
+        return sampleEvenly(f_, xBegin_, xEnd_, n_, store_, extent_, progress_, control_, formula_);
+    }
+    double previousY = -1e10;
+    bool rising = true;
+    int turns = 0;
+    long pass = 0;
+    for (double x = xBegin_; x <= xEnd_; x += dx, ++pass) {
+        progress_.report(x);
+        if (stopRequested(control_, formula_)) {
+            return false;
+        }
+        const FunctionValue v = f_(x);
+        if (v.indefinite) {
+            sampleIndefinite(x);
+            continue;
+        }
+        const double y = v.value;
+        if (!store_.empty() && store_.back().isIndefinite) {
+            storeEdgeBefore(x, y);
+        }
+        const bool risingNow = y == previousY ? rising : y >= previousY;
+        previousY = y;
+        extent_.take(y);
+
+        const PlotPoint* twoBack = store_.fromEnd(2);
+        if (risingNow == rising || x - 2 * dx < xBegin_ || !twoBack || twoBack->isIndefinite) {
+            turns = 0;
+            storeRegular(x, y, pass);
+        } else if (++turns != 2) {
+            refineTurn(x, dx, risingNow);
+        }
+        rising = risingNow;
+    }
+    const FunctionValue last = f_(xEnd_);
+    store_.push(xEnd_, last.value, last.indefinite);
+    extent_.take(last);
+    return true;
+}
+
+void SamplingRun::sampleIndefinite(double x) {
+    if (!store_.empty() && !store_.back().isIndefinite) {
+        const PlotPoint& lastDefined = store_.back();
+        const EdgePoint edge = findEdge(f_, {lastDefined.x, lastDefined.y}, x, yLimit_, extent_);
+        if (edge.x != lastDefined.x) {
+            store_.push(edge.x, edge.y, false);
+        }
+    }
+    store_.push(x, 0.0, true);
+}
+
+void SamplingRun::storeEdgeBefore(double x, double y) {
+    const double indefiniteX = store_.back().x;
+    const EdgePoint edge = findEdge(f_, {x, y}, indefiniteX, yLimit_, extent_);
+    if (edge.x != x) {
+        store_.push(edge.x, edge.y, false);
+    }
+}
+
+void SamplingRun::refineTurn(double x, double dx, bool risingNow) {
+    const double a = store_.count() >= 3 ? store_.fromEnd(2)->x : x - 2 * dx;
+    const double b = x;
+    // Falling after rising means a maximum lies behind x.
+    const Extreme kind = risingNow ? Extreme::kMinimum : Extreme::kMaximum;
+    const double x1 = refineTurningPoint(f_, a, b, kind, Side::kLeft, extent_);
+    const double x2 = refineTurningPoint(f_, a, b, kind, Side::kRight, extent_);
+    const FunctionValue v1 = f_(x1);
+    const FunctionValue v2 = f_(x2);
+    extent_.take(v1);
+    extent_.take(v2);
+
+    const PlotPoint* before = store_.fromEnd(2);
+    const bool beforeDefined = before && !before->isIndefinite;
+    const bool threeBackIndefinite = store_.fromEnd(3) && store_.fromEnd(3)->isIndefinite;
+    const double beforeY = beforeDefined ? before->y : 0.0;
+
+    PlotPoint& first = store_.back();
+    first = PlotPoint{};
+    first.x = x1;
+    first.y = v1.value;
+    first.isIndefinite = v1.indefinite ? 1 : 0;
+    PlotPoint* second = store_.push(x2, v2.value, v2.indefinite);
+    if (second && !v1.indefinite && !v2.indefinite) {
+        const bool bothHuge = std::fabs(v1.value) > kHuge && std::fabs(v2.value) > kHuge;
+        if (std::fabs(v2.value - v1.value) <= kJump && !bothHuge) {
+            std::uint8_t peak = kOrdinaryPoint;
+            if (beforeDefined && v1.value > beforeY + kPeakMargin) {
+                peak = kRefinedMaximum;
+            } else if (beforeDefined && v1.value < beforeY - kPeakMargin) {
+                peak = kRefinedMinimum;
+            }
+            first.peakKind = peak;
+            second->peakKind = peak;
+        } else if (!threeBackIndefinite) {
+            first.isBreak = 1;
+            second->isBreak = 1;
+            first.isVertex = 1;
+        }
+    }
+    const double x3 = x2 + (x1 - a);
+    const FunctionValue v3 = f_(x3);
+    store_.push(x3, v3.value, v3.indefinite);
+    extent_.take(v3);
+}
+
+void SamplingRun::storeRegular(double x, double y, long pass) {
+    if (!store_.empty() && x < store_.back().x && !store_.back().isIndefinite) {
+        return;
+    }
+    PlotPoint* p = store_.push(x, y, false);
+    if (p && pass % drawStep_ != 0) {
+        p->isVertex = 0;
+    }
+}
+
+}  // namespace
+
+DefinedSpan findDefinedSpan(const Curve& curve, double xBegin, double xEnd) {
+    const PlotPoint* p = curve.points.data();
+    const int count = curve.points.empty() ? 0 : curve.pointCount;
+    const auto flagged = [p](int i) { return p[i].isIndefinite || p[i].isBreak; };
+    int i = 0;
+    while (i < count && !flagged(i)) {
+        ++i;
+    }
+    if (i == count) {
+        return {xBegin, xEnd};
+    }
+    if (i > 0) {
+        return {xBegin, p[i - 1].x};
+    }
+    int j = 0;
+    while (j < count && flagged(j)) {
+        ++j;
+    }
+    if (j == count) {
+        return {xEnd, xEnd};
+    }
+    int k = j;
+    while (k < count && !flagged(k)) {
+        ++k;
+    }
+    return {p[j].x, k < count ? p[k - 1].x : xEnd};
+}
+
+bool sampleCurve(TwoDGraph& graph, Formula& formula, const SamplingControl& control) {
+    SamplingRun run(graph, formula, control);
+    Curve& curve = graph.computingSecond ? graph.second : graph.main;
+    if (!run.run()) {
+        if (graph.computingSecond) {
+            graph.second.release();
+        }
+        return false;
+    }
+    curve.pointCount = run.store().count();
+    curve.points = run.store().release();
+    curve.yMin = run.extent().yMin;
+    curve.yMax = run.extent().yMax;
+    graph.definedSpan = findDefinedSpan(curve, graph.xBegin, graph.xEnd);
+    graph.markedX = -1.0;
+    graph.dependentName.assign(1, 'y');
+    return true;
+}
+
+}  // namespace curvemill

@@ -1,0 +1,97 @@
+#include "graph2d/GraphView.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "graph2d/GridSteps.h"
+#include "graph2d/ViewYRange.h"
+
+namespace curvemill {
+
+namespace {
+
+// Keeps the pixel arithmetic finite whatever range was asked for.
+constexpr double kMaxGraphHeight = 1e15;
+
+// Recomputes everything that follows from the surface size and the ranges.
+void relayout(GraphView& view) {
+    view.left = view.marginX;
+    view.top = view.marginY;
+    const double visibleW = std::max(1.0, view.visibleWidth());
+    const double visibleH = std::max(1.0, view.visibleHeight());
+    const double xRange = view.xEnd - view.xBegin;
+    view.ppu = visibleW / xRange;
+    if (!std::isfinite(view.ppu) || view.ppu <= 0.0) {
+        view.ppu = 1.0;
+    }
+    const double span = view.yEnd - view.yBegin;
+    double graphHeight = span * view.ppu;
+    if (!std::isfinite(graphHeight) || graphHeight > kMaxGraphHeight) {
+        view.graphHeight = kMaxGraphHeight;
+        view.yBase = view.yBegin;
+    } else if (graphHeight < visibleH) {
+        // A flat graph would hug the top edge: centre it in the plotting area at the same scale.
+        view.graphHeight = visibleH;
+        view.yBase = (view.yBegin + view.yEnd) / 2 - visibleH / (2 * view.ppu);
+    } else {
+        view.graphHeight = graphHeight;
+        view.yBase = view.yBegin;
+    }
+    view.contentWidthAtZoom1 = visibleW;
+    view.contentHeightAtZoom1 = view.graphHeight;
+    view.contentWidth = visibleW * view.xZoom;
+    view.contentHeight = view.graphHeight * view.yZoom;
+}
+
+}  // namespace
+
+void setViewSize(GraphView& view, double width, double height) {
+    view.width = width;
+    view.height = height;
+    relayout(view);
+    clampScroll(view);
+}
+
+void setViewRanges(GraphView& view, double xBegin, double xEnd, double yBegin, double yEnd) {
+    view.xBegin = xBegin;
+    view.xEnd = xEnd;
+    view.yBegin = yBegin;
+    view.yEnd = yEnd;
+    relayout(view);
+    clampScroll(view);
+}
+
+void resetView(GraphView& view, const TwoDGraph& graph) {
+    const YRange range = viewYRange(graph);
+    view.xZoom = 1.0;
+    view.yZoom = 1.0;
+    view.scrollX = 0.0;
+    view.scrollY = 0.0;
+    setViewRanges(view, graph.xBegin, graph.xEnd, range.begin, range.end);
+    resetGridSteps(view);
+}
+
+void fitGraphHeight(GraphView& view) {
+    const double visibleH = std::max(1.0, view.visibleHeight());
+    if (view.graphHeight * view.yZoom <= visibleH) {
+        return;
+    }
+    view.yZoom = visibleH / view.graphHeight;
+    view.scrollY = 0.0;
+    view.contentHeight = view.graphHeight * view.yZoom;
+    resetGridSteps(view);
+}
+
+void clampScroll(GraphView& view) {
+    const auto clampOne = [](double offset, double content, double visible) {
+        const double most = std::max(0.0, content - visible);
+        if (!(offset > 0.0)) {
+            return 0.0;
+        }
+        return std::min(offset, most);
+    };
+    view.scrollX = clampOne(view.scrollX, view.contentWidth, view.visibleWidth());
+    view.scrollY = clampOne(view.scrollY, view.contentHeight, view.visibleHeight());
+}
+
+}  // namespace curvemill

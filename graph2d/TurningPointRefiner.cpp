@@ -1,0 +1,63 @@
+#include "graph2d/TurningPointRefiner.h"
+
+#include <algorithm>
+#include <array>
+
+namespace curvemill {
+
+namespace {
+
+constexpr int kSubSteps = 50;
+constexpr int kMaxPasses = 11;
+
+// One pass: false when the bracket cannot be narrowed.
+bool narrow(const CurveFunction& f, double& a, double& b, Extreme kind, Side side,
+            YExtent& extent) {
+    const double h = (b - a) / kSubSteps;
+    if (a + h == a) {
+        return false;
+    }
+    std::array<double, kSubSteps + 1> xs{};
+    std::array<double, kSubSteps + 1> ys{};
+    for (int i = 0; i <= kSubSteps; ++i) {
+        xs[i] = i == kSubSteps ? b : a + i * h;
+        const FunctionValue v = f(xs[i]);
+        if (v.indefinite) {
+            return false;
+        }
+        ys[i] = v.value;
+        extent.take(v.value);
+    }
+    // On a flat top the first extreme sample is taken from the left, the last from the right, so
+    // that the two refinements end on either side of the turning point.
+    int m = 0;
+    for (int i = 1; i <= kSubSteps; ++i) {
+        const bool better = kind == Extreme::kMaximum ? ys[i] > ys[m] : ys[i] < ys[m];
+        const bool tie = ys[i] == ys[m] && side == Side::kRight;
+        if (better || tie) {
+            m = i;
+        }
+    }
+    const double newA = xs[std::max(m - 1, 0)];
+    const double newB = xs[std::min(m + 1, kSubSteps)];
+    if (newA == a && newB == b) {
+        return false;
+    }
+    a = newA;
+    b = newB;
+    return true;
+}
+
+}  // namespace
+
+double refineTurningPoint(const CurveFunction& f, double a, double b, Extreme kind, Side side,
+                          YExtent& extent) {
+    for (int pass = 0; pass < kMaxPasses; ++pass) {
+        if (!narrow(f, a, b, kind, side, extent)) {
+            break;
+        }
+    }
+    return side == Side::kLeft ? a : b;
+}
+
+}  // namespace curvemill

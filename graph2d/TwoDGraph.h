@@ -1,0 +1,54 @@
+// The program-wide state of the 2D graph: its curves and the settings they were sampled with.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "graph2d/Curve.h"
+
+namespace curvemill {
+
+// The first stretch [begin, end] of the main curve with no indefinite point and no break.
+struct DefinedSpan {
+    double begin = 0.0;
+    double end = 0.0;
+};
+
+struct TwoDGraph {
+    Curve main;
+    Curve second;
+    Curve derivative;
+    Curve integral;
+
+    // The sampled interval; xBegin < xEnd is guaranteed by the dialog.
+    double xBegin = -10.0;
+    double xEnd = 10.0;
+    // Regular samples per run, a multiple of 10000 from 10000 to 400000.
+    std::int32_t pointsPerRun = 100000;
+    // Caps the view's height at this many times its width.
+    std::int32_t maxYRatio = 10;
+    // 10 while "Optimize Drawing" is on, 1 while it is off.
+    std::int32_t drawStep = 10;
+    DefinedSpan definedSpan;
+    // Which curve sampleCurve fills.
+    bool computingSecond = false;
+
+    // Typed formula texts, shown in the title.
+    std::string mainFormulaText;
+    std::string secondFormulaText;
+    // Name of the dependent variable in titles and read-outs; y labels are hidden while it is "n".
+    std::string dependentName = "y";
+    // x marked by the coordinate read-out; -1.0 when nothing is marked.
+    double markedX = -1.0;
+
+    // The painted area: indices into main.points, and the text of its value for the title.
+    std::int32_t areaFirst = 0;
+    std::int32_t areaLast = -1;
+    std::string areaText;
+
+    bool hasSecond() const { return second.exists(); }
+    bool hasDerivative() const { return derivative.exists(); }
+    bool hasIntegral() const { return integral.exists(); }
+};
+
+}  // namespace curvemill

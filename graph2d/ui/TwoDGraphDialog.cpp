@@ -1,0 +1,397 @@
+#include "graph2d/ui/TwoDGraphDialog.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "engine/Formula.h"
+#include "engine/FormulaCheck.h"
+#include "engine/NumberEntry.h"
+#include "engine/Preparation.h"
+#include "engine/ui/LogBaseDialog.h"
+#include "graph2d/CurveSampler.h"
+#include "graph2d/GraphView.h"
+#include "graph2d/TwoDGraph.h"
+#include "graph2d/ui/TwoDGraphPointsSpin.h"
+#include "shell/FailureGuard.h"
+
+namespace curvemill {
+
+namespace {
+
+constexpr int kEditLength = 70;
+constexpr int kPointsUnit = 10000;
+
+QString idName(int id) { return QString::number(id); }
+
+}  // namespace
+
+TwoDGraphDialog::TwoDGraphDialog(TwoDGraphRole role, Formula& formula, TwoDGraph& graph,
+                                 GraphView& view, FailureReporter& reporter, QWidget* parent)
+    : QDialog(parent),
+      role_(role),
+      formula_(formula),
+      graph_(graph),
+      view_(view),
+      reporter_(reporter) {
+    setWindowTitle(role == TwoDGraphRole::Main ? QStringLiteral("Function")
+                                               : QStringLiteral("Second Function"));
+    buildControls();
+    setHistoryHooks({});
+    setRunning(false);
+}
+
+TwoDGraphDialog::~TwoDGraphDialog() {
+    if (worker_.joinable()) {
+        stopRequested_ = true;
+        formula_.keepComputing = false;
+        worker_.join();
+        formula_.keepComputing = true;
+    }
+}
+
+void TwoDGraphDialog::buildControls() {
+    auto makeEdit = [this](int id, const QString& text) {
+        auto* edit = new QLineEdit(text, this);
+        edit->setObjectName(idName(id));
+        edit->setMaxLength(kEditLength);
+        return edit;
+    };
+    xBeginEdit_ = makeEdit(twod_ids::kXBegin, QStringLiteral("-10"));
+    xEndEdit_ = makeEdit(twod_ids::kXEnd, QStringLiteral("10"));
+    formulaEdit_ = makeEdit(twod_ids::kFormula, QString());
+    formulaEdit_->setMinimumWidth(360);
+    QFont mono(QStringLiteral("Courier New"));
+    mono.setStyleHint(QFont::Monospace);
+    formulaEdit_->setFont(mono);
+
+    usePrompts_ = new QCheckBox(QStringLiteral("Use Prompts"), this);
+    usePrompts_->setObjectName(idName(twod_ids::kUsePrompts));
+    pointsSpin_ = new TwoDGraphPointsSpin(this);
+    pointsSpin_->setObjectName(idName(twod_ids::kPointsSpin));
+    pointsSpin_->editor()->setObjectName(idName(twod_ids::kPointsEdit));
+    pointsLabel_ = new QLabel(QStringLiteral("100000 Points"), this);
+    pointsLabel_->setObjectName(idName(twod_ids::kPointsLabel));
+    pointsLabel_->setMinimumWidth(pointsLabel_->fontMetrics().horizontalAdvance(
+        QStringLiteral("400000 Points ")));
+    progress_ = new QProgressBar(this);
+    progress_->setObjectName(idName(twod_ids::kProgress));
+    progress_->setRange(0, 100);
+
+    auto makeButton = [this](int id, const QString& text) {
+        auto* button = new QPushButton(text, this);
+        button->setObjectName(idName(id));
+        button->setAutoDefault(false);
+        return button;
+    };
+    okButton_ = makeButton(twod_ids::kOk, QStringLiteral("OK"));
+    okButton_->setDefault(true);
+    stopButton_ = makeButton(twod_ids::kStop, QStringLiteral("Stop"));
+    cancelButton_ = makeButton(twod_ids::kCancel, QStringLiteral("Cancel"));
+    historyButton_ = makeButton(twod_ids::kHistory, QStringLiteral("History"));
+    historyListButton_ = makeButton(twod_ids::kHistoryList, QStringLiteral("History 1"));
+    historyListButton_->hide();
+
+    auto* range = new QHBoxLayout;
+    auto* xBeginLabel = new QLabel(QStringLiteral("X Begin"), this);
+    xBeginLabel->setObjectName(QStringLiteral("1191"));
+    xBeginLabel->setBuddy(xBeginEdit_);
+    auto* xEndLabel = new QLabel(QStringLiteral("X End"), this);
+    xEndLabel->setObjectName(QStringLiteral("1192"));
+    xEndLabel->setBuddy(xEndEdit_);
+    range->addWidget(xBeginLabel);
+    range->addWidget(xBeginEdit_, 1);
+    range->addSpacing(12);
+    range->addWidget(xEndLabel);
+    range->addWidget(xEndEdit_, 1);
+
+    auto* formulaRow = new QHBoxLayout;
+    auto* yLabel = new QLabel(QStringLiteral("Y ="), this);
+    yLabel->setBuddy(formulaEdit_);
+    formulaRow->addWidget(yLabel);
+    formulaRow->addWidget(formulaEdit_, 1);
+
+    auto* pointsRow = new QHBoxLayout;
+    pointsRow->addWidget(usePrompts_);
+    pointsRow->addStretch(1);
+    auto* pointsCaption = new QLabel(QStringLiteral("Points (x 10000)"), this);
+    pointsCaption->setBuddy(pointsSpin_);
+    pointsRow->addWidget(pointsCaption);
+    pointsRow->addWidget(pointsSpin_);
+    pointsRow->addWidget(pointsLabel_);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(historyButton_);
+    buttons->addWidget(historyListButton_);
+    buttons->addStretch(1);
+    buttons->addWidget(okButton_);
+    buttons->addWidget(stopButton_);
+    buttons->addWidget(cancelButton_);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(range);
+    layout->addLayout(formulaRow);
+    layout->addLayout(pointsRow);
+    layout->addWidget(progress_);
+    layout->addLayout(buttons);
+
+    connect(okButton_, &QPushButton::clicked, this, &TwoDGraphDialog::accept);
+    connect(stopButton_, &QPushButton::clicked, this, &TwoDGraphDialog::stop);
+    connect(cancelButton_, &QPushButton::clicked, this, &TwoDGraphDialog::reject);
+    connect(pointsSpin_, &QSpinBox::valueChanged, this, &TwoDGraphDialog::updatePointsLabel);
+    connect(pointsSpin_->editor(), &QLineEdit::textChanged, this,
+            &TwoDGraphDialog::updatePointsLabel);
+    // The boxes' change notifications: a range is evaluated again only after an edit.
+    xBeginBox_.setText(xBeginEdit_->text().toStdString());
+    xEndBox_.setText(xEndEdit_->text().toStdString());
+    connect(xBeginEdit_, &QLineEdit::textChanged, this,
+            [this](const QString& text) { xBeginBox_.setText(text.toStdString()); });
+    connect(xEndEdit_, &QLineEdit::textChanged, this,
+            [this](const QString& text) { xEndBox_.setText(text.toStdString()); });
+    connect(usePrompts_, &QCheckBox::toggled, this, &TwoDGraphDialog::applyPrompts);
+    connect(historyButton_, &QPushButton::clicked, this, [this] {
+        if (hooks_.showPreviousEntries) {
+            hooks_.showPreviousEntries();
+        }
+    });
+    connect(historyListButton_, &QPushButton::clicked, this, [this] {
+        if (hooks_.showListOfFunctions) {
+            hooks_.showListOfFunctions();
+        }
+    });
+}
+
+void TwoDGraphDialog::setHistoryHooks(TwoDGraphHistoryHooks hooks) {
+    hooks_ = std::move(hooks);
+    historyButton_->setEnabled(static_cast<bool>(hooks_.showPreviousEntries) && !isRunning());
+}
+
+void TwoDGraphDialog::setEntry(const QString& formula, const QString& xBegin,
+                               const QString& xEnd) {
+    formulaEdit_->setText(formula);
+    xBeginEdit_->setText(xBegin);
+    xEndEdit_->setText(xEnd);
+}
+
+void TwoDGraphDialog::updatePointsLabel() {
+    pointsLabel_->setText(
+        QStringLiteral("%1 Points").arg(pointsSpin_->correctedValue() * kPointsUnit));
+}
+
+void TwoDGraphDialog::applyPrompts(bool on) {
+    const auto prompt = [on](QLineEdit* edit, const QString& placeholder, const QString& tip) {
+        edit->setPlaceholderText(on ? placeholder : QString());
+        edit->setToolTip(on ? tip : QString());
+    };
+    const QString numberTip = QStringLiteral(
+        "A number or a constant expression, for example -10, pi/2 or 2*pi.\n"
+        "It may use + - * / and the functions sin( cos( tan( atan(, but not x.");
+    prompt(xBeginEdit_, QStringLiteral("start of x, e.g. -10 or -2*pi"),
+           QStringLiteral("Where the graph begins on the x axis.\n") + numberTip);
+    prompt(xEndEdit_, QStringLiteral("end of x, e.g. 10 or 2*pi"),
+           QStringLiteral("Where the graph ends on the x axis; it must be more than X Begin.\n") +
+               numberTip);
+    prompt(formulaEdit_, QStringLiteral("y as a function of x, e.g. sin(x)/x*80"),
+           QStringLiteral(
+               "Type y as a function of x, for example sin(x)/x*80 or e^(-x^2)*3.\n"
+               "Use * for products (2*x, not 2x), / for division and ^ for powers (x^2).\n"
+               "Functions: sin( cos( tan( asin( acos( atan( ln( log( and Sqr( for the square "
+               "root (with a capital S).\n"
+               "Constants: pi and e. ! after a number is its factorial."));
+    pointsSpin_->setToolTip(on ? QStringLiteral(
+                                     "How many points are computed, in units of 10000 (1 to 40).\n"
+                                     "More points draw fine detail; fewer draw faster.")
+                               : QString());
+}
+
+void TwoDGraphDialog::setRunning(bool running) {
+    for (QWidget* input : std::initializer_list<QWidget*>{
+             xBeginEdit_, xEndEdit_, formulaEdit_, usePrompts_, pointsSpin_, okButton_,
+             cancelButton_, historyListButton_}) {
+        input->setEnabled(!running);
+    }
+    historyButton_->setEnabled(!running && static_cast<bool>(hooks_.showPreviousEntries));
+    stopButton_->setEnabled(running);
+    progress_->setVisible(running);
+    if (running) {
+        progress_->setValue(0);
+        stopButton_->setFocus();
+    }
+}
+
+bool TwoDGraphDialog::failEntry(const std::string& message, QLineEdit* box) {
+    QMessageBox::critical(this, QString(), QString::fromStdString(message));
+    if (box != nullptr) {
+        box->setFocus();
+        box->selectAll();
+    }
+    return false;
+}
+
+void TwoDGraphDialog::accept() {
+    if (isRunning()) {
+        return;
+    }
+    const NumberReading xBegin = xBeginBox_.read(formula_);
+    if (!xBegin.ok) {
+        failEntry(xBegin.message, xBeginEdit_);
+        return;
+    }
+    const NumberReading xEnd = xEndBox_.read(formula_);
+    if (!xEnd.ok) {
+        failEntry(xEnd.message, xEndEdit_);
+        return;
+    }
+    if (!(xBegin.value < xEnd.value)) {
+        failEntry(kMsgBeginNotLessThanEnd, xBeginEdit_);
+        return;
+    }
+    std::string typed = formulaEdit_->text().toStdString();
+    if (role_ == TwoDGraphRole::Second) {
+        std::string first = graph_.mainFormulaText;
+        std::string second = typed;
+        removeBlanks(first);
+        removeBlanks(second);
+        if (second == first) {
+            failEntry(kMsgSameFunction, formulaEdit_);
+            return;
+        }
+    }
+    if (typed.find("log") != std::string::npos) {
+        LogBaseDialog(formula_, this).exec();
+    }
+    // A stopped run of the main function must leave the graph on screen as it was.
+    const int slot = role_ == TwoDGraphRole::Main ? kFunctionSlot : kSecondFunctionSlot;
+    previousSlot_ = formula_.slots[slot];
+    formula_.errorText.clear();
+    if (!prepareFormula(formula_, typed, role_ == TwoDGraphRole::Main ? kModeFunction
+                                                                     : kModeSecondFunction,
+                        true)) {
+        if (formula_.errorText.empty()) {
+            formulaEdit_->setFocus();
+            return;
+        }
+        failEntry(composeBoxError("FORMULA", formula_.errorText), formulaEdit_);
+        return;
+    }
+    startRun(typed, xBegin.value, xEnd.value);
+}
+
+void TwoDGraphDialog::startRun(const std::string& typedFormula, double xBegin, double xEnd) {
+    setRunning(true);
+    graph_.drawStep = 10;
+    graph_.maxYRatio = 10;
+    runFormulaText_ = typedFormula;
+    runXBeginText_ = xBeginEdit_->text().toStdString();
+    runXEndText_ = xEndEdit_->text().toStdString();
+    if (hooks_.record) {
+        hooks_.record(runFormulaText_, runXBeginText_, runXEndText_);
+    }
+    if (role_ == TwoDGraphRole::Main) {
+        graph_.derivative.release();
+        graph_.integral.release();
+        graph_.areaLast = -1;
+        view_.areaPainted = false;
+        emit curvesChanged();
+    }
+    previousXBegin_ = graph_.xBegin;
+    previousXEnd_ = graph_.xEnd;
+    graph_.xBegin = xBegin;
+    graph_.xEnd = xEnd;
+    graph_.pointsPerRun = pointsSpin_->correctedValue() * kPointsUnit;
+    graph_.computingSecond = role_ == TwoDGraphRole::Second;
+    formula_.useSecondFunction = role_ == TwoDGraphRole::Second;
+    stopRequested_ = false;
+    formula_.keepComputing = true;
+
+    worker_ = std::thread([this] {
+        int lastPercent = -1;
+        SamplingControl control;
+        control.stopRequested = &stopRequested_;
+        control.progress = [this, &lastPercent](int percent) {
+            if (percent == lastPercent) {
+                return;
+            }
+            lastPercent = percent;
+            QMetaObject::invokeMethod(
+                progress_, [this, percent] { progress_->setValue(percent); },
+                Qt::QueuedConnection);
+        };
+        bool completed = false;
+        const std::optional<Failure> failure = catchFailure(kProcTwoDGraphDialog, [&] {
+            completed = sampleCurve(graph_, formula_, control);
+            // A new main function over a new range takes the second function along with it.
+            if (completed && role_ == TwoDGraphRole::Main && graph_.hasSecond()) {
+                lastPercent = -1;
+                graph_.computingSecond = true;
+                formula_.useSecondFunction = true;
+                sampleCurve(graph_, formula_, control);
+            }
+        });
+        std::optional<FailureCode> code;
+        if (failure) {
+            code = failure->code;
+        }
+        QMetaObject::invokeMethod(
+            this, [this, completed, code] { finishRun(completed, code); },
+            Qt::QueuedConnection);
+    });
+}
+
+void TwoDGraphDialog::finishRun(bool completed, std::optional<FailureCode> failure) {
+    worker_.join();
+    formula_.useSecondFunction = false;
+    graph_.computingSecond = false;
+    formula_.keepComputing = true;
+    if (failure) {
+        reporter_.reportFailure(kProcTwoDGraphDialog, *failure);
+    }
+    setRunning(false);
+    if (!completed) {
+        if (role_ == TwoDGraphRole::Main) {
+            formula_.slots[kFunctionSlot] = previousSlot_;
+            graph_.xBegin = previousXBegin_;
+            graph_.xEnd = previousXEnd_;
+        } else {
+            graph_.secondFormulaText.clear();
+            emit curvesChanged();
+        }
+        emit runFinished(false);
+        return;
+    }
+    if (role_ == TwoDGraphRole::Main) {
+        graph_.mainFormulaText = runFormulaText_;
+        if (!graph_.hasSecond()) {
+            graph_.secondFormulaText.clear();
+        }
+    } else {
+        graph_.secondFormulaText = runFormulaText_;
+    }
+    resetView(view_, graph_);
+    emit runFinished(true);
+    emit graphDrawn();
+    QDialog::accept();
+}
+
+void TwoDGraphDialog::stop() {
+    if (isRunning()) {
+        stopRequested_ = true;
+        formula_.keepComputing = false;
+    }
+}
+
+void TwoDGraphDialog::reject() {
+    if (isRunning()) {
+        stop();
+        return;
+    }
+    QDialog::reject();
+}
+
+}  // namespace curvemill

@@ -1,0 +1,136 @@
+// The "Function" dialog: X range, formula and number of points of a 2D graph, sampled on a worker.
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <optional>
+#include <string>
+#include <thread>
+
+#include <QDialog>
+
+#include "engine/ExpressionSlot.h"
+#include "engine/NumberEntry.h"
+#include "shell/FailureReporter.h"
+#include "shell/ProcedureNames.h"
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QPushButton;
+
+namespace curvemill {
+
+class Formula;
+class TwoDGraphPointsSpin;
+struct GraphView;
+struct TwoDGraph;
+
+// Control identifiers (each widget's objectName).
+namespace twod_ids {
+inline constexpr int kXBegin = 1000;
+inline constexpr int kXEnd = 1002;
+inline constexpr int kFormula = 1003;
+inline constexpr int kUsePrompts = 1049;
+inline constexpr int kPointsEdit = 1025;
+inline constexpr int kPointsSpin = 1027;
+inline constexpr int kPointsLabel = 1031;
+inline constexpr int kProgress = 1012;
+inline constexpr int kOk = 1;
+inline constexpr int kStop = 1014;
+inline constexpr int kCancel = 2;
+inline constexpr int kHistory = 1063;
+inline constexpr int kHistoryList = 1037;
+}  // namespace twod_ids
+
+inline constexpr const char* kMsgBeginNotLessThanEnd = "X_BEG MUST BE LESS THAN X_END";
+inline constexpr const char* kMsgSameFunction = "YOU MUST SELECT A DIFFERENT FUNCTION";
+
+enum class TwoDGraphRole { Main, Second };
+
+// What the dialog hands to the history; a hook left empty is not offered to the user.
+struct TwoDGraphHistoryHooks {
+    // An accepted entry as typed.
+    std::function<void(const std::string& formula, const std::string& xBegin,
+                       const std::string& xEnd)>
+        record;
+    // "History": the previous entries of 2D functions.
+    std::function<void()> showPreviousEntries;
+    // "History 1": the list of functions.
+    std::function<void()> showListOfFunctions;
+};
+
+class TwoDGraphDialog : public QDialog, public FailureScope {
+    Q_OBJECT
+  public:
+    TwoDGraphDialog(TwoDGraphRole role, Formula& formula, TwoDGraph& graph, GraphView& view,
+                    FailureReporter& reporter, QWidget* parent = nullptr);
+    ~TwoDGraphDialog() override;
+
+    ProcedureName procedureName() const override { return kProcTwoDGraphDialog; }
+    void setHistoryHooks(TwoDGraphHistoryHooks hooks);
+    // Fills the boxes, as when an entry is picked from the history.
+    void setEntry(const QString& formula, const QString& xBegin, const QString& xEnd);
+    bool isRunning() const { return worker_.joinable(); }
+
+  public slots:
+    void accept() override;
+    // Escape and the close box: while a run goes on they stop it instead of closing.
+    void reject() override;
+    void stop();
+
+  signals:
+    // The worker has ended; `completed` is false when it was stopped.
+    void runFinished(bool completed);
+    // Curves were added or removed (derivative and integral erased, second function dropped).
+    void curvesChanged();
+    // A run completed and the view was reset to it: the graph is to be drawn.
+    void graphDrawn();
+
+  private:
+    void buildControls();
+    void updatePointsLabel();
+    void applyPrompts(bool on);
+    void setRunning(bool running);
+    bool failEntry(const std::string& message, QLineEdit* box);
+    void startRun(const std::string& typedFormula, double xBegin, double xEnd);
+    void finishRun(bool completed, std::optional<FailureCode> failure);
+
+    TwoDGraphRole role_;
+    Formula& formula_;
+    TwoDGraph& graph_;
+    GraphView& view_;
+    FailureReporter& reporter_;
+    TwoDGraphHistoryHooks hooks_;
+
+    QLineEdit* xBeginEdit_ = nullptr;
+    QLineEdit* xEndEdit_ = nullptr;
+    QLineEdit* formulaEdit_ = nullptr;
+    QCheckBox* usePrompts_ = nullptr;
+    TwoDGraphPointsSpin* pointsSpin_ = nullptr;
+    QLabel* pointsLabel_ = nullptr;
+    QProgressBar* progress_ = nullptr;
+    QPushButton* okButton_ = nullptr;
+    QPushButton* stopButton_ = nullptr;
+    QPushButton* cancelButton_ = nullptr;
+    QPushButton* historyButton_ = nullptr;
+    QPushButton* historyListButton_ = nullptr;
+
+    // The range boxes keep their value between readings while their text is unchanged.
+    NumberBox xBeginBox_{"X_BEG"};
+    NumberBox xEndBox_{"X_END"};
+
+    std::thread worker_;
+    // Set by Stop, polled by the sampler once per regular sample.
+    std::atomic<bool> stopRequested_{false};
+    // What a stopped main run puts back, so the old graph stays whole: its formula slot and range.
+    ExpressionSlot previousSlot_;
+    double previousXBegin_ = 0.0;
+    double previousXEnd_ = 0.0;
+    std::string runFormulaText_;
+    std::string runXBeginText_;
+    std::string runXEndText_;
+};
+
+}  // namespace curvemill
