@@ -3,13 +3,13 @@
 // The results are those of the text-rewriting algorithm, operation for operation; these are the
 // choices made where that algorithm leaves a value open (the value means nothing then, as
 // `indefinite` is set, but it is still written into `values`):
-// - a function outside its domain (asin, acos, ln, log, Sqr) reads as 0; NaN is outside every
-//   domain that has a bound;
+// - a function outside its domain (asin, acos, ln, log, Sqr) is computed all the same (NaN or an
+//   infinity); NaN is outside every domain that has a bound;
 // - the power step's running result starts as the base, so a chain that is indefinite from its
 //   first '^' on yields its base;
-// - 0/0 makes the product 1 and that factor is not multiplied in;
-// - a number becomes a 32-bit integer by truncation, and one outside that range (or NaN) becomes
-//   INT32_MIN, as the processor's conversion does;
+// - 0/0 sets the product to 1 and then multiplies the 0 in like any factor, so the product is 0;
+// - a number becomes a 32-bit integer by truncation toward zero, and one whose truncation is
+//   outside that range (or NaN) becomes INT32_MIN, as the processor's conversion does;
 // - any other character in an operand place (empty or stray brackets of a lenient text) reads as 0.
 // The slot text is never written, so it needs no restoring; savedText is filled once when the plan
 // is built, which is what every evaluation's copy would hold.
@@ -22,11 +22,8 @@ namespace curvemill {
 
 namespace {
 
-constexpr double kInt32Low = -2147483648.0;
-constexpr double kInt32High = 2147483648.0;
-
 std::int32_t truncateToInt32(double v) {
-    if (v >= kInt32Low && v < kInt32High) {
+    if (v > -2147483649.0 && v < 2147483648.0) {
         return static_cast<std::int32_t>(v);
     }
     return INT32_MIN;
@@ -58,9 +55,11 @@ struct Run {
     bool indefinite;
 };
 
-inline double outside(Run& run) {
-    run.indefinite = true;
-    return 0.0;
+inline double checked(bool inside, double value, Run& run) {
+    if (!inside) {
+        run.indefinite = true;
+    }
+    return value;
 }
 
 inline double read(const PlanOperand& op, Run& run) {
@@ -91,15 +90,15 @@ inline double read(const PlanOperand& op, Run& run) {
         case OperandKind::kAtan:
             return std::atan(v);
         case OperandKind::kAsin:
-            return std::fabs(v) <= 1.0 ? std::asin(v) : outside(run);
+            return checked(std::fabs(v) <= 1.0, std::asin(v), run);
         case OperandKind::kAcos:
-            return std::fabs(v) <= 1.0 ? std::acos(v) : outside(run);
+            return checked(std::fabs(v) <= 1.0, std::acos(v), run);
         case OperandKind::kLn:
-            return v > 0.0 ? std::log(v) : outside(run);
+            return checked(v > 0.0, std::log(v), run);
         case OperandKind::kLog:
-            return v > 0.0 ? std::log10(v) * run.logFactor : outside(run);
+            return checked(v > 0.0, std::log10(v) * run.logFactor, run);
         case OperandKind::kSqrt:
-            return v > 0.0 ? std::sqrt(v) : outside(run);
+            return checked(v > 0.0, std::sqrt(v), run);
         default:
             return 0.0;
     }
@@ -123,9 +122,9 @@ double product(const PlanOperand* op, const PlanOperand* end, Run& run) {
                 if (total == 0.0) {
                     run.indefinite = true;
                     total = 1.0;
-                    continue;
+                } else {
+                    factor = 1e10;
                 }
-                factor = 1e10;
             } else {
                 factor = 1.0 / factor;
             }

@@ -21,7 +21,7 @@ enum SlotIndex : int {
 };
 
 class Formula {
-public:
+  public:
     Formula() = default;
     Formula(const Formula&) = delete;
     Formula& operator=(const Formula&) = delete;

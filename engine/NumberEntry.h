@@ -21,7 +21,7 @@ NumberReading readNumberEntry(Formula& formula, std::string_view text, std::stri
 // A number box with its edited flag: the text is checked at every reading, but the value is
 // evaluated again only when the box was edited since it was last taken.
 class NumberBox {
-public:
+  public:
     explicit NumberBox(std::string name) : name_(std::move(name)) {}
     void setText(std::string text);  // the box's change notification: sets the edited flag
     const std::string& text() const { return text_; }
@@ -29,7 +29,7 @@ public:
     bool edited() const { return edited_; }
     NumberReading read(Formula& formula);
 
-private:
+  private:
     std::string name_;
     std::string text_;
     bool edited_ = true;
