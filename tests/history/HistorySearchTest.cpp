@@ -1,0 +1,104 @@
+// Find with its wrap-around question, and locating the input's entry.
+#include "history/HistorySearch.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace curvemill {
+namespace {
+
+HistoryStore sampleStore() {
+    HistoryStore store;
+    // Head first: three 2D entries around one 3D entry, and an equation at the tail.
+    store.addLoadedEntry({"sin(x)", "-1", "1", "$", "$", kSectionY});
+    store.addLoadedEntry({"sin(x)*cos(y)", "-1", "1", "-1", "1", kSectionY});
+    store.addLoadedEntry({"cos(x)", "-1", "1", "$", "$", kSectionY});
+    store.addLoadedEntry({"sin(2*x)", "-1", "1", "$", "$", kSectionY});
+    store.addLoadedEntry({"x*sin(y)", "-1", "1", "-1", "1", kSectionN});
+    return store;
+}
+
+TEST(HistorySearchTest, FindWalksEntriesOfTheShownKindAndWrapsOnRequest) {
+    const HistoryStore store = sampleStore();
+    struct Case {
+        const char* name;
+        std::string text;
+        EntryKind kind;
+        std::size_t start;
+        bool answerWrap;
+        FindStatus status;
+        std::size_t index;
+        int questions;
+    };
+    const Case cases[] = {
+        {"first hit from the head", "sin", EntryKind::TwoD, 0, false, FindStatus::Found, 0, 0},
+        {"hit at the start entry counts", "sin", EntryKind::TwoD, 3, false, FindStatus::Found, 3,
+         0},
+        {"other kinds are passed over", "sin", EntryKind::TwoD, 1, false, FindStatus::Found, 3, 0},
+        {"3D kind", "cos", EntryKind::ThreeD, 0, false, FindStatus::Found, 1, 0},
+        {"equation kind", "sin", EntryKind::Equation, 0, false, FindStatus::Found, 4, 0},
+        {"only above the start: Yes finds it", "cos", EntryKind::TwoD, 3, true, FindStatus::Found,
+         2, 1},
+        {"only above the start: No ends", "cos", EntryKind::TwoD, 3, false, FindStatus::Declined, 0,
+         1},
+        {"case-sensitive", "SIN", EntryKind::TwoD, 0, true, FindStatus::NotFound, 0, 1},
+        {"nowhere", "tan", EntryKind::TwoD, 0, true, FindStatus::NotFound, 0, 1},
+        {"start past the tail", "sin", EntryKind::TwoD, 9, true, FindStatus::Found, 0, 1},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        int questions = 0;
+        const FindResult result = findWithWrap(store, c.text, c.kind, c.start, [&] {
+            ++questions;
+            return c.answerWrap;
+        });
+        EXPECT_EQ(result.status, c.status);
+        if (c.status == FindStatus::Found) {
+            EXPECT_EQ(result.index, c.index);
+        }
+        EXPECT_EQ(questions, c.questions);
+    }
+}
+
+TEST(HistorySearchTest, LocateNeedsAllFiveStringsAndTheKind) {
+    const HistoryStore store = sampleStore();
+    EXPECT_EQ(locateEntry(store, {"cos(x)", "-1", "1", "$", "$"}, EntryKind::TwoD), 2u);
+    EXPECT_EQ(locateEntry(store, {"x*sin(y)", "-1", "1", "-1", "1"}, EntryKind::Equation), 4u);
+    EXPECT_FALSE(locateEntry(store, {"cos(x)", "-1", "2", "$", "$"}, EntryKind::TwoD));
+    EXPECT_FALSE(locateEntry(store, {"x*sin(y)", "-1", "1", "-1", "1"}, EntryKind::ThreeD));
+}
+
+}  // namespace
+}  // namespace curvemill
+
+#include "history/ListLine.h"
+
+namespace curvemill {
+namespace {
+
+TEST(ListLineTest, LineAndItsThreePiecesAroundAHit) {
+    const HistoryEntry entry{"sin(x)/x*80", "-10", "10", "$", "$"};
+    EXPECT_EQ(listLine(entry), "(sin(x)/x*80)  From:-10  To:10");
+    struct Case {
+        std::size_t position, length;
+        const char *before, *hit, *after;
+    };
+    const Case cases[] = {
+        {0, 3, "(", "sin", "(x)/x*80)  From:-10  To:10"},
+        {9, 2, "(sin(x)/x*", "80", ")  From:-10  To:10"},
+        {4, 1, "(sin(", "x", ")/x*80)  From:-10  To:10"},
+        {10, 2, "(sin(x)/x*80)  From:-10  To:10", "", ""},  // runs past the formula
+        {3, 0, "(sin(x)/x*80)  From:-10  To:10", "", ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.position);
+        const ListLinePieces pieces = splitAtHit(entry, c.position, c.length);
+        EXPECT_EQ(pieces.before, c.before);
+        EXPECT_EQ(pieces.hit, c.hit);
+        EXPECT_EQ(pieces.after, c.after);
+    }
+}
+
+}  // namespace
+}  // namespace curvemill

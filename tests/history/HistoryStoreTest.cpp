@@ -1,0 +1,169 @@
+// Adding, grouping, capacity, deleting and moving entries, and the search-string ring.
+#include "history/HistoryStore.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace curvemill {
+namespace {
+
+HistoryEntry twoD(const std::string& formula, int range) {
+    return {formula, std::to_string(-range), std::to_string(range), "$", "$", kSectionY};
+}
+
+std::vector<std::string> formulasAndEnds(const HistoryStore& store) {
+    std::vector<std::string> out;
+    for (const HistoryEntry& e : store.entries()) {
+        out.push_back(e.formula + ":" + e.xEnd);
+    }
+    return out;
+}
+
+TEST(HistoryStoreTest, NewEntriesGroupByFormulaNewestFirst) {
+    HistoryStore store;
+    EXPECT_TRUE(store.addNewEntry(twoD("a", 1)));
+    EXPECT_TRUE(store.addNewEntry(twoD("b", 1)));
+    EXPECT_TRUE(store.addNewEntry(twoD("a", 2)));
+    EXPECT_TRUE(store.addNewEntry(twoD("c", 1)));
+    EXPECT_TRUE(store.addNewEntry(twoD("a", 3)));
+    EXPECT_EQ(formulasAndEnds(store),
+              (std::vector<std::string>{"c:1", "b:1", "a:3", "a:2", "a:1"}));
+    EXPECT_TRUE(store.changed());
+    EXPECT_EQ(store.twoDCount(), 5);
+}
+
+TEST(HistoryStoreTest, EqualEntryChangesNothing) {
+    HistoryStore store;
+    store.addLoadedEntry(twoD("sin(x)", 5));
+    HistoryEntry same = twoD("sin(x)", 5);
+    same.section = kSectionN;  // the section is not one of the five strings
+    EXPECT_FALSE(store.addNewEntry(same));
+    EXPECT_FALSE(store.changed());
+    EXPECT_EQ(store.size(), 1);
+    // Blanks typed in a box are not part of the entry.
+    EXPECT_FALSE(store.addNewEntry({"sin (x)", "-5", " 5", "$", "$", kSectionY}));
+}
+
+TEST(HistoryStoreTest, BlanksAreRemovedFromNewEntries) {
+    HistoryStore store;
+    store.addNewEntry({"x ^ 2", "- 1", "1", "$", "$", kSectionY});
+    EXPECT_EQ(store.entries()[0].formula, "x^2");
+    EXPECT_EQ(store.entries()[0].xBegin, "-1");
+}
+
+TEST(HistoryStoreTest, OverCapacityDropsOldestOfTheSameFormulaNotTheTail) {
+    HistoryStore store;
+    for (int i = 1; i <= HistoryStore::kCapacity; ++i) {
+        store.addLoadedEntry(twoD("f" + std::to_string(i % 50), i));
+    }
+    // The tail is f0:200; the formula f7 appears at 7, 57, 107, 157 in load order.
+    ASSERT_TRUE(store.addNewEntry(twoD("f7", 1000)));
+    ASSERT_EQ(store.size(), HistoryStore::kCapacity);
+    EXPECT_EQ(store.entries().back().xEnd, "200");
+    EXPECT_EQ(store.entries()[6].xEnd, "1000");
+    // The run after the new entry held only f7:7, so that one went; the later f7 entries stay.
+    std::vector<std::string> f7;
+    for (const HistoryEntry& e : store.entries()) {
+        if (e.formula == "f7") {
+            f7.push_back(e.xEnd);
+        }
+    }
+    EXPECT_EQ(f7, (std::vector<std::string>{"1000", "57", "107", "157"}));
+    EXPECT_EQ(store.twoDCount(), HistoryStore::kCapacity);
+}
+
+TEST(HistoryStoreTest, OverCapacityGroupedRunLosesItsLastEntry) {
+    HistoryStore store;
+    for (int i = 1; i <= HistoryStore::kCapacity; ++i) {
+        store.addNewEntry(twoD(i <= 3 ? "g" : "h" + std::to_string(i), i));
+    }
+    // The three g entries are grouped at the tail end, newest first: g:3 g:2 g:1.
+    store.addNewEntry(twoD("g", 99));
+    const std::vector<std::string> all = formulasAndEnds(store);
+    const std::vector<std::string> tail(all.end() - 3, all.end());
+    EXPECT_EQ(tail, (std::vector<std::string>{"g:99", "g:3", "g:2"}));
+}
+
+TEST(HistoryStoreTest, NewFormulaOverCapacityDropsTheTail) {
+    HistoryStore store;
+    for (int i = 1; i <= HistoryStore::kCapacity; ++i) {
+        store.addLoadedEntry(twoD("f" + std::to_string(i), 1));
+    }
+    store.addNewEntry({"x*y", "-1", "1", "-1", "1", kSectionY});
+    EXPECT_EQ(store.size(), HistoryStore::kCapacity);
+    EXPECT_EQ(store.entries().front().formula, "x*y");
+    EXPECT_EQ(store.entries().back().formula, "f199");
+    EXPECT_EQ(store.twoDCount(), HistoryStore::kCapacity - 1);
+    EXPECT_EQ(store.sectionYCount(), 1);
+}
+
+TEST(HistoryStoreTest, DeleteListOfOneKindKeepsTheOthers) {
+    HistoryStore store;
+    store.addNewEntry(twoD("x", 1));
+    store.addNewEntry({"x^2+y^2-1", "-2", "2", "-2", "2", kSectionN});
+    store.addNewEntry({"x*y", "-1", "1", "-1", "1", kSectionY});
+    store.addNewEntry({"x^2-y^2", "-2", "2", "-2", "2", kSectionN});
+    struct Case {
+        EntryKind kind;
+        int removed;
+        std::vector<int> countsAfter;  // 2D, equation, 3D
+    };
+    for (const Case& c :
+         {Case{EntryKind::Equation, 2, {1, 0, 1}}, Case{EntryKind::ThreeD, 1, {1, 2, 0}},
+          Case{EntryKind::TwoD, 1, {0, 2, 1}}}) {
+        SCOPED_TRACE(static_cast<int>(c.kind));
+        HistoryStore copy = store;
+        EXPECT_EQ(copy.removeKind(c.kind), c.removed);
+        EXPECT_EQ((std::vector<int>{copy.twoDCount(), copy.sectionNCount(), copy.sectionYCount()}),
+                  c.countsAfter);
+        EXPECT_EQ(copy.size(), 4 - c.removed);
+        for (const HistoryEntry& e : copy.entries()) {
+            EXPECT_NE(kindOf(e), c.kind);
+        }
+    }
+}
+
+TEST(HistoryStoreTest, MoveToTopAndRemoveKeepOrderAndCounters) {
+    HistoryStore store;
+    for (const char* f : {"d", "c", "b", "a"}) {
+        store.addNewEntry(twoD(f, 1));
+    }
+    store.setMarked(2, true);
+    store.moveToTop(2);
+    EXPECT_EQ(formulasAndEnds(store), (std::vector<std::string>{"c:1", "a:1", "b:1", "d:1"}));
+    EXPECT_TRUE(store.entries()[0].marked);
+    store.removeAt(1);
+    store.removeAt(10);  // out of range: ignored
+    EXPECT_EQ(formulasAndEnds(store), (std::vector<std::string>{"c:1", "b:1", "d:1"}));
+    EXPECT_EQ(store.twoDCount(), 3);
+}
+
+TEST(SearchRingTest, FillsSlotsInOrderThenWrapsFromTheNewest) {
+    SearchRing ring;
+    EXPECT_FALSE(ring.add(""));
+    EXPECT_TRUE(ring.add("a"));
+    EXPECT_TRUE(ring.add("b"));
+    EXPECT_FALSE(ring.add("a"));  // already held
+    EXPECT_EQ(ring.newest(), 0);
+    EXPECT_EQ(ring.newestFirst(), (std::vector<std::string>{"a", "b"}));
+    EXPECT_TRUE(ring.changed());
+    for (int i = 2; i < SearchRing::kSize; ++i) {
+        ring.add("s" + std::to_string(i));
+    }
+    EXPECT_EQ(ring.newest(), 0);
+    ring.add("t1");
+    ring.add("t2");
+    EXPECT_EQ(ring.newest(), 2);
+    EXPECT_EQ(ring.count(), SearchRing::kSize);
+    EXPECT_EQ(ring.at(1), "t1");
+    EXPECT_EQ(ring.at(2), "t2");
+    const std::vector<std::string> order = ring.newestFirst();
+    EXPECT_EQ(std::vector<std::string>(order.begin(), order.begin() + 4),
+              (std::vector<std::string>{"t2", "t1", "a", "s19"}));
+    EXPECT_EQ(order.back(), "s3");
+}
+
+}  // namespace
+}  // namespace curvemill

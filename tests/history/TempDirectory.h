@@ -1,0 +1,43 @@
+// A fresh directory under the system's temporary folder, removed with everything in it.
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <string>
+#include <string_view>
+
+namespace curvemill::testing {
+
+class TempDirectory {
+  public:
+    TempDirectory() {
+        std::random_device random;
+        path_ = std::filesystem::temp_directory_path() /
+                ("curvemill-history-" + std::to_string(random()) + std::to_string(random()));
+        std::filesystem::create_directories(path_);
+    }
+    ~TempDirectory() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    TempDirectory(const TempDirectory&) = delete;
+    TempDirectory& operator=(const TempDirectory&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+
+    void write(const std::string& name, std::string_view text) const {
+        std::ofstream out(path_ / name, std::ios::binary | std::ios::trunc);
+        out << text;
+    }
+
+    std::string read(const std::string& name) const {
+        std::ifstream in(path_ / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    }
+
+  private:
+    std::filesystem::path path_;
+};
+
+}  // namespace curvemill::testing
