@@ -298,7 +298,7 @@ void TwoDGraphDialog::startRun(const std::string& typedFormula, double xBegin, d
         graph_.integral.release();
         graph_.areaLast = -1;
         view_.areaPainted = false;
-        emit curvesChanged();
+        Q_EMIT curvesChanged();
     }
     previousXBegin_ = graph_.xBegin;
     previousXEnd_ = graph_.xEnd;
@@ -360,9 +360,9 @@ void TwoDGraphDialog::finishRun(bool completed, std::optional<FailureCode> failu
             graph_.xEnd = previousXEnd_;
         } else {
             graph_.secondFormulaText.clear();
-            emit curvesChanged();
+            Q_EMIT curvesChanged();
         }
-        emit runFinished(false);
+        Q_EMIT runFinished(false);
         return;
     }
     if (role_ == TwoDGraphRole::Main) {
@@ -374,8 +374,8 @@ void TwoDGraphDialog::finishRun(bool completed, std::optional<FailureCode> failu
         graph_.secondFormulaText = runFormulaText_;
     }
     resetView(view_, graph_);
-    emit runFinished(true);
-    emit graphDrawn();
+    Q_EMIT runFinished(true);
+    Q_EMIT graphDrawn();
     QDialog::accept();
 }
 

@@ -74,13 +74,13 @@ class TwoDGraphDialog : public QDialog, public FailureScope {
     void setEntry(const QString& formula, const QString& xBegin, const QString& xEnd);
     bool isRunning() const { return worker_.joinable(); }
 
-  public slots:
+  public Q_SLOTS:
     void accept() override;
     // Escape and the close box: while a run goes on they stop it instead of closing.
     void reject() override;
     void stop();
 
-  signals:
+  Q_SIGNALS:
     // The worker has ended; `completed` is false when it was stopped.
     void runFinished(bool completed);
     // Curves were added or removed (derivative and integral erased, second function dropped).

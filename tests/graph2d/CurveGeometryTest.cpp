@@ -1,0 +1,164 @@
+#include <cmath>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "GeometryFixture.h"
+#include "graph2d/AreaPolygons.h"
+#include "graph2d/CurveRuns.h"
+
+namespace curvemill {
+namespace {
+
+std::vector<std::vector<PixelPoint>> runsOf(const GraphView& view,
+                                            const std::vector<PlotPoint>& points) {
+    const CurveRuns runs = buildCurveRuns(view, points.data(), static_cast<int>(points.size()));
+    std::vector<std::vector<PixelPoint>> out;
+    for (std::size_t i = 0; i < runs.runCount(); ++i) {
+        const auto [p, n] = runs.run(i);
+        out.emplace_back(p, p + n);
+    }
+    return out;
+}
+
+TEST(CurveRuns, MapsPointsAndBreaksWhereTheCurveMustNotBeJoined) {
+    const GraphView view = testView();
+    ASSERT_EQ(view.toPixelX(0.0), 65.0);
+    ASSERT_EQ(view.toPixelY(3.75), 40.0);
+    ASSERT_EQ(view.toPixelY(-3.75), 340.0);
+
+    const auto joined = runsOf(view, {point(1, 0), point(2, 1), point(3, -1), point(4, 0)});
+    ASSERT_EQ(joined.size(), 1u);
+    EXPECT_EQ(joined[0], (std::vector<PixelPoint>{{105, 190}, {145, 150}, {185, 230}, {225, 190}}));
+
+    const struct {
+        const char* name;
+        std::vector<PlotPoint> points;
+        std::vector<std::vector<PixelPoint>> runs;
+    } cases[] = {
+        {"a break pair lifts the pen",
+         {point(1, 0), point(2, 1, true), point(3, -1, true), point(4, 0)},
+         {{{105, 190}, {145, 150}}, {{185, 230}, {225, 190}}}},
+        {"an indefinite record lifts the pen",
+         {point(1, 0), point(2, 1), point(3, 0, false, true), point(4, 0), point(5, 1)},
+         {{{105, 190}, {145, 150}}, {{225, 190}, {265, 150}}}},
+        {"a curve wholly above the view draws nothing",
+         {point(1, 5), point(2, 9), point(3, 4)},
+         {}},
+        {"a steep segment is cut exactly at the top row",
+         {point(1, 0), point(2, 100)},
+         // The line from (105, 190) to (145, -3810) meets row 40 at column 106.5.
+         {{{105, 190}, {106, 40}}}},
+        {"a segment through the whole band is cut at both rows",
+         {point(1, -100), point(2, 100)},
+         {{{124, 340}, {125, 40}}}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(runsOf(view, c.points), c.runs);
+    }
+}
+
+TEST(CurveRuns, FarValuesAreClampedAndNeverOverflow) {
+    const GraphView view = testView();
+    const auto runs = runsOf(view, {point(1, 0), point(2, 1e300), point(3, -INFINITY),
+                                    point(4, NAN), point(5, 0), point(6, 1)});
+    for (const auto& run : runs) {
+        for (const PixelPoint& p : run) {
+            EXPECT_GE(p.y, 40);
+            EXPECT_LE(p.y, 340);
+            EXPECT_GE(p.x, 64);
+            EXPECT_LE(p.x, 466);
+        }
+    }
+    EXPECT_FALSE(runs.empty());
+}
+
+TEST(CurveRuns, LongCurvesComeInBlocksAndCloseNeighboursMerge) {
+    const GraphView view = testView();
+    std::vector<PlotPoint> zigzag;
+    for (int i = 0; i < 3000; ++i) {
+        zigzag.push_back(point(10.0 * i / 2999, i % 2 ? 1 : -1));
+    }
+    const auto blocks = runsOf(view, zigzag);
+    ASSERT_EQ(blocks.size(), 3u);
+    std::size_t total = 0;
+    for (std::size_t i = 0; i < blocks.size(); ++i) {
+        EXPECT_LE(blocks[i].size(), static_cast<std::size_t>(kMaxRunPoints));
+        total += blocks[i].size();
+        if (i > 0) {
+            EXPECT_EQ(blocks[i].front(), blocks[i - 1].back());
+        }
+    }
+    EXPECT_EQ(total, 3000u + blocks.size() - 1);
+
+    std::vector<PlotPoint> flat;
+    for (int i = 0; i < 3000; ++i) {
+        flat.push_back(point(10.0 * i / 2999, 1));
+    }
+    const auto merged = runsOf(view, flat);
+    ASSERT_EQ(merged.size(), 1u);
+    EXPECT_LT(merged[0].size(), 420u);
+    // A run starts with both ends of its first segment; after that no two points share a pixel.
+    for (std::size_t i = 2; i < merged[0].size(); ++i) {
+        EXPECT_GE(merged[0][i].x - merged[0][i - 1].x, 1);
+    }
+}
+
+TEST(CurveRuns, VisibleStretchReachesOneRecordBeyondEachEdge) {
+    GraphView view = testView();
+    std::vector<PlotPoint> points;
+    for (int i = 0; i <= 10; ++i) {
+        points.push_back(point(i, 0));
+    }
+    // Zoomed in twice and scrolled so that x 2.5 .. 7.5 is shown.
+    view.xZoom = 2.0;
+    view.scrollX = 200.0;
+    EXPECT_EQ(visibleStretch(view, points.data(), 11), std::make_pair(2, 8));
+    EXPECT_EQ(visibleStretch(view, points.data(), 0).second, -1);
+}
+
+TEST(AreaPolygons, SplitAtTheAxisCrossingAndBoundedByThePlottingRows) {
+    const GraphView view = testView();
+    std::vector<PlotPoint> line;
+    for (int i = 0; i < 10; ++i) {
+        line.push_back(point(i + 0.5, i - 4.5));
+    }
+    const auto polygons = buildAreaPolygons(view, line.data(), 10, 0, 9);
+    ASSERT_EQ(polygons.size(), 2u);
+    const PixelPoint crossing{265, 190};  // x = 5 on the axis row
+    EXPECT_FALSE(polygons[0].aboveAxis);
+    EXPECT_TRUE(polygons[1].aboveAxis);
+    EXPECT_EQ(polygons[0].points.back(), crossing);
+    EXPECT_EQ(polygons[1].points.front(), crossing);
+    EXPECT_EQ(polygons[0].points.front(), (PixelPoint{85, 190}));
+    EXPECT_EQ(polygons[1].points.back(), (PixelPoint{445, 190}));
+
+    std::vector<PlotPoint> tall{point(1, 1), point(2, 50), point(3, 1)};
+    const auto bounded = buildAreaPolygons(view, tall.data(), 3, 0, 2);
+    ASSERT_EQ(bounded.size(), 1u);
+    EXPECT_EQ(bounded[0].points[2], (PixelPoint{145, 40}));
+}
+
+TEST(AreaPolygons, LongAreasRestartAndOutsideColumnsAreLeftOut) {
+    const GraphView view = testView();
+    std::vector<PlotPoint> wave;
+    for (int i = 0; i <= 2000; ++i) {
+        wave.push_back(point(-2.0 + 14.0 * i / 2000, 2.0));
+    }
+    const auto polygons = buildAreaPolygons(view, wave.data(), 2001, 0, 2000);
+    ASSERT_GT(polygons.size(), 1u);
+    for (const AreaPolygon& polygon : polygons) {
+        EXPECT_LE(polygon.points.size(), static_cast<std::size_t>(kMaxAreaPolygonPoints));
+        EXPECT_TRUE(polygon.aboveAxis);
+        for (const PixelPoint& p : polygon.points) {
+            EXPECT_GE(p.x, 65);
+            EXPECT_LE(p.x, 465);
+        }
+    }
+    EXPECT_EQ(polygons.front().points.front().x, 65);
+    EXPECT_GE(polygons.back().points.back().x, 464);
+}
+
+}  // namespace
+}  // namespace curvemill

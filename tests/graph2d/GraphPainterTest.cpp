@@ -1,0 +1,116 @@
+#include <cmath>
+#include <vector>
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+#include "GeometryFixture.h"
+#include "graph2d/ui/GraphPainter.h"
+#include "graph2d/ui/GraphPens.h"
+
+namespace curvemill {
+namespace {
+
+// Fonts need an application object; the offscreen platform is set by the test registration.
+class GraphPainterTest : public ::testing::Test {
+  protected:
+    static void SetUpTestSuite() {
+        static int argc = 1;
+        static char name[] = "graph2d_painter_test";
+        static char* argv[] = {name, nullptr};
+        if (QGuiApplication::instance() == nullptr) {
+            static QGuiApplication app(argc, argv);
+        }
+    }
+
+    // Draws `graph` into a 530 x 380 image whose plotting area shows x 0..10, y -3.75..3.75.
+    QImage render(TwoDGraph& graph, bool areaPainted = false) {
+        GraphView view = testView();
+        view.areaPainted = areaPainted;
+        view.gridOn = false;
+        view_ = view;
+        QImage image(530, 380, QImage::Format_RGB32);
+        image.fill(Qt::black);
+        QPainter painter(&image);
+        drawGraph(painter, graph, view_);
+        return image;
+    }
+
+    static void setCurve(Curve& curve, const std::vector<PlotPoint>& points) {
+        curve.points = points;
+        curve.pointCount = static_cast<int>(points.size());
+    }
+
+    static int countColour(const QImage& image, QColor colour, QRect area) {
+        int n = 0;
+        for (int y = area.top(); y <= area.bottom(); ++y) {
+            for (int x = area.left(); x <= area.right(); ++x) {
+                n += image.pixelColor(x, y) == colour;
+            }
+        }
+        return n;
+    }
+
+    GraphView view_;
+};
+
+TEST_F(GraphPainterTest, CurveAppearsInItsColourOnWhite) {
+    TwoDGraph graph;
+    setCurve(graph.main, {point(0, -2), point(10, 2)});
+    graph.mainFormulaText = std::string("x");
+    const QImage image = render(graph);
+    // The line passes through (2.5, -1): column 165, row 230.
+    EXPECT_EQ(image.pixelColor(165, 230), graph_colors::kMainFunction);
+    EXPECT_EQ(image.pixelColor(265, 120), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(2, 2), QColor(Qt::white));
+    // The title is written in its colour in the top margin.
+    EXPECT_GT(countColour(image, graph_colors::kTitle, QRect(65, 0, 300, 39)), 10);
+}
+
+TEST_F(GraphPainterTest, NoVerticalLineAcrossAJump) {
+    TwoDGraph graph;
+    // The records on both sides of the jump at x = 5 carry the break.
+    setCurve(graph.main, {point(0, -1), point(4.9, 3, true), point(5.1, -3, true), point(10, 1)});
+    const QImage image = render(graph);
+    const QRect jump(view_.toPixelX(4.95), 45, 6, 290);
+    EXPECT_EQ(countColour(image, graph_colors::kMainFunction, jump), 0);
+    EXPECT_GT(countColour(image, graph_colors::kMainFunction, QRect(65, 40, 190, 300)), 100);
+}
+
+TEST_F(GraphPainterTest, SteepSegmentStopsAtTheTopRowAndHighCurvesLeaveNoTrace) {
+    TwoDGraph graph;
+    setCurve(graph.main, {point(1, 0), point(2, 100)});
+    setCurve(graph.second, {point(0, 10), point(5, 20), point(10, 10)});
+    const QImage image = render(graph);
+    const int top = static_cast<int>(view_.top);
+    EXPECT_GT(countColour(image, graph_colors::kMainFunction, QRect(100, top, 10, 1)), 0);
+    EXPECT_EQ(countColour(image, graph_colors::kMainFunction, QRect(0, 0, 530, top)), 0);
+    EXPECT_EQ(countColour(image, graph_colors::kSecondFunction, image.rect()), 0);
+}
+
+TEST_F(GraphPainterTest, AreaAcrossTheAxisIsPaintedInBothColours) {
+    TwoDGraph graph;
+    std::vector<PlotPoint> line;
+    for (int i = 0; i <= 100; ++i) {
+        line.push_back(point(i / 10.0, i / 10.0 - 5));
+    }
+    setCurve(graph.main, line);
+    graph.areaFirst = 0;
+    graph.areaLast = 100;
+    graph.areaText = std::string("S(0, 10) = 0");
+    const QImage image = render(graph, true);
+    // Left of x = 5 the area lies below the axis (row 190), right of it above.
+    EXPECT_EQ(image.pixelColor(view_.toPixelX(3), 200), graph_colors::kAreaBelow);
+    EXPECT_EQ(image.pixelColor(view_.toPixelX(7), 180), graph_colors::kAreaAbove);
+    EXPECT_EQ(image.pixelColor(view_.toPixelX(3), 180), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(view_.toPixelX(7), 200), QColor(Qt::white));
+    const int crossing = static_cast<int>(view_.toPixelX(5));
+    EXPECT_EQ(countColour(image, graph_colors::kAreaBelow, QRect(crossing + 2, 40, 200, 300)), 0);
+    EXPECT_EQ(countColour(image, graph_colors::kAreaAbove, QRect(65, 40, crossing - 67, 300)), 0);
+}
+
+}  // namespace
+}  // namespace curvemill

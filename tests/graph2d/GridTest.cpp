@@ -1,0 +1,105 @@
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "GeometryFixture.h"
+#include "engine/DisplayFormat.h"
+#include "graph2d/GridLayout.h"
+#include "graph2d/GridSteps.h"
+
+namespace curvemill {
+namespace {
+
+TEST(GridSteps, CandidateChainKeepsTheEarlierStepOnATie) {
+    const struct {
+        double raw;
+        double unit;
+        double step;
+    } cases[] = {
+        {1.0, 1.0, 1.0},   {1.5, 1.0, 1.0},       {1.51, 1.0, 2.0},
+        {3.5, 1.0, 2.0},   {3.6, 1.0, 5.0},       {7.5, 1.0, 5.0},
+        {12.0, 1.0, 10.0}, {150.0, 1.0, 100.0},   {0.75, 1.0, 1.0},
+        {0.35, 1.0, 0.5},  {0.15, 1.0, 0.2},      {0.012, 1.0, 0.01},
+        {kPi, kPi, kPi},   {1.5 * kPi, kPi, kPi}, {0.3 * kPi, kPi, 0.2 * kPi},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.raw);
+        EXPECT_DOUBLE_EQ(tidyStep(c.raw, c.unit), c.step);
+    }
+}
+
+TEST(GridSteps, ChooserTakesTheFirstCandidateOfTheZoomedLists) {
+    GraphView view = testView();  // 40 pixels per unit, so 60 pixels are 3 units at base scale 20
+    view.xZoom = 2.0;             // ... and 1.5 units on the zoomed x axis: halfway between 1 and 2
+    resetGridSteps(view);
+    EXPECT_EQ(view.gridStepX, 1.0);
+    EXPECT_EQ(view.gridStepY, 2.0);
+    const auto& xs = view.stepCandidates[kStepX];
+    EXPECT_EQ(xs, (std::vector<double>{2.0, 5.0, 10.0}));
+    EXPECT_EQ(view.stepCandidates[kStepZoomedX].front(), 1.0);
+    EXPECT_NEAR(view.stepCandidates[kStepX + 1].front(), kPi, 1e-15);
+
+    view.piUnitsY = true;
+    chooseGridSteps(view);
+    EXPECT_NEAR(view.gridStepY, kPi, 1e-15);
+}
+
+TEST(GridLayout, OriginUsesTheWholePartRule) {
+    const struct {
+        double begin;
+        double origin;
+    } cases[] = {{5.5, 5.0}, {5.0, 4.0}, {-5.5, -5.0}, {-5.0, -4.0}, {0.7, 0.0}, {-0.7, 0.0}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.begin);
+        EXPECT_EQ(gridOrigin(c.begin, 1.0), c.origin);
+    }
+    EXPECT_EQ(gridOrigin(-10.0, 2.0), -8.0);
+}
+
+TEST(GridLayout, WalkEndsWhenTheStepIsBelowTheResolution) {
+    EXPECT_EQ(gridWalk(1e20, 1.0, 1e20, 1e20 + 1e6).size(), 1u);
+    EXPECT_TRUE(gridWalk(0.0, 0.0, 0.0, 1.0).empty());
+    EXPECT_TRUE(gridWalk(0.0, NAN, 0.0, 1.0).empty());
+    EXPECT_EQ(gridWalk(-4.0, 1.0, -5.0, 5.0).size(), 10u);
+}
+
+std::vector<std::string> texts(const std::vector<GridLabel>& labels) {
+    std::vector<std::string> out;
+    for (const GridLabel& l : labels) {
+        out.push_back(l.text);
+    }
+    return out;
+}
+
+TEST(GridLayout, LabelsInPlainAndPiUnits) {
+    GraphView view = testView();
+    setViewRanges(view, -5.0, 5.0, -3.75, 3.75);
+    view.gridStepX = 1.0;
+    view.gridStepY = 0.5;
+    GridLayout grid = layoutGrid(view, "y");
+    // x begins exactly at -5, so the origin is -4 and no line is drawn at -5.
+    EXPECT_EQ(texts(grid.xLabels),
+              (std::vector<std::string>{"-4", "-3", "-2", "-1", "0", "1", "2", "3", "4", "5"}));
+    EXPECT_EQ(grid.columns.front(), static_cast<int>(view.toPixelX(-4.0)));
+    EXPECT_EQ(texts(grid.yLabels).front(), "-3.5");
+    for (const GridLabel& label : grid.yLabels) {
+        EXPECT_EQ(label.x, 5.0);  // left - marginX + trunc(5 * 65 / 65)
+    }
+    EXPECT_TRUE(layoutGrid(view, "n").yLabels.empty());
+
+    setViewRanges(view, -2 * kPi - 0.1, 2 * kPi, -3.75, 3.75);
+    view.piUnitsX = true;
+    view.gridStepX = kPi / 2;
+    grid = layoutGrid(view, "y");
+    const auto xs = texts(grid.xLabels);
+    EXPECT_EQ(xs.front(), "-pi*2");
+    EXPECT_NE(std::find(xs.begin(), xs.end(), "pi*0.5"), xs.end());
+    EXPECT_NE(std::find(xs.begin(), xs.end(), "0"), xs.end());
+    EXPECT_EQ(xs.back(), "pi*2");
+}
+
+}  // namespace
+}  // namespace curvemill

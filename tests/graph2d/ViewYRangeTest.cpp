@@ -1,0 +1,96 @@
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+#include "graph2d/GraphView.h"
+#include "graph2d/ViewYRange.h"
+
+namespace curvemill {
+namespace {
+
+TEST(ViewYRange, TallRangesAreCutAroundTheAxis) {
+    // X range 20 and ratio 10: at most 200 high, h = 100.
+    const struct {
+        const char* name;
+        YRange extent;
+        YRange expected;
+    } cases[] = {
+        {"low enough stays", {-1, 1}, {-1, 1}},
+        {"shoots up", {-10, 1e6}, {-10, 190}},
+        {"shoots down", {-1e6, 10}, {-190, 10}},
+        {"wholly high", {150, 1e6}, {150, 350}},
+        {"wholly low", {-1e6, -150}, {-350, -150}},
+        {"both ways", {-1e6, 1e6}, {-100, 100}},
+        {"exactly R high", {-50, 150}, {-50, 150}},
+        {"high end exactly h", {-1e6, 100}, {-100, 100}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const YRange r = clampYRange(c.extent, -10.0, 10.0, 10);
+        EXPECT_EQ(r.begin, c.expected.begin);
+        EXPECT_EQ(r.end, c.expected.end);
+    }
+}
+
+TEST(ViewYRange, EveryExistingCurveWidensTheRange) {
+    TwoDGraph graph;
+    graph.xBegin = 0.0;
+    graph.xEnd = 10.0;
+    const auto make = [](Curve& c, double lo, double hi) {
+        c.points.resize(2);
+        c.pointCount = 2;
+        c.yMin = lo;
+        c.yMax = hi;
+    };
+    make(graph.main, -1, 1);
+    make(graph.derivative, -3, 0);
+    make(graph.integral, 0, 4);
+    graph.second.yMin = -50;  // no records: the second function does not exist
+    YRange r = viewYRange(graph);
+    EXPECT_EQ(r.begin, -3.0);
+    EXPECT_EQ(r.end, 4.0);
+
+    TwoDGraph empty;  // nothing defined was met: still a finite range
+    r = viewYRange(empty);
+    EXPECT_TRUE(std::isfinite(r.begin) && std::isfinite(r.end) && r.begin < r.end);
+}
+
+TEST(GraphView, FullResetMapsTheRangeAndInvertsForTheMouse) {
+    TwoDGraph graph;
+    graph.xBegin = -10.0;
+    graph.xEnd = 10.0;
+    graph.main.points.resize(2);
+    graph.main.pointCount = 2;
+    graph.main.yMin = -20.0;
+    graph.main.yMax = 80.0;
+    GraphView view;
+    setViewSize(view, 530, 380);  // 400 x 300 plotting area, 20 pixels per unit
+    view.xZoom = 4.0;
+    resetView(view, graph);
+    EXPECT_EQ(view.xZoom, 1.0);
+    EXPECT_EQ(view.ppu, 20.0);
+    EXPECT_EQ(view.graphHeight, 2000.0);  // taller than the area: it scrolls
+    EXPECT_EQ(view.toPixelY(80.0), view.top);
+    EXPECT_GT(view.gridStepX, 0.0);
+    for (double x : {-10.0, -3.3, 7.25}) {
+        EXPECT_DOUBLE_EQ(view.graphX(view.toPixelX(x)), x);
+        EXPECT_DOUBLE_EQ(view.graphY(view.toPixelY(x)), x);
+    }
+
+    graph.main.yMin = 0.5;  // a flat graph is centred at the same scale
+    graph.main.yMax = 1.5;
+    resetView(view, graph);
+    EXPECT_EQ(view.toPixelY(1.0), view.top + 150.0);
+    EXPECT_EQ(view.visibleYEnd() - view.visibleYBegin(), 15.0);
+
+    fitGraphHeight(view);  // already fits: unchanged
+    EXPECT_EQ(view.yZoom, 1.0);
+    graph.main.yMin = -20.0;
+    graph.main.yMax = 80.0;
+    resetView(view, graph);
+    fitGraphHeight(view);
+    EXPECT_EQ(view.toPixelY(-20.0), view.plotBottom());
+}
+
+}  // namespace
+}  // namespace curvemill
