@@ -6,14 +6,21 @@
 
 namespace curvemill {
 
-// What one operand position of the text reads. The function kinds read values[index] (the
-// computed argument pair right after the function code) and apply the function to it.
-enum class OperandKind : std::uint8_t {
-    kX,
-    kY,
-    kConstant,  // constants[index]
-    kValue,     // values[index]
-    kRunning,   // the running result of the power step
+// Where an operand's number lives; the evaluator keeps one base pointer per source.
+enum class OperandSource : std::uint8_t {
+    kInputs,  // index 0 x, 1 y, 2 a zero (any other character), 3 the power step's running result
+    kConstants,  // constants[index]
+    kValues,     // values[index]
+};
+
+inline constexpr std::uint16_t kInputX = 0;
+inline constexpr std::uint16_t kInputY = 1;
+inline constexpr std::uint16_t kInputZero = 2;
+inline constexpr std::uint16_t kInputRunning = 3;
+
+// The function a function code applies to its computed argument pair (read from values).
+enum class PlanFunction : std::uint8_t {
+    kNone,
     kSin,
     kCos,
     kTan,
@@ -22,24 +29,26 @@ enum class OperandKind : std::uint8_t {
     kAcos,
     kLn,
     kLog,
-    kSqrt,
-    kZero,  // any other character: only a lenient text with empty or stray brackets gets here
+    kSqrt
 };
 
 struct PlanOperand {
-    OperandKind kind = OperandKind::kZero;
+    OperandSource source = OperandSource::kInputs;
+    PlanFunction function = PlanFunction::kNone;
     // Sum: the term follows a '-'. Product: the factor follows a '/'.
     bool inverted = false;
     // Power exponent: its text in the saved copy holds no x or y, so a non-positive base may take
     // it.
     bool independent = false;
-    std::uint16_t index = 0;
+    std::uint16_t index = kInputZero;
 };
 
 enum class StepKind : std::uint8_t {
     kSingle,
     kSum,
+    kSumOfTwo,  // the common two-term sum, without the loop
     kProduct,
+    kProductOfTwo,  // two factors and no division, without the loop
     kPower,
     kFactorial,
     kReturnWhole,  // the outermost pair is done: return values[0]

@@ -46,12 +46,12 @@ double wrappedFactorial(std::int32_t n) {
 }
 
 struct Run {
-    const double* constants;
+    // x, y, a zero and the power step's running result, in the order of the kInput indexes.
+    double inputs[4];
+    // One base per OperandSource, so that reading a plain operand needs no branch.
+    const double* bases[3];
     double* values;
-    double x;
-    double y;
     double logFactor;
-    double running;
     bool indefinite;
 };
 
@@ -62,53 +62,46 @@ inline double checked(bool inside, double value, Run& run) {
     return value;
 }
 
-inline double read(const PlanOperand& op, Run& run) {
-    switch (op.kind) {
-        case OperandKind::kX:
-            return run.x;
-        case OperandKind::kY:
-            return run.y;
-        case OperandKind::kConstant:
-            return run.constants[op.index];
-        case OperandKind::kValue:
-            return run.values[op.index];
-        case OperandKind::kRunning:
-            return run.running;
-        case OperandKind::kZero:
-            return 0.0;
-        default:
+[[gnu::noinline]] double applyFunction(PlanFunction function, double v, Run& run) {
+    switch (function) {
+        case PlanFunction::kSin:
+            return std::sin(v);
+        case PlanFunction::kCos:
+            return std::cos(v);
+        case PlanFunction::kTan:
+            return std::tan(v);
+        case PlanFunction::kAtan:
+            return std::atan(v);
+        case PlanFunction::kAsin:
+            return checked(std::fabs(v) <= 1.0, std::asin(v), run);
+        case PlanFunction::kAcos:
+            return checked(std::fabs(v) <= 1.0, std::acos(v), run);
+        case PlanFunction::kLn:
+            return checked(v > 0.0, std::log(v), run);
+        case PlanFunction::kLog:
+            return checked(v > 0.0, std::log10(v) * run.logFactor, run);
+        case PlanFunction::kSqrt:
+            return checked(v > 0.0, std::sqrt(v), run);
+        case PlanFunction::kNone:
             break;
     }
-    const double v = run.values[op.index];
-    switch (op.kind) {
-        case OperandKind::kSin:
-            return std::sin(v);
-        case OperandKind::kCos:
-            return std::cos(v);
-        case OperandKind::kTan:
-            return std::tan(v);
-        case OperandKind::kAtan:
-            return std::atan(v);
-        case OperandKind::kAsin:
-            return checked(std::fabs(v) <= 1.0, std::asin(v), run);
-        case OperandKind::kAcos:
-            return checked(std::fabs(v) <= 1.0, std::acos(v), run);
-        case OperandKind::kLn:
-            return checked(v > 0.0, std::log(v), run);
-        case OperandKind::kLog:
-            return checked(v > 0.0, std::log10(v) * run.logFactor, run);
-        case OperandKind::kSqrt:
-            return checked(v > 0.0, std::sqrt(v), run);
-        default:
-            return 0.0;
-    }
+    return v;
+}
+
+inline double read(const PlanOperand& op, Run& run) {
+    const double v = run.bases[static_cast<std::size_t>(op.source)][op.index];
+    return op.function == PlanFunction::kNone ? v : applyFunction(op.function, v, run);
+}
+
+inline double signedRead(const PlanOperand& op, Run& run) {
+    const double v = read(op, run);
+    return op.inverted ? -v : v;
 }
 
 double sum(const PlanOperand* op, const PlanOperand* end, Run& run) {
     double total = 0.0;
     for (; op != end; ++op) {
-        const double term = read(*op, run);
-        total += op->inverted ? -term : term;
+        total += signedRead(*op, run);
     }
     return total;
 }
@@ -147,38 +140,47 @@ double power(const PlanOperand* op, const PlanOperand* end, Run& run) {
         }
         base = running;
     }
-    run.running = running;
+    run.inputs[kInputRunning] = running;
     return running;
 }
 
-double runPlan(ExpressionSlot& slot, Run& run) {
-    const PlanOperand* operands = slot.plan.operands.data();
-    for (const PlanStep& step : slot.plan.steps) {
+double runPlan(const EvaluationPlan& plan, Run& run) {
+    const PlanOperand* operands = plan.operands.data();
+    for (const PlanStep& step : plan.steps) {
         const PlanOperand* first = operands + step.first;
-        const PlanOperand* end = first + step.count;
-        double result = 0.0;
+        double result;
         switch (step.kind) {
             case StepKind::kSingle:
                 result = read(*first, run);
                 break;
-            case StepKind::kSum:
-                result = sum(first, end, run);
+            case StepKind::kSumOfTwo: {
+                const double a = signedRead(first[0], run);
+                result = (0.0 + a) + signedRead(first[1], run);
                 break;
+            }
+            case StepKind::kSum:
+                result = sum(first, first + step.count, run);
+                break;
+            case StepKind::kProductOfTwo: {
+                const double a = read(first[0], run);
+                result = (1.0 * a) * read(first[1], run);
+                break;
+            }
             case StepKind::kProduct:
-                result = product(first, end, run);
+                result = product(first, first + step.count, run);
                 break;
             case StepKind::kPower:
-                result = power(first, end, run);
+                result = power(first, first + step.count, run);
                 break;
             case StepKind::kFactorial:
                 result = wrappedFactorial(truncateToInt32(read(*first, run)));
                 break;
             case StepKind::kReturnWhole:
-                return slot.values[0];
-            case StepKind::kReturnZero:
+                return run.values[0];
+            default:
                 return 0.0;
         }
-        slot.values[step.open] = result;
+        run.values[step.open] = result;
     }
     return 0.0;
 }
@@ -201,8 +203,13 @@ double Formula::evaluate(double x, int slotIndex, double y) {
     if (!slot.plan.valid) {
         return 0.0;  // nothing prepared: the rewriting algorithm finds an empty text too
     }
-    Run run{slot.constants.data(), slot.values.data(), x, y, logFactor, 0.0, false};
-    const double result = runPlan(slot, run);
+    Run run{{x, y, 0.0, 0.0},
+            {nullptr, slot.constants.data(), slot.values.data()},
+            slot.values.data(),
+            logFactor,
+            false};
+    run.bases[0] = run.inputs;
+    const double result = runPlan(slot.plan, run);
     indefinite = run.indefinite;
     return result;
 }

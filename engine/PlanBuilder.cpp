@@ -14,39 +14,63 @@ bool isFunctionCode(char c) {
     return c != '\0' && std::string_view("sctTSClLq").find(c) != std::string_view::npos;
 }
 
-OperandKind kindOf(char c) {
+PlanFunction functionOf(char c) {
+    switch (c) {
+        case 's':
+            return PlanFunction::kSin;
+        case 'c':
+            return PlanFunction::kCos;
+        case 't':
+            return PlanFunction::kTan;
+        case 'T':
+            return PlanFunction::kAtan;
+        case 'S':
+            return PlanFunction::kAsin;
+        case 'C':
+            return PlanFunction::kAcos;
+        case 'l':
+            return PlanFunction::kLn;
+        case 'L':
+            return PlanFunction::kLog;
+        case 'q':
+            return PlanFunction::kSqrt;
+        default:
+            return PlanFunction::kNone;
+    }
+}
+
+// Where the operand at `position` of the (partly rewritten) text takes its number from.
+PlanOperand operandAt(const Text& text, int position) {
+    PlanOperand op;
+    const char c = text[static_cast<std::size_t>(position)];
+    const auto here = static_cast<std::uint16_t>(position);
     switch (c) {
         case 'x':
-            return OperandKind::kX;
+            op.index = kInputX;
+            break;
         case 'y':
-            return OperandKind::kY;
-        case 'k':
-            return OperandKind::kConstant;
-        case 'f':
-            return OperandKind::kValue;
+            op.index = kInputY;
+            break;
         case 'v':
-            return OperandKind::kRunning;
-        case 's':
-            return OperandKind::kSin;
-        case 'c':
-            return OperandKind::kCos;
-        case 't':
-            return OperandKind::kTan;
-        case 'T':
-            return OperandKind::kAtan;
-        case 'S':
-            return OperandKind::kAsin;
-        case 'C':
-            return OperandKind::kAcos;
-        case 'l':
-            return OperandKind::kLn;
-        case 'L':
-            return OperandKind::kLog;
-        case 'q':
-            return OperandKind::kSqrt;
+            op.index = kInputRunning;
+            break;
+        case 'k':
+            op.source = OperandSource::kConstants;
+            op.index = here;
+            break;
+        case 'f':
+            op.source = OperandSource::kValues;
+            op.index = here;
+            break;
         default:
-            return OperandKind::kZero;
+            op.function = functionOf(c);
+            if (op.function != PlanFunction::kNone) {
+                op.source = OperandSource::kValues;
+                op.index = static_cast<std::uint16_t>(position + 1);
+            }
+            break;
     }
+    return op;
 }
 
 // The bracket that starts at `open` in the saved text holds no variable up to its partner.
@@ -89,12 +113,9 @@ class Recorder {
     Recorder(ExpressionSlot& slot, Text& text) : plan_(slot.plan), text_(text) {}
 
     void operand(int position, bool inverted, bool independent = false) {
-        PlanOperand op;
-        op.kind = kindOf(text_[static_cast<std::size_t>(position)]);
+        PlanOperand op = operandAt(text_, position);
         op.inverted = inverted;
         op.independent = independent;
-        const bool isFunction = op.kind >= OperandKind::kSin && op.kind <= OperandKind::kSqrt;
-        op.index = static_cast<std::uint16_t>(isFunction ? position + 1 : position);
         plan_.operands.push_back(op);
     }
 
@@ -104,6 +125,12 @@ class Recorder {
         step.open = static_cast<std::uint16_t>(open);
         step.first = static_cast<std::uint16_t>(first);
         step.count = static_cast<std::uint16_t>(plan_.operands.size() - first);
+        if (step.count == 2 && kind == StepKind::kSum) {
+            step.kind = StepKind::kSumOfTwo;
+        } else if (step.count == 2 && kind == StepKind::kProduct &&
+                   !plan_.operands.back().inverted) {
+            step.kind = StepKind::kProductOfTwo;
+        }
         plan_.steps.push_back(step);
     }
 
