@@ -9,6 +9,11 @@
 namespace curvemill {
 namespace {
 
+// Appends rather than adds: "w" + std::to_string(i) trips a false -Wrestrict warning in GCC 12.
+std::string named(const char* prefix, int number) {
+    return std::string(prefix).append(std::to_string(number));
+}
+
 // "section|xBegin|xEnd|yBegin|yEnd|formula" for each entry, head first.
 std::vector<std::string> describe(const HistoryStore& store) {
     std::vector<std::string> out;
@@ -48,7 +53,7 @@ struct LoadCase {
 std::string twentyFiveWords() {
     std::string text = "-1 1 $ $ x @ ";
     for (int i = 0; i < 25; ++i) {
-        text += "w" + std::to_string(i) + " ";
+        text += named("w", i) + " ";
     }
     return text;
 }
@@ -56,7 +61,7 @@ std::string twentyFiveWords() {
 std::vector<std::string> firstTwentyWords() {
     std::vector<std::string> out;
     for (int i = 0; i < 20; ++i) {
-        out.push_back("w" + std::to_string(i));
+        out.push_back(named("w", i));
     }
     return out;
 }
@@ -179,7 +184,7 @@ TEST(EntriesFormatTest, LoadedEntriesAreCountedByKind) {
 TEST(EntriesFormatTest, RecordsBeyondCapacityAreReadAndDropped) {
     std::string text;
     for (int i = 1; i <= 203; ++i) {
-        text += "-" + std::to_string(i) + " " + std::to_string(i) + " $ $ x ";
+        text += named("-", i) + " " + std::to_string(i) + " $ $ x ";
     }
     text += "@ kept ";
     HistoryStore store;
@@ -223,7 +228,7 @@ TEST(EntriesFormatTest, WrittenTextReadsBackToTheSameList) {
     original.addNewEntry({"tan(x)", "-2*pi", "2*pi", "$", "$", kSectionY});
     original.addNewEntry({"ln(x)", "0.01", "10", "$", "$", kSectionN});
     for (int i = 0; i < 23; ++i) {
-        original.searchRing().add("s" + std::to_string(i));
+        original.searchRing().add(named("s", i));
     }
     const std::string text = formatEntries(original);
 

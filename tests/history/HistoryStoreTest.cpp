@@ -9,6 +9,11 @@
 namespace curvemill {
 namespace {
 
+// Appends rather than adds: "w" + std::to_string(i) trips a false -Wrestrict warning in GCC 12.
+std::string named(const char* prefix, int number) {
+    return std::string(prefix).append(std::to_string(number));
+}
+
 HistoryEntry twoD(const std::string& formula, int range) {
     return {formula, std::to_string(-range), std::to_string(range), "$", "$", kSectionY};
 }
@@ -56,7 +61,7 @@ TEST(HistoryStoreTest, BlanksAreRemovedFromNewEntries) {
 TEST(HistoryStoreTest, OverCapacityDropsOldestOfTheSameFormulaNotTheTail) {
     HistoryStore store;
     for (int i = 1; i <= HistoryStore::kCapacity; ++i) {
-        store.addLoadedEntry(twoD("f" + std::to_string(i % 50), i));
+        store.addLoadedEntry(twoD(named("f", i % 50), i));
     }
     // The tail is f0:200; the formula f7 appears at 7, 57, 107, 157 in load order.
     ASSERT_TRUE(store.addNewEntry(twoD("f7", 1000)));
@@ -77,7 +82,7 @@ TEST(HistoryStoreTest, OverCapacityDropsOldestOfTheSameFormulaNotTheTail) {
 TEST(HistoryStoreTest, OverCapacityGroupedRunLosesItsLastEntry) {
     HistoryStore store;
     for (int i = 1; i <= HistoryStore::kCapacity; ++i) {
-        store.addNewEntry(twoD(i <= 3 ? "g" : "h" + std::to_string(i), i));
+        store.addNewEntry(twoD(i <= 3 ? "g" : named("h", i), i));
     }
     // The three g entries are grouped at the tail end, newest first: g:3 g:2 g:1.
     store.addNewEntry(twoD("g", 99));
@@ -89,7 +94,7 @@ TEST(HistoryStoreTest, OverCapacityGroupedRunLosesItsLastEntry) {
 TEST(HistoryStoreTest, NewFormulaOverCapacityDropsTheTail) {
     HistoryStore store;
     for (int i = 1; i <= HistoryStore::kCapacity; ++i) {
-        store.addLoadedEntry(twoD("f" + std::to_string(i), 1));
+        store.addLoadedEntry(twoD(named("f", i), 1));
     }
     store.addNewEntry({"x*y", "-1", "1", "-1", "1", kSectionY});
     EXPECT_EQ(store.size(), HistoryStore::kCapacity);
@@ -150,7 +155,7 @@ TEST(SearchRingTest, FillsSlotsInOrderThenWrapsFromTheNewest) {
     EXPECT_EQ(ring.newestFirst(), (std::vector<std::string>{"a", "b"}));
     EXPECT_TRUE(ring.changed());
     for (int i = 2; i < SearchRing::kSize; ++i) {
-        ring.add("s" + std::to_string(i));
+        ring.add(named("s", i));
     }
     EXPECT_EQ(ring.newest(), 0);
     ring.add("t1");

@@ -1,0 +1,74 @@
+// The history as the shell sees it: start-up load, saving, recording entries and the two windows.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+#include "history/HistoryStore.h"
+#include "shell/HistoryPort.h"
+
+class QWidget;
+
+namespace curvemill {
+
+class FailureReporter;
+class HistoryWindow;
+
+inline constexpr const char* kMsgNoEntriesFile =
+    "UNABLE TO FIND A FILE CONTAINING ENTRIES TO THE PROGRAM\n IF YOU WANT TO DOWNLOAD THIS FILE "
+    "FROM OUR WEBSITE, CLICK 'Yes'\n PLACE THE FILE IN THE SAME DIRECTORY WITH <CurveMill.exe>\n "
+    "AND RESTART THE PROGRAM.\n OTHERWISE, CLICK 'NO' TO CONTINUE";
+inline constexpr const char* kMsgSaveQuestion = "Save Your New Entries To File?";
+inline constexpr const char* kProductWebPage = "https://www.curvemill.org/";
+
+class HistoryService : public QObject, public HistoryPort {
+    Q_OBJECT
+  public:
+    // `openWebPage` opens the product's web page (the shell's helper); when empty the desktop's
+    // browser is asked directly. `dialogParent` owns the message boxes of loading and saving.
+    HistoryService(HistoryStore& store, FailureReporter& reporter,
+                   std::filesystem::path directory = ".", std::function<void()> openWebPage = {},
+                   QWidget* dialogParent = nullptr);
+    ~HistoryService() override;
+
+    void loadAtStartup() override;
+    bool saveOnExit() override;
+    void saveNow() override;
+    bool hasUnsavedEntries() const override;
+    void setChangedCallback(std::function<void()> callback) override;
+    void recordEntry(const TypedEntry& entry) override;
+    void showPreviousEntries(std::function<void(const TypedEntry&)> select) override;
+    void showListOfFunctions() override;
+    void hideWindows() override;
+    void runListCommand(int commandId) override;
+
+    // The kind both lists show: 2D unless a two-range input (3D or equation) is active.
+    void setShownKind(EntryKind kind);
+    // Shows the "Previous Entries" list with the input's own entry selected, or says it is not
+    // in the list.
+    bool locateInput(const TypedEntry& input);
+    void setDialogParent(QWidget* parent) { dialogParent_ = parent; }
+
+    HistoryWindow& listOfFunctions() { return *textWindow_; }
+    HistoryWindow& previousEntries() { return *reportWindow_; }
+
+  private:
+    void refreshWindows();
+    void notifyChanged();
+    void showSaveFailure(const std::string& message);
+    HistoryWindow* activeWindow() const;
+
+    HistoryStore& store_;
+    FailureReporter& reporter_;
+    std::filesystem::path directory_;
+    std::function<void()> openWebPage_;
+    QPointer<QWidget> dialogParent_;
+    std::function<void()> changed_;
+    std::unique_ptr<HistoryWindow> textWindow_;
+    std::unique_ptr<HistoryWindow> reportWindow_;
+};
+
+}  // namespace curvemill

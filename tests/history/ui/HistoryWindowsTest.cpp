@@ -1,0 +1,244 @@
+// The history windows driven as a user would, offscreen, with modal boxes answered by a timer.
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <QTreeWidget>
+#include <QtTest>
+#include <filesystem>
+#include <fstream>
+
+#include "history/EntriesFile.h"
+#include "history/HistorySearch.h"
+#include "history/ui/EntryReportList.h"
+#include "history/ui/FindDialog.h"
+#include "history/ui/FunctionTextList.h"
+#include "history/ui/HistoryCommands.h"
+#include "history/ui/HistoryService.h"
+#include "history/ui/HistoryWindow.h"
+#include "shell/FailureReporter.h"
+
+using namespace curvemill;
+using namespace curvemill::history_commands;
+
+namespace {
+
+struct RecordingReporter : FailureReporter {
+    void reportFailure(ProcedureName name, FailureCode) override { names << QString(name); }
+    QStringList names;
+};
+
+// Answers the next modal widget of type T (a message box unless told): `act` gets it once it is
+// up. Texts of boxes are collected.
+template <class T = QMessageBox>
+void answerModal(QStringList& seen, std::function<void(QWidget*)> act) {
+    QTimer::singleShot(20, [&seen, act = std::move(act)]() mutable {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (qobject_cast<T*>(modal) == nullptr) {
+            answerModal<T>(seen, std::move(act));
+            return;
+        }
+        if (auto* box = qobject_cast<QMessageBox*>(modal)) {
+            seen << box->text();
+        }
+        act(modal);
+    });
+}
+
+void pressBox(QWidget* modal, QMessageBox::StandardButton button) {
+    static_cast<QMessageBox*>(modal)->button(button)->click();
+}
+
+const char* const kFile =
+    "-1 1 $ $ sin(x) -2 2 $ $ cos(x) -3 3 $ $ sin(2*x) -1 1 -1 1 x*y &"
+    "-5 5 -5 5 x^2+y^2-16 -3 3 -3 3 x^3+y^3-3*x*y @ sin ";
+
+}  // namespace
+
+class HistoryWindowsTest : public QObject {
+    Q_OBJECT
+
+    std::filesystem::path dir_;
+    HistoryStore store_;
+    RecordingReporter reporter_;
+    QStringList seen_;
+
+  private slots:
+    void init() {
+        dir_ = std::filesystem::temp_directory_path() / "curvemill-history-ui-test";
+        std::filesystem::remove_all(dir_);
+        std::filesystem::create_directories(dir_);
+        std::ofstream(dir_ / "Graph.dat") << kFile;
+        store_ = HistoryStore();
+        loadEntries(store_, kLoadAtStartup, dir_);
+        seen_.clear();
+    }
+    void cleanup() {
+        QVERIFY(reporter_.names.isEmpty());
+        std::filesystem::remove_all(dir_);
+    }
+
+    void reportListShowsOneKind_data() {
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<QStringList>("headers");
+        QTest::addColumn<QStringList>("firstRow");
+        QTest::newRow("2D") << int(EntryKind::TwoD) << QStringList{"Formula", "From", "To"}
+                            << QStringList{"sin(x)", "-1", "1"};
+        QTest::newRow("3D") << int(EntryKind::ThreeD)
+                            << QStringList{"Formula", "X Beg", "X End", "Y Beg", "Y End"}
+                            << QStringList{"x*y", "-1", "1", "-1", "1"};
+        QTest::newRow("equation") << int(EntryKind::Equation)
+                                  << QStringList{"Formula", "X Beg", "X End", "Y Beg", "Y End"}
+                                  << QStringList{"x^2+y^2-16", "-5", "5", "-5", "5"};
+    }
+    void reportListShowsOneKind() {
+        QFETCH(int, kind);
+        QFETCH(QStringList, headers);
+        QFETCH(QStringList, firstRow);
+        HistoryWindow window(HistoryWindow::Style::ReportList, store_, reporter_, dir_);
+        window.setShownKind(EntryKind(kind));
+        QTreeWidget* tree = static_cast<EntryReportList*>(window.view())->tree();
+        QCOMPARE(tree->topLevelItemCount(), store_.countOf(EntryKind(kind)));
+        QStringList shownHeaders, shownRow;
+        for (int c = 0; c < tree->columnCount(); ++c) {
+            shownHeaders << tree->headerItem()->text(c);
+            shownRow << tree->topLevelItem(0)->text(c);
+        }
+        QCOMPARE(shownHeaders, headers);
+        QCOMPARE(shownRow, firstRow);
+        QCOMPARE(tree->columnWidth(1), 100);
+        QCOMPARE(tree->palette().color(QPalette::Base), QColor(238, 238, 255));
+        QCOMPARE(tree->palette().color(QPalette::Text), QColor(0, 0, 68));
+        QCOMPARE(tree->selectionMode(), QAbstractItemView::SingleSelection);
+    }
+
+    void selectionGreysAndEnablesItemCommands() {
+        HistoryWindow window(HistoryWindow::Style::TextList, store_, reporter_, dir_);
+        QString picked;
+        window.setSelectHandler([&](const HistoryEntry& e) { picked = e.formula.c_str(); });
+        auto enabled = [&] {
+            return QList<bool>{window.action(kSelect)->isEnabled(),
+                               window.action(kMoveToTop)->isEnabled(),
+                               window.action(kDeleteItem)->isEnabled()};
+        };
+        QCOMPARE(enabled(), (QList<bool>{false, false, false}));
+        window.view()->setCurrentRow(2);
+        QCOMPARE(enabled(), (QList<bool>{true, true, true}));
+        window.runCommand(kSelect);
+        QCOMPARE(picked, QString("sin(2*x)"));
+        window.runCommand(kMoveToTop);
+        QCOMPARE(QString(store_.entries()[0].formula.c_str()), QString("sin(2*x)"));
+        QCOMPARE(enabled(), (QList<bool>{false, false, false}));
+        QVERIFY(!window.action(kLoadOriginalList)->isEnabled());
+        window.view()->setCurrentRow(0);
+        window.runCommand(kDeleteItem);
+        QCOMPARE(store_.twoDCount(), 2);
+        QCOMPARE(enabled(), (QList<bool>{false, false, false}));
+        QVERIFY(window.action(kLoadOriginalList)->isEnabled());
+    }
+
+    void findWrapsAndMarksTheHit() {
+        HistoryWindow window(HistoryWindow::Style::TextList, store_, reporter_, dir_);
+        auto* list = static_cast<FunctionTextList*>(window.view());
+        list->setCurrentRow(2);  // sin(2*x); "cos" is only above it
+        answerModal<FindDialog>(seen_, [](QWidget* modal) {
+            auto* find = static_cast<FindDialog*>(modal);
+            QCOMPARE(find->windowTitle(), QString("Find"));
+            QCOMPARE(find->combo()->itemText(0), QString("sin"));
+            find->combo()->setEditText("cos");
+            find->accept();
+        });
+        answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::Yes); });
+        window.runCommand(kFind);
+        QCOMPARE(seen_, QStringList{kMsgEndReached});
+        QCOMPARE(list->currentRow(), 1);
+        QVERIFY(list->hitPieces().has_value());
+        QCOMPARE(QString::fromStdString(list->hitPieces()->hit), QString("cos"));
+        QVERIFY(window.action(kFindNext)->isEnabled());
+        QCOMPARE(store_.searchRing().newestFirst().size(), size_t(2));
+
+        // Find Next from after the only hit: Yes starts again and finds it once more.
+        answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::Yes); });
+        window.runCommand(kFindNext);
+        QCOMPARE(list->currentRow(), 1);
+
+        answerModal<FindDialog>(seen_, [](QWidget* find) {
+            static_cast<FindDialog*>(find)->combo()->setEditText("tan");
+            static_cast<FindDialog*>(find)->accept();
+        });
+        answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::Yes); });
+        answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::Ok); });
+        window.runCommand(kFind);
+        QCOMPARE(seen_.last(), QString("UNABLE TO FIND STRING"));
+    }
+
+    void deleteListAsksAndReloadRestores() {
+        HistoryWindow window(HistoryWindow::Style::ReportList, store_, reporter_, dir_);
+        window.setShownKind(EntryKind::Equation);
+        answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::Cancel); });
+        window.runCommand(kDeleteListReport);
+        QCOMPARE(store_.sectionNCount(), 2);
+        answerModal(seen_, [](QWidget* modal) {
+            QCOMPARE(static_cast<QMessageBox*>(modal)->icon(), QMessageBox::Warning);
+            pressBox(modal, QMessageBox::Ok);
+        });
+        window.runCommand(kDeleteListReport);
+        QCOMPARE(seen_.last(), QString("ARE YOU SURE YOU WANT TO DELETE ENTIRE LIST?"));
+        QCOMPARE(store_.sectionNCount(), 0);
+        QCOMPARE(store_.twoDCount(), 3);
+        QCOMPARE(window.view()->rowCount(), 0);
+        QVERIFY(window.action(kLoadOriginalList)->isEnabled());
+        window.runCommand(kLoadOriginalList);
+        QCOMPARE(store_.sectionNCount(), 2);
+        QCOMPARE(window.view()->rowCount(), 2);
+        QVERIFY(!window.action(kLoadOriginalList)->isEnabled());
+    }
+
+    void highlightAndLocate() {
+        HistoryService service(store_, reporter_, dir_);
+        HistoryWindow& report = service.previousEntries();
+        report.view()->setCurrentRow(1);
+        report.runCommand(kHighlightSelectedItem);
+        QVERIFY(store_.entries()[1].marked);
+        QTreeWidget* tree = static_cast<EntryReportList*>(report.view())->tree();
+        QVERIFY(tree->topLevelItem(1)->font(0).bold());
+        QVERIFY(service.locateInput({"sin(2*x)", "-3", "3"}));
+        QCOMPARE(report.view()->currentRow(), 2);
+        answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::Ok); });
+        QVERIFY(!service.locateInput({"sin(2*x)", "-3", "4"}));
+        QCOMPARE(seen_, QStringList{"THIS ENTRY IS NOT INCLUDED IN THE LIST"});
+    }
+
+    void startupWithoutFileAndExitQuestion() {
+        std::filesystem::remove(dir_ / "Graph.dat");
+        HistoryStore fresh;
+        HistoryService service(fresh, reporter_, dir_, [] { QFAIL("web page opened"); });
+        answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::No); });
+        service.loadAtStartup();
+        QCOMPARE(seen_, QStringList{kMsgNoEntriesFile});
+        QCOMPARE(fresh.size(), 0);
+
+        int changes = 0;
+        service.setChangedCallback([&] { ++changes; });
+        service.recordEntry({"x^3-3*x", "-3", "3"});
+        QVERIFY(service.hasUnsavedEntries());
+        QCOMPARE(changes, 1);
+        answerModal(seen_, [](QWidget* modal) {
+            QCOMPARE(modal->windowTitle(), QString("Quit"));
+            pressBox(modal, QMessageBox::No);
+        });
+        QVERIFY(service.saveOnExit());
+        QVERIFY(!std::filesystem::exists(dir_ / "Graph.dat"));
+        service.saveNow();
+        QVERIFY(!service.hasUnsavedEntries());
+        QCOMPARE(changes, 2);
+        QVERIFY(std::filesystem::exists(dir_ / "Graph.dat"));
+        QVERIFY(service.saveOnExit());  // nothing changed: no question
+        QCOMPARE(seen_.size(), 2);
+    }
+};
+
+QTEST_MAIN(HistoryWindowsTest)
+#include "HistoryWindowsTest.moc"
