@@ -1,11 +1,11 @@
-// Program entry: the main window captioned "CURVEMILL".
-#include <QApplication>
-#include <QMainWindow>
+// Program entry: fault translation first, then the application object and its start-up.
+#include "shell/FaultTranslation.h"
+#include "shell/ui/Application.h"
+#include "shell/ui/GuardedApplication.h"
 
 int main(int argc, char* argv[]) {
-    QApplication app(argc, argv);
-    QMainWindow window;
-    window.setWindowTitle(QStringLiteral("CURVEMILL"));
-    window.showMaximized();
-    return app.exec();
+    curvemill::installFaultTranslation();
+    curvemill::GuardedApplication qt(argc, argv);
+    curvemill::Application application(qt);
+    return application.run();
 }

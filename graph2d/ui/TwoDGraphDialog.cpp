@@ -28,7 +28,9 @@ namespace {
 constexpr int kEditLength = 70;
 constexpr int kPointsUnit = 10000;
 
-QString idName(int id) { return QString::number(id); }
+QString idName(int id) {
+    return QString::number(id);
+}
 
 }  // namespace
 
@@ -78,8 +80,8 @@ void TwoDGraphDialog::buildControls() {
     pointsSpin_->editor()->setObjectName(idName(twod_ids::kPointsEdit));
     pointsLabel_ = new QLabel(QStringLiteral("100000 Points"), this);
     pointsLabel_->setObjectName(idName(twod_ids::kPointsLabel));
-    pointsLabel_->setMinimumWidth(pointsLabel_->fontMetrics().horizontalAdvance(
-        QStringLiteral("400000 Points ")));
+    pointsLabel_->setMinimumWidth(
+        pointsLabel_->fontMetrics().horizontalAdvance(QStringLiteral("400000 Points ")));
     progress_ = new QProgressBar(this);
     progress_->setObjectName(idName(twod_ids::kProgress));
     progress_->setRange(0, 100);
@@ -172,8 +174,7 @@ void TwoDGraphDialog::setHistoryHooks(TwoDGraphHistoryHooks hooks) {
     historyButton_->setEnabled(static_cast<bool>(hooks_.showPreviousEntries) && !isRunning());
 }
 
-void TwoDGraphDialog::setEntry(const QString& formula, const QString& xBegin,
-                               const QString& xEnd) {
+void TwoDGraphDialog::setEntry(const QString& formula, const QString& xBegin, const QString& xEnd) {
     formulaEdit_->setText(formula);
     xBeginEdit_->setText(xBegin);
     xEndEdit_->setText(xEnd);
@@ -204,16 +205,16 @@ void TwoDGraphDialog::applyPrompts(bool on) {
                "Functions: sin( cos( tan( asin( acos( atan( ln( log( and Sqr( for the square "
                "root (with a capital S).\n"
                "Constants: pi and e. ! after a number is its factorial."));
-    pointsSpin_->setToolTip(on ? QStringLiteral(
-                                     "How many points are computed, in units of 10000 (1 to 40).\n"
-                                     "More points draw fine detail; fewer draw faster.")
-                               : QString());
+    pointsSpin_->setToolTip(
+        on ? QStringLiteral("How many points are computed, in units of 10000 (1 to 40).\n"
+                            "More points draw fine detail; fewer draw faster.")
+           : QString());
 }
 
 void TwoDGraphDialog::setRunning(bool running) {
-    for (QWidget* input : std::initializer_list<QWidget*>{
-             xBeginEdit_, xEndEdit_, formulaEdit_, usePrompts_, pointsSpin_, okButton_,
-             cancelButton_, historyListButton_}) {
+    for (QWidget* input : std::initializer_list<QWidget*>{xBeginEdit_, xEndEdit_, formulaEdit_,
+                                                          usePrompts_, pointsSpin_, okButton_,
+                                                          cancelButton_, historyListButton_}) {
         input->setEnabled(!running);
     }
     historyButton_->setEnabled(!running && static_cast<bool>(hooks_.showPreviousEntries));
@@ -270,9 +271,8 @@ void TwoDGraphDialog::accept() {
     const int slot = role_ == TwoDGraphRole::Main ? kFunctionSlot : kSecondFunctionSlot;
     previousSlot_ = formula_.slots[slot];
     formula_.errorText.clear();
-    if (!prepareFormula(formula_, typed, role_ == TwoDGraphRole::Main ? kModeFunction
-                                                                     : kModeSecondFunction,
-                        true)) {
+    if (!prepareFormula(formula_, typed,
+                        role_ == TwoDGraphRole::Main ? kModeFunction : kModeSecondFunction, true)) {
         if (formula_.errorText.empty()) {
             formulaEdit_->setFocus();
             return;
@@ -320,8 +320,7 @@ void TwoDGraphDialog::startRun(const std::string& typedFormula, double xBegin, d
             }
             lastPercent = percent;
             QMetaObject::invokeMethod(
-                progress_, [this, percent] { progress_->setValue(percent); },
-                Qt::QueuedConnection);
+                progress_, [this, percent] { progress_->setValue(percent); }, Qt::QueuedConnection);
         };
         bool completed = false;
         const std::optional<Failure> failure = catchFailure(kProcTwoDGraphDialog, [&] {
@@ -339,8 +338,7 @@ void TwoDGraphDialog::startRun(const std::string& typedFormula, double xBegin, d
             code = failure->code;
         }
         QMetaObject::invokeMethod(
-            this, [this, completed, code] { finishRun(completed, code); },
-            Qt::QueuedConnection);
+            this, [this, completed, code] { finishRun(completed, code); }, Qt::QueuedConnection);
     });
 }
 

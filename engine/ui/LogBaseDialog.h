@@ -1,0 +1,42 @@
+// The Log Base dialog: base 10 or another base for log(.
+#pragma once
+
+#include <QDialog>
+
+#include "shell/ProcedureNames.h"
+
+class QLineEdit;
+class QRadioButton;
+
+namespace curvemill {
+
+class Formula;
+
+// Control identifiers (each widget's objectName).
+inline constexpr int kLogBaseTenRadio = 1045;
+inline constexpr int kLogBaseOtherRadio = 1046;
+inline constexpr int kLogBaseEdit = 1047;
+
+class LogBaseDialog : public QDialog, public FailureScope {
+    Q_OBJECT
+  public:
+    LogBaseDialog(Formula& formula, QWidget* parent = nullptr);
+    ProcedureName procedureName() const override { return kProcLogBaseDialog; }
+
+  public Q_SLOTS:
+    void accept() override;
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    // Box enabled only while another base is chosen.
+    void followChoice();
+
+    Formula& formula_;
+    QRadioButton* baseTen_;
+    QRadioButton* otherBase_;
+    QLineEdit* baseEdit_;
+};
+
+}  // namespace curvemill

@@ -1,0 +1,72 @@
+#include "shell/ui/Application.h"
+
+#include <QScreen>
+#include <QTimer>
+
+#include "shell/FailureGuard.h"
+#include "shell/HistoryPort.h"
+#include "shell/ui/GuardedApplication.h"
+#include "shell/ui/MainWindow.h"
+#include "shell/ui/TitlePage.h"
+
+namespace curvemill {
+
+Application::Application(GuardedApplication& qt, StartupOptions options)
+    : qt_(qt), options_(options) {}
+
+Application::~Application() = default;
+
+void Application::setHistoryPort(HistoryPort* history) {
+    history_ = history;
+    if (window_) {
+        window_->setHistoryPort(history);
+    }
+}
+
+int Application::run() {
+    qt_.setFailureReporter(&reporter_);
+    // Closing the main window ends the program even while history windows are open.
+    qt_.setQuitOnLastWindowClosed(false);
+
+    bool started = runGuarded(kProcWinMain, reporter_, [&] {
+        window_ = std::make_unique<MainWindow>(MainWindowParts{formula_, graph_, view_, reporter_});
+        window_->setHistoryPort(history_);
+    });
+    started = started && runGuarded(kProcWinMain, reporter_, [&] {
+                  platform_.addWindowHider([this] {
+                      if (history_ != nullptr) {
+                          history_->hideWindows();
+                      }
+                  });
+                  platform_.addWindowHider([this] {
+                      if (window_) {
+                          window_->hide();
+                      }
+                  });
+                  QObject::connect(window_.get(), &MainWindow::closed, &qt_, &QApplication::quit,
+                                   Qt::QueuedConnection);
+              });
+    started = started && runGuarded(kProcWinMain, reporter_, [&] {
+                  // Without a window manager "maximised" means nothing: start at the screen's size
+                  // anyway.
+                  if (const QScreen* screen = window_->screen()) {
+                      window_->setGeometry(screen->availableGeometry());
+                  }
+                  window_->showMaximized();
+              });
+    if (!started) {
+        return 0;
+    }
+    if (options_.quitOnFirstPaint) {
+        QObject::connect(window_->titlePage(), &TitlePage::firstPainted, &qt_,
+                         [this] { QTimer::singleShot(0, &qt_, &QApplication::quit); });
+    } else if (history_ != nullptr) {
+        // After the window has been painted, so the loading dialog appears over the title page.
+        QTimer::singleShot(0, &qt_, [this] {
+            runGuarded(kProcWinMain, reporter_, [this] { history_->loadAtStartup(); });
+        });
+    }
+    return qt_.exec();
+}
+
+}  // namespace curvemill

@@ -1,0 +1,53 @@
+// The application object: owns one instance of every concern and runs the start-up sequence.
+#pragma once
+
+#include <memory>
+
+#include "engine/Formula.h"
+#include "graph2d/GraphView.h"
+#include "graph2d/TwoDGraph.h"
+#include "shell/FailureReporter.h"
+#include "shell/ui/QtFailurePlatform.h"
+
+namespace curvemill {
+
+class GuardedApplication;
+class HistoryPort;
+class MainWindow;
+
+struct StartupOptions {
+    // Ends the event loop once the title page has been painted (start-up timing).
+    bool quitOnFirstPaint = false;
+};
+
+class Application {
+  public:
+    Application(GuardedApplication& qt, StartupOptions options = {});
+    ~Application();
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
+
+    // Wires the history; call before run(). Without it the history commands stay disabled.
+    void setHistoryPort(HistoryPort* history);
+    // Start-up steps, each guarded as "WinMain", then the event loop; returns its exit code.
+    int run();
+
+    Formula& formula() { return formula_; }
+    TwoDGraph& graph() { return graph_; }
+    GraphView& view() { return view_; }
+    FailureReporter& reporter() { return reporter_; }
+    MainWindow* mainWindow() const { return window_.get(); }
+
+  private:
+    GuardedApplication& qt_;
+    StartupOptions options_;
+    Formula formula_;
+    TwoDGraph graph_;
+    GraphView view_;
+    QtFailurePlatform platform_;
+    RestartingFailureReporter reporter_{platform_};
+    HistoryPort* history_ = nullptr;
+    std::unique_ptr<MainWindow> window_;
+};
+
+}  // namespace curvemill

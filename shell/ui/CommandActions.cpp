@@ -1,0 +1,131 @@
+#include "shell/ui/CommandActions.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+
+#include "shell/ui/ToolbarIcons.h"
+
+namespace curvemill {
+
+namespace {
+
+QString qs(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+// The menu of a path such as "Zoom/Zoom In", created on first use so menus keep table order.
+QMenu* menuFor(QMenuBar& bar, std::map<QString, QMenu*>& menus, const QString& path) {
+    if (auto found = menus.find(path); found != menus.end()) {
+        return found->second;
+    }
+    const qsizetype slash = path.lastIndexOf(QLatin1Char('/'));
+    QMenu* menu = nullptr;
+    if (slash < 0) {
+        menu = bar.addMenu(path);
+    } else {
+        menu = menuFor(bar, menus, path.left(slash))->addMenu(path.mid(slash + 1));
+    }
+    menu->setObjectName(path);
+    menus[path] = menu;
+    return menu;
+}
+
+}  // namespace
+
+CommandActions::CommandActions(QMainWindow& window, CommandTarget& target) {
+    toolBar_ = window.addToolBar(QStringLiteral("Commands"));
+    toolBar_->setObjectName(QStringLiteral("toolbar"));
+    toolBar_->setMovable(false);
+    toolBar_->setIconSize(QSize(24, 24));
+    mouseModes_ = new QActionGroup(&window);
+    mouseModes_->setExclusive(true);
+
+    std::map<QString, QMenu*> menus;
+    QString lastToolbarGroup;
+    for (const CommandSpec& spec : commandTable()) {
+        auto* action = new QAction(qs(menuLabel(spec)), &window);
+        action->setObjectName(QString::number(spec.id));
+        if (!spec.key.empty()) {
+            action->setShortcut(QKeySequence(qs(spec.key)));
+            action->setShortcutContext(Qt::WindowShortcut);
+        }
+        if (!spec.tooltip.empty()) {
+            action->setToolTip(qs(spec.tooltip));
+            action->setIcon(toolbarIcon(spec.id));
+        }
+        if (spec.handler != nullptr) {
+            const auto handler = spec.handler;
+            QObject::connect(action, &QAction::triggered, &window,
+                             [&target, handler] { (target.*handler)(); });
+        }
+        if (spec.id == cmd::kMouseMove || spec.id == cmd::kMouseSelect) {
+            action->setCheckable(true);
+            action->setChecked(spec.id == cmd::kMouseMove);
+            mouseModes_->addAction(action);
+        }
+        if (spec.id == cmd::kDrawGrid) {
+            action->setCheckable(true);
+        }
+        actions_[spec.id] = action;
+
+        switch (spec.place) {
+            case CommandPlace::Menu: {
+                const QString path = qs(spec.menu);
+                if (path.isEmpty()) {
+                    window.menuBar()->addAction(action);
+                } else {
+                    QMenu* menu = menuFor(*window.menuBar(), menus, path);
+                    if (spec.id == cmd::kExit || spec.id == cmd::kSaveNewEntries) {
+                        menu->addSeparator();
+                    }
+                    menu->addAction(action);
+                }
+                if (!spec.tooltip.empty()) {
+                    const QString group = path.section(QLatin1Char('/'), 0, 0);
+                    if (!lastToolbarGroup.isEmpty() && group != lastToolbarGroup) {
+                        toolBar_->addSeparator();
+                    }
+                    lastToolbarGroup = group;
+                    toolBar_->addAction(action);
+                }
+                break;
+            }
+            case CommandPlace::ToolbarOnly:
+                if (spec.id == cmd::kReturnToTitleButton || spec.id == cmd::kMouseMove ||
+                    spec.id == 40101 || spec.id == cmd::kDemoFailure) {
+                    toolBar_->addSeparator();
+                }
+                toolBar_->addAction(action);
+                break;
+            case CommandPlace::AcceleratorOnly:
+                window.addAction(action);
+                break;
+        }
+    }
+}
+
+QAction* CommandActions::action(int id) const {
+    const auto found = actions_.find(id);
+    return found == actions_.end() ? nullptr : found->second;
+}
+
+void CommandActions::apply(const ShellState& state) {
+    for (const CommandSpec& spec : commandTable()) {
+        QAction* action = actions_.at(spec.id);
+        action->setEnabled(commandEnabled(spec, state));
+        const CommandLook look = commandLook(spec, state);
+        action->setText(qs(look.text.substr(0, look.text.find('\t'))));
+        if (!look.tooltip.empty()) {
+            action->setToolTip(qs(look.tooltip));
+        }
+        if (spec.id == cmd::kDrawGrid) {
+            action->setChecked(state.gridOn);
+        }
+    }
+}
+
+}  // namespace curvemill

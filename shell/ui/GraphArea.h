@@ -1,0 +1,65 @@
+// The main window's graph: painted from a back buffer by the 2D graph painter, with scroll bars.
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+#include "graph2d/GraphView.h"
+#include "graph2d/TwoDGraph.h"
+#include "graph2d/ui/GraphPainter.h"
+
+class QScrollBar;
+
+namespace curvemill {
+
+// The drawing surface itself; the scroll bars sit beside it in GraphArea.
+class GraphCanvas : public QWidget {
+    Q_OBJECT
+  public:
+    GraphCanvas(const TwoDGraph& graph, GraphView& view, QWidget* parent = nullptr);
+    // The graph or the view changed: draw the buffer again before the next paint.
+    void invalidate();
+    const QImage& backBuffer() const { return buffer_; }
+
+  Q_SIGNALS:
+    // The view was laid out again: the scroll bars follow its content size.
+    void viewLaidOut();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void render();
+
+    const TwoDGraph& graph_;
+    GraphView& view_;
+    // Keeps the fonts between repaints, as the screen's drawing set.
+    GraphPainter painter_;
+    // Sized in device pixels, so the graph is sharp on high-density screens.
+    QImage buffer_;
+    bool stale_ = true;
+    // The size the view was last laid out for; a new size chooses the grid steps again.
+    QSize laidOutSize_;
+};
+
+class GraphArea : public QWidget {
+    Q_OBJECT
+  public:
+    GraphArea(const TwoDGraph& graph, GraphView& view, QWidget* parent = nullptr);
+    GraphCanvas* canvas() const { return canvas_; }
+    QScrollBar* horizontalBar() const { return horizontal_; }
+    QScrollBar* verticalBar() const { return vertical_; }
+    void redraw();
+
+  private:
+    void updateScrollBars();
+
+    GraphCanvas* canvas_;
+    GraphView* view_ = nullptr;
+    // Present from the start; zooming and scrolling give them a range.
+    QScrollBar* horizontal_;
+    QScrollBar* vertical_;
+};
+
+}  // namespace curvemill

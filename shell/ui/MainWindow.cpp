@@ -1,0 +1,268 @@
+#include "shell/ui/MainWindow.h"
+
+#include <cstdlib>
+#include <utility>
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QMessageBox>
+#include <QProcess>
+#include <QProgressBar>
+#include <QStackedWidget>
+#include <QStatusBar>
+
+#include "engine/Formula.h"
+#include "graph2d/GraphView.h"
+#include "graph2d/TwoDGraph.h"
+#include "graph2d/ui/TwoDGraphDialog.h"
+#include "shell/CalculatorLocator.h"
+#include "shell/HistoryPort.h"
+#include "shell/ui/CommandActions.h"
+#include "shell/ui/GraphArea.h"
+#include "shell/ui/ProductWebPage.h"
+#include "shell/ui/TitlePage.h"
+
+namespace curvemill {
+
+MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
+    setObjectName(QStringLiteral("GRAPHIC"));
+    setWindowTitle(QStringLiteral("CURVEMILL"));
+    commands_ = std::make_unique<CommandActions>(*this, *this);
+
+    pages_ = new QStackedWidget(this);
+    titlePage_ = new TitlePage(pages_);
+    graphArea_ = new GraphArea(parts_.graph, parts_.view, pages_);
+    pages_->addWidget(titlePage_);
+    pages_->addWidget(graphArea_);
+    setCentralWidget(pages_);
+    connect(titlePage_, &TitlePage::commandTriggered, this, &MainWindow::onTitleCommand);
+
+    progress_ = new QProgressBar(this);
+    progress_->setObjectName(QStringLiteral("progressBar"));
+    progress_->setFixedSize(400, 20);
+    progress_->setRange(0, 100);
+    progress_->setValue(0);
+    progress_->setTextVisible(false);
+    statusBar()->addPermanentWidget(progress_);
+    statusBar()->showMessage(QStringLiteral("Ready"));
+
+    refreshCommands();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::setHistoryPort(HistoryPort* history) {
+    history_ = history;
+    if (history_ != nullptr) {
+        history_->setChangedCallback([this] { refreshCommands(); });
+    }
+    for (TwoDGraphDialog* dialog : {mainDialog_, secondDialog_}) {
+        if (dialog != nullptr) {
+            delete dialog;
+        }
+    }
+    mainDialog_ = nullptr;
+    secondDialog_ = nullptr;
+    refreshCommands();
+}
+
+ShellState MainWindow::shellState() const {
+    ShellState state;
+    state.kind = kind_;
+    state.hasSecondFunction = parts_.graph.hasSecond();
+    state.hasDerivative = parts_.graph.hasDerivative();
+    state.hasIntegral = parts_.graph.hasIntegral();
+    state.gridOn = parts_.view.gridOn;
+    state.historyWired = history_ != nullptr;
+    state.historyChanged = history_ != nullptr && history_->hasUnsavedEntries();
+    return state;
+}
+
+void MainWindow::refreshCommands() {
+    commands_->apply(shellState());
+}
+
+TwoDGraphDialog* MainWindow::twoDGraphDialog(bool second) {
+    TwoDGraphDialog*& dialog = second ? secondDialog_ : mainDialog_;
+    if (dialog == nullptr) {
+        dialog =
+            new TwoDGraphDialog(second ? TwoDGraphRole::Second : TwoDGraphRole::Main,
+                                parts_.formula, parts_.graph, parts_.view, parts_.reporter, this);
+        dialog->setWindowModality(Qt::WindowModal);
+        if (history_ != nullptr) {
+            HistoryPort* history = history_;
+            TwoDGraphHistoryHooks hooks;
+            hooks.record = [history](const std::string& formula, const std::string& xBegin,
+                                     const std::string& xEnd) {
+                history->recordEntry(TypedEntry{formula, xBegin, xEnd, "$", "$", 'y'});
+            };
+            hooks.showPreviousEntries = [history, dialog] {
+                history->showPreviousEntries([dialog](const TypedEntry& entry) {
+                    dialog->setEntry(QString::fromStdString(entry.formula),
+                                     QString::fromStdString(entry.xBegin),
+                                     QString::fromStdString(entry.xEnd));
+                });
+            };
+            hooks.showListOfFunctions = [history] { history->showListOfFunctions(); };
+            dialog->setHistoryHooks(std::move(hooks));
+        }
+        connect(dialog, &TwoDGraphDialog::curvesChanged, this, [this] {
+            graphArea_->redraw();
+            refreshCommands();
+        });
+        connect(dialog, &TwoDGraphDialog::graphDrawn, this, &MainWindow::showGraph);
+    }
+    return dialog;
+}
+
+void MainWindow::showGraph() {
+    kind_ = GraphKind::Function2D;
+    pages_->setCurrentWidget(graphArea_);
+    graphArea_->redraw();
+    refreshCommands();
+}
+
+void MainWindow::onTitleCommand(int id) {
+    switch (id) {
+        case kTitleProductButton:
+            openProductWebPage(this);
+            break;
+        case kTitleTwoDGraphButton:
+            openTwoDGraph();
+            break;
+        default:
+            break;
+    }
+}
+
+void MainWindow::openTwoDGraph() {
+    twoDGraphDialog(false)->open();
+}
+
+void MainWindow::addOrEraseSecondFunction() {
+    if (!parts_.graph.hasSecond()) {
+        twoDGraphDialog(true)->open();
+        return;
+    }
+    parts_.graph.second.release();
+    parts_.graph.secondFormulaText.clear();
+    resetView(parts_.view, parts_.graph);
+    graphArea_->redraw();
+    refreshCommands();
+}
+
+void MainWindow::switchFunctions() {
+    TwoDGraph& graph = parts_.graph;
+    if (!graph.hasSecond()) {
+        return;
+    }
+    std::swap(graph.main, graph.second);
+    std::swap(graph.mainFormulaText, graph.secondFormulaText);
+    std::swap(parts_.formula.slots[0], parts_.formula.slots[2]);
+    // The derivative and the integral were taken of the function that is now the second one.
+    graph.derivative.release();
+    graph.integral.release();
+    graph.areaLast = -1;
+    parts_.view.areaPainted = false;
+    resetView(parts_.view, graph);
+    graphArea_->redraw();
+    refreshCommands();
+}
+
+void MainWindow::saveNewEntries() {
+    if (history_ != nullptr) {
+        history_->saveNow();
+    }
+    refreshCommands();
+}
+
+void MainWindow::returnToTitlePage() {
+    kind_ = GraphKind::TitlePage;
+    pages_->setCurrentWidget(titlePage_);
+    refreshCommands();
+    Q_EMIT titlePageShown();
+}
+
+void MainWindow::exitProgram() {
+    const auto answer = QMessageBox::question(this, QStringLiteral("Exit"),
+                                              QStringLiteral("DO YOU REALLY WANT TO EXIT?"),
+                                              QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+    if (answer != QMessageBox::Yes) {
+        return;
+    }
+    close();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    for (TwoDGraphDialog* dialog : {mainDialog_, secondDialog_}) {
+        if (dialog != nullptr && dialog->isRunning()) {
+            dialog->stop();
+        }
+    }
+    if (history_ != nullptr && !history_->saveOnExit()) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    Q_EMIT closed();
+}
+
+void MainWindow::toggleGrid() {
+    parts_.view.gridOn = !parts_.view.gridOn;
+    graphArea_->redraw();
+    refreshCommands();
+}
+
+void MainWindow::openCalculator() {
+    const char* path = std::getenv("PATH");
+    const std::string program = findCalculator(path != nullptr ? path : "");
+    if (program.empty()) {
+        QMessageBox::warning(this, QStringLiteral("CURVEMILL"),
+                             QString::fromLatin1(kMsgNoCalculator));
+        return;
+    }
+    QProcess::startDetached(QString::fromStdString(program), {});
+}
+
+void MainWindow::setMouseMove() {
+    mouseMode_ = MouseMode::Move;
+    graphArea_->setCursor(Qt::OpenHandCursor);
+}
+
+void MainWindow::setMouseSelect() {
+    mouseMode_ = MouseMode::Select;
+    graphArea_->setCursor(Qt::CrossCursor);
+}
+
+void MainWindow::demonstrateFailure() {
+    parts_.reporter.reportFailure(kProcTest, 0);
+}
+
+void MainWindow::showAbout() {
+    QMessageBox::about(
+        this, QStringLiteral("About CurveMill"),
+        QStringLiteral("<h3>CurveMill</h3><p>Plots and examines mathematical functions: type a "
+                       "formula such as <tt>sin(x)/x*80</tt>, give its range and see its "
+                       "graph.</p><p><a href=\"%1\">%1</a><br>Support: &lt;%2&gt;</p>")
+            .arg(QString::fromLatin1(kProductWebAddress), QStringLiteral("support@curvemill.org")));
+}
+
+void MainWindow::findInHistory() {
+    if (history_ != nullptr) {
+        history_->runListCommand(cmd::kFind);
+    }
+}
+
+void MainWindow::findNextInHistory() {
+    if (history_ != nullptr) {
+        history_->runListCommand(cmd::kFindNext);
+    }
+}
+
+void MainWindow::deleteHistoryItem() {
+    if (history_ != nullptr) {
+        history_->runListCommand(cmd::kDeleteItem);
+    }
+}
+
+}  // namespace curvemill

@@ -1,0 +1,26 @@
+// The failure report's actions on the desktop: hide the windows, show the box, restart, exit.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "shell/FailureReporter.h"
+
+namespace curvemill {
+
+class QtFailurePlatform final : public FailurePlatform {
+  public:
+    // Registered in hiding order: the history windows, the preview window, the main window.
+    void addWindowHider(std::function<void()> hide) { hiders_.push_back(std::move(hide)); }
+
+    void hideWindows() override;
+    void showErrorMessage(const std::string& text) override;
+    std::string executablePath() override;
+    void startDetached(const std::string& program) override;
+    [[noreturn]] void exitProcess(int code) override;
+
+  private:
+    std::vector<std::function<void()>> hiders_;
+};
+
+}  // namespace curvemill
