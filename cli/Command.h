@@ -23,6 +23,8 @@ struct Command {
 // To add a command: write its file with a factory like these and list it in CommandTable.cpp.
 Command checkCommand();
 Command evalCommand();
+Command plotCommand();
+Command sampleCommand();
 
 std::span<const Command> commandTable();
 

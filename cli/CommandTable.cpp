@@ -5,7 +5,8 @@
 namespace curvemill::cli {
 
 std::span<const Command> commandTable() {
-    static const std::vector<Command> table{checkCommand(), evalCommand()};
+    static const std::vector<Command> table{checkCommand(), evalCommand(), sampleCommand(),
+                                            plotCommand()};
     return table;
 }
 

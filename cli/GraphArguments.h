@@ -1,0 +1,43 @@
+// What the plot and sample commands share: their options, the dialog's checks, the sampling.
+#pragma once
+
+#include <optional>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cli/Arguments.h"
+#include "engine/Formula.h"
+#include "graph2d/TwoDGraph.h"
+
+namespace curvemill::cli {
+
+// The options every 2D graph command takes.
+std::vector<OptionSpec> graphOptions();
+
+// Options may also follow FORMULA ("plot sin(x) --x-begin -1 ..."): parses the words after it
+// into `arguments`, with "-o" standing for "--output". Returns false after writing a usage
+// message to `err`.
+bool parseTrailingOptions(const CommandSyntax& syntax, ParsedArguments& arguments,
+                          std::ostream& err);
+
+// --points as the dialog takes it: a multiple of 10000 from 10000 to 400000 (default 100000).
+std::optional<int> pointsArgument(const std::optional<std::string>& value, std::string_view command,
+                                  std::ostream& err);
+
+struct GraphRequest {
+    std::string formula;
+    std::optional<std::string> secondFormula;
+    std::string xBegin;
+    std::string xEnd;
+    int points = 100000;
+    bool derivative = false;
+};
+
+// Checks the entries in the order of the Two D Graph dialog and samples the main curve, then the
+// second function and the derivative when asked for. Returns the dialog's message on refusal.
+std::optional<std::string> computeGraph(const GraphRequest& request, Formula& formula,
+                                        TwoDGraph& graph);
+
+}  // namespace curvemill::cli
