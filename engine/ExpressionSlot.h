@@ -17,7 +17,8 @@ struct ExpressionSlot {
     std::int32_t length = 0;
     // Bracketed and encoded formula, NUL-terminated.
     std::array<char, kSlotCapacity> text{};
-    // Copy of text taken when an evaluation starts.
+    // The text every evaluation starts from; filled when the plan is built, since evaluate only
+    // runs the plan and never rewrites text.
     std::array<char, kSlotCapacity + 4> savedText{};
     // Value of each 'k' by its text position.
     std::array<double, kSlotCapacity> constants{};
