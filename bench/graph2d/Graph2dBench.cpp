@@ -1,0 +1,84 @@
+// Sampling and drawing speed of 400,000-point curves, the largest the Function dialog allows.
+#include <cstdlib>
+
+#include <benchmark/benchmark.h>
+
+#include "engine/Formula.h"
+#include "engine/Preparation.h"
+#include "graph2d/CurveSampler.h"
+#include "graph2d/GraphView.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+
+#include "graph2d/ui/GraphPainter.h"
+
+namespace curvemill {
+namespace {
+
+struct Case {
+    const char* formula;
+    double xBegin;
+    double xEnd;
+};
+
+constexpr Case kCases[] = {{"sin(x)/x*80", -10.0, 10.0}, {"tan(x)", -20.0, 20.0}};
+constexpr int kPoints = 400000;
+
+void prepare(Formula& formula, TwoDGraph& graph, const Case& c) {
+    prepareFormula(formula, c.formula, 'f');
+    graph.xBegin = c.xBegin;
+    graph.xEnd = c.xEnd;
+    graph.pointsPerRun = kPoints;
+    graph.mainFormulaText = c.formula;
+}
+
+void BM_Sample(benchmark::State& state) {
+    const Case& c = kCases[state.range(0)];
+    Formula formula;
+    TwoDGraph graph;
+    prepare(formula, graph, c);
+    for (auto _ : state) {
+        sampleCurve(graph, formula, {});
+        benchmark::DoNotOptimize(graph.main.pointCount);
+    }
+    state.SetLabel(c.formula);
+    state.counters["records"] = graph.main.pointCount;
+}
+
+void BM_Draw1920x1080(benchmark::State& state) {
+    const Case& c = kCases[state.range(0)];
+    Formula formula;
+    TwoDGraph graph;
+    prepare(formula, graph, c);
+    sampleCurve(graph, formula, {});
+    GraphView view;
+    view.gridOn = true;
+    setViewSize(view, 1920, 1080);
+    resetView(view, graph);
+    fitGraphHeight(view);
+    QImage image(1920, 1080, QImage::Format_RGB32);
+    GraphPainter painter;
+    for (auto _ : state) {
+        QPainter p(&image);
+        painter.draw(p, graph, view);
+    }
+    state.SetLabel(c.formula);
+}
+
+BENCHMARK(BM_Sample)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Draw1920x1080)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace curvemill
+
+int main(int argc, char** argv) {
+    // Fonts need an application object; benchmarks run without a display.
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    QGuiApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
