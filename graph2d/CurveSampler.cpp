@@ -62,14 +62,18 @@ class SamplingRun {
 bool SamplingRun::run() {
     const double dx = static_cast<double>((static_cast<long double>(xEnd_) - xBegin_) /
                                           static_cast<long double>(n_));
-    if (!(xEnd_ - dx < xEnd_)) {
+    // A range that is not a pair of ordinary numbers would never end the stepping loop.
+    const bool ordinary = std::isfinite(xBegin_) && std::isfinite(xEnd_) && xBegin_ < xEnd_;
+    if (!ordinary || !(xEnd_ - dx < xEnd_)) {
         return sampleEvenly(f_, xBegin_, xEnd_, n_, store_, extent_, progress_, control_, formula_);
     }
     double previousY = -1e10;
     bool rising = true;
     int turns = 0;
     long pass = 0;
-    for (double x = xBegin_; x <= xEnd_; x += dx, ++pass) {
+    // Rounding in x += dx may add a pass; the bound only guards the room of the store.
+    const long lastPass = static_cast<long>(n_) + 2;
+    for (double x = xBegin_; x <= xEnd_ && pass <= lastPass; x += dx, ++pass) {
         progress_.report(x);
         if (stopRequested(control_, formula_)) {
             return false;

@@ -210,6 +210,22 @@ TEST(CurveSampler, NarrowRangeIsSampledEvenly) {
     EXPECT_EQ(c.yMax, 2 * b);
 }
 
+TEST(CurveSampler, RangesTheDialogWouldRefuseStillEnd) {
+    const struct {
+        double a;
+        double b;
+    } cases[] = {{-INFINITY, INFINITY}, {0.0, INFINITY}, {1.0, -1.0}, {2.0, 2.0}, {NAN, 1.0},
+                 {-1e308, 1e308}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.a << " .. " << c.b);
+        Sampled s;
+        sample(s, "tan(x)", c.a, c.b);
+        EXPECT_TRUE(s.completed);
+        EXPECT_GE(s.graph.main.pointCount, 1);
+        EXPECT_LE(static_cast<std::size_t>(s.graph.main.pointCount), s.graph.main.points.size());
+    }
+}
+
 TEST(CurveSampler, StopRemovesTheSecondFunctionButLeavesTheMainCurve) {
     Sampled s;
     sample(s, "x^2", -2.0, 2.0);
