@@ -32,9 +32,9 @@ int runCheck(const ParsedArguments& arguments, std::ostream& out, std::ostream& 
 
 Command checkCommand() {
     return {{"check",
-             "Checks a formula as the program's edit boxes do and prints it fully bracketed,\n"
-             "with function names in their one-letter codes (x+2*x gives (x+(2*x))); a refused\n"
-             "formula prints the check's message instead.",
+             "Checks a formula as the program's edit boxes do.\n"
+             "An accepted formula is printed fully bracketed, with function names in their\n"
+             "one-letter codes (x+2*x gives (x+(2*x))); a refused one prints the check's message.",
              "FORMULA",
              1,
              1,

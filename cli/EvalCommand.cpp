@@ -66,9 +66,10 @@ int runEval(const ParsedArguments& arguments, std::ostream& out, std::ostream& e
 
 Command evalCommand() {
     return {{"eval",
-             "Evaluates a formula at X (and Y) and prints the value with 17 significant digits,\n"
-             "or INDEFINITE when it leaves a function's domain. X and Y are read like the\n"
-             "program's number boxes, so constant expressions such as pi/2 are allowed.",
+             "Evaluates a formula at X (and Y).\n"
+             "Prints the value with 17 significant digits, or INDEFINITE when it leaves a\n"
+             "function's domain. X and Y are read like the program's number boxes, so constant\n"
+             "expressions such as pi/2 are allowed.",
              "FORMULA X [Y]",
              2,
              3,

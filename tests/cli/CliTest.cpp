@@ -77,7 +77,24 @@ TEST_P(CliTest, PrintsAndExitsAsScriptsExpect) {
     }
 }
 
-const std::string kLongFormula = "x" + std::string(50, ' ') + std::string(50, '+') + "x";
+void PrintTo(const CliCase& c, std::ostream* os) {
+    for (const std::string& a : c.args) {
+        *os << '[' << a << "] ";
+    }
+}
+
+// n terms "x" joined by '+', 2n-1 characters.
+std::string sumOfX(int n) {
+    std::string text = "x";
+    for (int i = 1; i < n; ++i) {
+        text += "+x";
+    }
+    return text;
+}
+
+// 99 characters are what an edit box holds; blanks do not count.
+const std::string kLongest = sumOfX(50) + "        ";
+const std::string kTooLong = sumOfX(51);
 
 INSTANTIATE_TEST_SUITE_P(
     Check, CliTest,
@@ -99,7 +116,8 @@ INSTANTIATE_TEST_SUITE_P(
         CliCase{{"check", "--mode", "z", "x"}, "", 2}, CliCase{{"check", "--mode"}, "", 2},
         CliCase{{"check", "--bogus", "x"}, "", 2}, CliCase{{"check", "--lenient=1", "x"}, "", 2},
         CliCase{{"check"}, "", 2}, CliCase{{"check", "x", "y"}, "", 2},
-        CliCase{{"check", kLongFormula}, "", 2}));
+        CliCase{{"check", kLongest}, std::string("(").append(sumOfX(50)).append(")\n"), 0},
+        CliCase{{"check", kTooLong}, "", 2}));
 
 INSTANTIATE_TEST_SUITE_P(
     Eval, CliTest,

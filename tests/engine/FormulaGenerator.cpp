@@ -45,12 +45,17 @@ constexpr std::array kSpecials{"asin(1.0000001)",
                                "((-x)^(2*3))",
                                "(0*x/0)"};
 
+// Rough count of characters after which a formula stops growing: deep formulas would otherwise
+// mostly come out longer than 99 characters and be thrown away.
+constexpr std::size_t kBudget = 70;
+
 }  // namespace
 
 std::string FormulaGenerator::next(bool withY) {
     withY_ = withY;
     std::string text;
     do {
+        produced_ = 0;
         text = expression(1 + static_cast<int>(pick(4)));
     } while (text.size() > 99);
     if (chance(4)) {
@@ -67,7 +72,7 @@ std::string FormulaGenerator::next(bool withY) {
 std::string FormulaGenerator::expression(int depth) {
     std::string text = chance(20) ? "-" : "";
     text += term(depth);
-    for (std::size_t n = pick(depth + 2); n > 0; --n) {
+    for (std::size_t n = pick(depth + 2); n > 0 && produced_ < kBudget; --n) {
         text += chance(50) ? "+" : "-";
         text += term(depth);
     }
@@ -76,7 +81,7 @@ std::string FormulaGenerator::expression(int depth) {
 
 std::string FormulaGenerator::term(int depth) {
     std::string text = powerChain(depth);
-    for (std::size_t n = pick(3); n > 0; --n) {
+    for (std::size_t n = pick(3); n > 0 && produced_ < kBudget; --n) {
         text += chance(50) ? "*" : "/";
         text += powerChain(depth);
     }
@@ -98,7 +103,7 @@ std::string FormulaGenerator::powerChain(int depth) {
 }
 
 std::string FormulaGenerator::atom(int depth) {
-    const std::size_t choice = depth <= 0 ? 0 : pick(100);
+    const std::size_t choice = depth <= 0 || produced_ >= kBudget ? 0 : pick(100);
     if (choice < 55) {
         return leaf();
     }
@@ -106,12 +111,16 @@ std::string FormulaGenerator::atom(int depth) {
         return kFunctions[pick(kFunctions.size())] + expression(depth - 1) + ")";
     }
     if (choice < 93) {
-        return "(" + expression(depth - 1) + ")";
+        std::string text(1, '(');  // appending sidesteps a false -Wrestrict of GCC 12
+        text += expression(depth - 1);
+        return text += ')';
     }
+    produced_ += 8;
     return kSpecials[pick(kSpecials.size())];
 }
 
 std::string FormulaGenerator::leaf() {
+    produced_ += 3;
     const std::size_t choice = pick(100);
     if (choice < 40) {
         return number();
@@ -131,7 +140,8 @@ std::string FormulaGenerator::number() {
     }
     std::string digits = std::to_string(pick(1000));
     if (chance(50)) {
-        digits += "." + std::to_string(pick(100000));
+        digits += '.';
+        digits += std::to_string(pick(100000));
     }
     return digits;
 }

@@ -30,6 +30,8 @@ class FormulaGenerator {
     // distributions of <random> are not, hence the plain modulo in pick().
     std::mt19937_64 rng_;
     bool withY_ = false;
+    // Characters produced so far for the formula in the making (roughly).
+    std::size_t produced_ = 0;
 };
 
 }  // namespace curvemill::reference

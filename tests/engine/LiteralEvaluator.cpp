@@ -153,6 +153,10 @@ class LiteralRun {
                     fail("function without a computed argument");
                 }
                 return function(c, slot_.values[j + 1]);
+            case '!':
+                // The check lets "(!)" through: the factorial then finds itself where its operand
+                // should be. The algorithm gives that no value; like the fast evaluator we read 0.
+                return 0.0;
             default:
                 fail(std::string("unexpected operand '") + c + "'");
         }
