@@ -28,7 +28,8 @@ struct GraphExtras {
 };
 
 // Keeps the label and title fonts between drawings and rebuilds them when the view's size or grid
-// steps change. The screen keeps one; an export may use a fresh one.
+// steps change. The screen keeps one; an export may use a fresh one. Fonts need a
+// QGuiApplication (the offscreen platform serves for tools without a display).
 class GraphPainter {
   public:
     // Chooses the grid steps first if they are automatic, so `view` may change.
