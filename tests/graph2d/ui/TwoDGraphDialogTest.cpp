@@ -19,7 +19,7 @@ using curvemill::testing::ModalAnswer;
 namespace {
 
 class RecordingReporter : public FailureReporter {
-public:
+  public:
     void reportFailure(ProcedureName name, FailureCode code) override {
         names.push_back(name);
         codes.push_back(code);
@@ -66,7 +66,7 @@ class TwoDGraphDialogTest : public QObject {
         return finished.wait(20000) && finished.first().first().toBool();
     }
 
-private Q_SLOTS:
+  private Q_SLOTS:
     void init() {
         graph = TwoDGraph{};
         view = GraphView{};
@@ -89,9 +89,9 @@ private Q_SLOTS:
         QVERIFY(!control<QPushButton>(dialog, 1037)->isVisible());
         // Without a history there is nothing to show.
         QVERIFY(!control<QPushButton>(dialog, 1063)->isEnabled());
-        QCOMPARE(TwoDGraphDialog(TwoDGraphRole::Second, formula, graph, view, reporter)
-                     .windowTitle(),
-                 QStringLiteral("Second Function"));
+        QCOMPARE(
+            TwoDGraphDialog(TwoDGraphRole::Second, formula, graph, view, reporter).windowTitle(),
+            QStringLiteral("Second Function"));
     }
 
     void pointsAreCorrectedIntoRange_data() {
@@ -122,17 +122,31 @@ private Q_SLOTS:
         QTest::addColumn<QString>("formulaText");
         QTest::addColumn<QString>("message");
         QTest::addColumn<QString>("focused");
-        QTest::newRow("begin not constant") << false << "2*x" << "" << "x"
+        QTest::newRow("begin not constant") << false << "2*x"
+                                            << ""
+                                            << "x"
                                             << "ERROR IN X_BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT"
                                             << "1000";
-        QTest::newRow("end empty") << false << "1" << "" << "x"
-                                   << "ERROR IN X_END EDIT BOX:\nBOX IS EMPTY" << "1002";
-        QTest::newRow("equal range") << false << "1" << "1" << "x"
-                                     << "X_BEG MUST BE LESS THAN X_END" << "1000";
-        QTest::newRow("same second") << true << "-1" << "1" << "x ^ 2"
-                                     << "YOU MUST SELECT A DIFFERENT FUNCTION" << "1003";
-        QTest::newRow("formula") << false << "-1" << "1" << "2x"
-                                 << "ERROR IN FORMULA EDIT BOX:\nINVALID ENTRY" << "1003";
+        QTest::newRow("end empty") << false << "1"
+                                   << ""
+                                   << "x"
+                                   << "ERROR IN X_END EDIT BOX:\nBOX IS EMPTY"
+                                   << "1002";
+        QTest::newRow("equal range") << false << "1"
+                                     << "1"
+                                     << "x"
+                                     << "X_BEG MUST BE LESS THAN X_END"
+                                     << "1000";
+        QTest::newRow("same second") << true << "-1"
+                                     << "1"
+                                     << "x ^ 2"
+                                     << "YOU MUST SELECT A DIFFERENT FUNCTION"
+                                     << "1003";
+        QTest::newRow("formula") << false << "-1"
+                                 << "1"
+                                 << "2x"
+                                 << "ERROR IN FORMULA EDIT BOX:\nINVALID ENTRY"
+                                 << "1003";
     }
     void okShowsTheFirstFailureInOrder() {
         QFETCH(bool, second);
@@ -142,8 +156,8 @@ private Q_SLOTS:
         QFETCH(QString, message);
         QFETCH(QString, focused);
         graph.mainFormulaText = "x^2";
-        TwoDGraphDialog dialog(second ? TwoDGraphRole::Second : TwoDGraphRole::Main, formula,
-                               graph, view, reporter);
+        TwoDGraphDialog dialog(second ? TwoDGraphRole::Second : TwoDGraphRole::Main, formula, graph,
+                               view, reporter);
         dialog.show();
         QVERIFY(QTest::qWaitForWindowActive(&dialog));
         ModalAnswer answer;
@@ -160,9 +174,12 @@ private Q_SLOTS:
     void acceptedEntryIsSampledRangedAndRecorded() {
         TwoDGraphDialog dialog(TwoDGraphRole::Main, formula, graph, view, reporter);
         std::vector<std::string> recorded;
-        dialog.setHistoryHooks({[&](const std::string& f, const std::string& b,
-                                    const std::string& e) { recorded = {f, b, e}; },
-                                [] {}, {}});
+        dialog.setHistoryHooks(
+            {[&](const std::string& f, const std::string& b, const std::string& e) {
+                 recorded = {f, b, e};
+             },
+             [] {},
+             {}});
         QVERIFY(control<QPushButton>(dialog, 1063)->isEnabled());
         setViewSize(view, 800, 600);
         graph.derivative.points.resize(4);
@@ -244,7 +261,7 @@ private Q_SLOTS:
         QTimer poll;
         connect(&poll, &QTimer::timeout, [&] {
             QWidget* modal = QApplication::activeModalWidget();
-            if (modal != nullptr && modal->objectName() != dialog.objectName() &&
+            if (modal != nullptr && modal != &dialog &&
                 modal->findChild<QLineEdit*>("1047") != nullptr) {
                 asked = true;
                 modal->findChild<QWidget*>("1046")->setProperty("checked", true);

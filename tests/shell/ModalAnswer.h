@@ -1,0 +1,50 @@
+// Test helper: answers the next modal message box as a user would, keeping what it said.
+#pragma once
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
+
+namespace curvemill::testing {
+
+// Polls for a modal message box and presses `button` on it; keeps its text, caption and icon.
+// One answer per instance; a test that expects no box checks that `seen` stays false.
+class ModalAnswer {
+  public:
+    explicit ModalAnswer(QMessageBox::StandardButton button = QMessageBox::Ok) : button_(button) {
+        QObject::connect(&timer_, &QTimer::timeout, [this] { poll(); });
+        timer_.start(5);
+    }
+
+    bool seen = false;
+    QString text;
+    QString caption;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    // The box had no owner window.
+    bool ownerless = false;
+
+  private:
+    void poll() {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (box == nullptr) {
+            return;
+        }
+        timer_.stop();
+        seen = true;
+        text = box->text();
+        caption = box->windowTitle();
+        icon = box->icon();
+        ownerless = box->parentWidget() == nullptr;
+        QAbstractButton* pressed = box->button(button_);
+        if (pressed == nullptr) {
+            pressed = box->buttons().value(0);
+        }
+        pressed->click();
+    }
+
+    QMessageBox::StandardButton button_;
+    QTimer timer_;
+};
+
+}  // namespace curvemill::testing
