@@ -34,7 +34,7 @@ class EntryListView : public QWidget {
     // The widget that receives the mouse, for the list's mouse watcher.
     virtual QWidget* mouseArea() const = 0;
 
-  signals:
+  Q_SIGNALS:
     void currentRowChanged(int row);
     void rowActivated(int row);
     void contextMenuRequested(int row, const QPoint& globalPosition);

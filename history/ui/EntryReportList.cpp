@@ -48,15 +48,16 @@ EntryReportList::EntryReportList(QWidget* parent)
     setFocusProxy(tree_);
 
     connect(tree_, &QTreeWidget::itemSelectionChanged, this,
-            [this] { emit currentRowChanged(currentRow()); });
-    connect(tree_, &QTreeWidget::itemActivated, this,
-            [this](QTreeWidgetItem* item) { emit rowActivated(tree_->indexOfTopLevelItem(item)); });
+            [this] { Q_EMIT currentRowChanged(currentRow()); });
+    connect(tree_, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
+        Q_EMIT rowActivated(tree_->indexOfTopLevelItem(item));
+    });
     connect(tree_, &QWidget::customContextMenuRequested, this, [this](const QPoint& position) {
         const int row = rowAt(position);
         if (row >= 0) {
             setCurrentRow(row);
         }
-        emit contextMenuRequested(row, tree_->viewport()->mapToGlobal(position));
+        Q_EMIT contextMenuRequested(row, tree_->viewport()->mapToGlobal(position));
     });
 }
 

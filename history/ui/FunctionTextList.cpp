@@ -64,7 +64,7 @@ class TextListCanvas : public QWidget {
     void mouseDoubleClickEvent(QMouseEvent* event) override {
         const int row = list_.rowAt(event->position().toPoint());
         if (row >= 0) {
-            emit list_.rowActivated(row);
+            Q_EMIT list_.rowActivated(row);
         }
     }
 
@@ -80,7 +80,7 @@ class TextListCanvas : public QWidget {
             case Qt::Key_Return:
             case Qt::Key_Enter:
                 if (row >= 0) {
-                    emit list_.rowActivated(row);
+                    Q_EMIT list_.rowActivated(row);
                 }
                 break;
             default:
@@ -91,7 +91,7 @@ class TextListCanvas : public QWidget {
     void contextMenuEvent(QContextMenuEvent* event) override {
         const int row = list_.rowAt(event->pos());
         list_.selectFromMouse(row);
-        emit list_.contextMenuRequested(row, event->globalPos());
+        Q_EMIT list_.contextMenuRequested(row, event->globalPos());
     }
 
   private:
@@ -179,7 +179,7 @@ void FunctionTextList::setCurrentRow(int row) {
     scrollToRow(current_);
     canvas_->update();
     if (moved) {
-        emit currentRowChanged(current_);
+        Q_EMIT currentRowChanged(current_);
     }
 }
 

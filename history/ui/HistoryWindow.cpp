@@ -220,8 +220,8 @@ void HistoryWindow::loadOriginalList() {
     loadEntries(store_, kLoadEntriesOnly, directory_);
     refresh();
     setReloadEnabled(false);
-    emit reloadAvailabilityChanged(false);
-    emit entriesChanged();
+    Q_EMIT reloadAvailabilityChanged(false);
+    Q_EMIT entriesChanged();
 }
 
 void HistoryWindow::selectEntry() {
@@ -238,7 +238,7 @@ void HistoryWindow::moveToTop() {
     }
     store_.moveToTop(static_cast<std::size_t>(index));
     refresh();
-    emit entriesChanged();
+    Q_EMIT entriesChanged();
 }
 
 void HistoryWindow::toggleHighlight() {
@@ -251,7 +251,7 @@ void HistoryWindow::toggleHighlight() {
     store_.setMarked(at, !store_.entries()[at].marked);
     refresh();
     view_->setCurrentRow(row);
-    emit entriesChanged();
+    Q_EMIT entriesChanged();
 }
 
 void HistoryWindow::find() {
@@ -315,8 +315,8 @@ void HistoryWindow::deleteItem() {
     store_.removeAt(static_cast<std::size_t>(index));
     refresh();
     setReloadEnabled(true);
-    emit reloadAvailabilityChanged(true);
-    emit entriesChanged();
+    Q_EMIT reloadAvailabilityChanged(true);
+    Q_EMIT entriesChanged();
 }
 
 void HistoryWindow::deleteList() {
@@ -329,8 +329,8 @@ void HistoryWindow::deleteList() {
     store_.removeKind(kind_);
     refresh();
     setReloadEnabled(true);
-    emit reloadAvailabilityChanged(true);
-    emit entriesChanged();
+    Q_EMIT reloadAvailabilityChanged(true);
+    Q_EMIT entriesChanged();
 }
 
 }  // namespace curvemill

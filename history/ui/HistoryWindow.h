@@ -46,7 +46,7 @@ class HistoryWindow : public QMainWindow, public FailureScope {
     EntryListView* view() const { return view_; }
     QMenu* contextMenu() const { return contextMenu_; }
 
-  signals:
+  Q_SIGNALS:
     // Entries were deleted, moved or marked: other views of the store rebuild.
     void entriesChanged();
     // "Load Original List" became available (after a deletion) or was used.

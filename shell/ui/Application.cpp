@@ -4,15 +4,21 @@
 #include <QTimer>
 
 #include "shell/FailureGuard.h"
+#include "history/ui/HistoryService.h"
 #include "shell/HistoryPort.h"
 #include "shell/ui/GuardedApplication.h"
 #include "shell/ui/MainWindow.h"
+#include "shell/ui/ProductWebPage.h"
 #include "shell/ui/TitlePage.h"
 
 namespace curvemill {
 
 Application::Application(GuardedApplication& qt, StartupOptions options)
-    : qt_(qt), options_(options) {}
+    : qt_(qt),
+      options_(options),
+      historyService_(std::make_unique<HistoryService>(
+          historyStore_, reporter_, ".", [this] { openProductWebPage(window_.get()); })),
+      history_(historyService_.get()) {}
 
 Application::~Application() = default;
 
@@ -31,6 +37,7 @@ int Application::run() {
     bool started = runGuarded(kProcWinMain, reporter_, [&] {
         window_ = std::make_unique<MainWindow>(MainWindowParts{formula_, graph_, view_, reporter_});
         window_->setHistoryPort(history_);
+        historyService_->setDialogParent(window_.get());
     });
     started = started && runGuarded(kProcWinMain, reporter_, [&] {
                   platform_.addWindowHider([this] {

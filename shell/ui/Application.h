@@ -6,6 +6,7 @@
 #include "engine/Formula.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
+#include "history/HistoryStore.h"
 #include "shell/FailureReporter.h"
 #include "shell/ui/QtFailurePlatform.h"
 
@@ -13,6 +14,7 @@ namespace curvemill {
 
 class GuardedApplication;
 class HistoryPort;
+class HistoryService;
 class MainWindow;
 
 struct StartupOptions {
@@ -46,6 +48,8 @@ class Application {
     GraphView view_;
     QtFailurePlatform platform_;
     RestartingFailureReporter reporter_{platform_};
+    HistoryStore historyStore_;
+    std::unique_ptr<HistoryService> historyService_;
     HistoryPort* history_ = nullptr;
     std::unique_ptr<MainWindow> window_;
 };
