@@ -7,6 +7,12 @@ namespace {
 
 constexpr int kEnd = -1;
 
+// A field ends at a NUL byte, as the text of a C string would: the engine reads it no further,
+// and the part after it must not be written back as though it had been checked.
+std::string upToNul(const std::string& text) {
+    return text.substr(0, text.find('\0'));
+}
+
 // Reads the words after "@ ": each blank ends one, a last word without its blank is dropped.
 void readSearchStrings(SearchRing& ring, std::string_view text) {
     ring.clear();
@@ -21,7 +27,7 @@ void readSearchStrings(SearchRing& ring, std::string_view text) {
             continue;
         }
         // An empty word (two blanks) is no search string, though it counts towards the twenty.
-        ring.appendLoaded(word);
+        ring.appendLoaded(upToNul(word));
         word.clear();
         ++words;
     }
@@ -81,7 +87,8 @@ void readEntries(HistoryStore& store, std::string_view bytes, char mode, RecordC
                 return;
             }
         } else if (++field == fields.size()) {
-            HistoryEntry entry{fields[4], fields[0], fields[1], fields[2], fields[3], section};
+            HistoryEntry entry{upToNul(fields[4]), upToNul(fields[0]), upToNul(fields[1]),
+                               upToNul(fields[2]), upToNul(fields[3]), section};
             if (!checker.accepts(entry)) {
                 return;
             }
