@@ -51,14 +51,12 @@ enum class StepKind : std::uint8_t {
     kProductOfTwo,  // two factors and no division, without the loop
     kPower,
     kFactorial,
-    kReturnWhole,  // the outermost pair is done: return values[0]
-    kReturnZero,   // the text ran out before its outermost pair (a lenient, unbalanced text)
 };
 
 // One computed bracket pair: its operands are operands[first .. first+count-1]; for a power step
 // the first operand is the base and the others are the exponents in chain order.
 struct PlanStep {
-    StepKind kind = StepKind::kReturnZero;
+    StepKind kind = StepKind::kSingle;
     std::uint16_t open = 0;  // values[open] receives the pair's result
     std::uint16_t first = 0;
     std::uint16_t count = 0;
@@ -67,6 +65,9 @@ struct PlanStep {
 // Filled by buildEvaluationPlan when a slot is prepared; evaluate runs it without scanning text.
 struct EvaluationPlan {
     bool valid = false;
+    // The last step computes the outermost pair, whose value is the result; false when the text
+    // runs out before it (a lenient text with unbalanced brackets), and the result is then 0.
+    bool reachesOuterPair = false;
     // Both are sized once when the plan is built, so evaluations never allocate.
     std::vector<PlanStep> steps;
     std::vector<PlanOperand> operands;

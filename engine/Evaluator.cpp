@@ -146,9 +146,9 @@ double power(const PlanOperand* op, const PlanOperand* end, Run& run) {
 
 double runPlan(const EvaluationPlan& plan, Run& run) {
     const PlanOperand* operands = plan.operands.data();
+    double result = 0.0;
     for (const PlanStep& step : plan.steps) {
         const PlanOperand* first = operands + step.first;
-        double result;
         switch (step.kind) {
             case StepKind::kSingle:
                 result = read(*first, run);
@@ -175,14 +175,11 @@ double runPlan(const EvaluationPlan& plan, Run& run) {
             case StepKind::kFactorial:
                 result = wrappedFactorial(truncateToInt32(read(*first, run)));
                 break;
-            case StepKind::kReturnWhole:
-                return run.values[0];
-            default:
-                return 0.0;
         }
         run.values[step.open] = result;
     }
-    return 0.0;
+    // The last step computed the outer pair, values[0]; its result is still in a register.
+    return plan.reachesOuterPair ? result : 0.0;
 }
 
 }  // namespace

@@ -156,6 +156,7 @@ void buildEvaluationPlan(ExpressionSlot& slot) {
     EvaluationPlan& plan = slot.plan;
     plan.steps.clear();
     plan.operands.clear();
+    plan.reachesOuterPair = false;
     plan.steps.reserve(kSlotCapacity / 2 + 2);
     plan.operands.reserve(kSlotCapacity);
 
@@ -170,7 +171,6 @@ void buildEvaluationPlan(ExpressionSlot& slot) {
     int start = 0;
     while (true) {
         if (start > slot.length - 1 || start >= end) {
-            record.step(StepKind::kReturnZero, 0, record.operandCount());
             break;
         }
         const char* closing = static_cast<const char*>(
@@ -184,7 +184,6 @@ void buildEvaluationPlan(ExpressionSlot& slot) {
             }
         }
         if (open < 0) {
-            record.step(StepKind::kReturnZero, 0, record.operandCount());
             break;
         }
         const std::size_t first = record.operandCount();
@@ -228,7 +227,7 @@ void buildEvaluationPlan(ExpressionSlot& slot) {
         }
         record.step(kind, open, first);
         if (open == 0) {
-            record.step(StepKind::kReturnWhole, 0, record.operandCount());
+            plan.reachesOuterPair = true;
             break;
         }
         text[static_cast<std::size_t>(open)] = 'f';
