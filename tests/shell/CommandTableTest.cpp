@@ -1,0 +1,171 @@
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "shell/CalculatorLocator.h"
+#include "shell/CommandState.h"
+#include "shell/CommandTable.h"
+
+namespace curvemill {
+namespace {
+
+TEST(CommandTable, EveryCommandHasItsTextKeyAndTooltip) {
+    struct Row {
+        int id;
+        std::string_view menu, text, key, tooltip;
+    };
+    const std::vector<Row> rows{
+        {40009, "File", "Two D Graph", "", "FUNCTION"},
+        {40051, "File", "Add Another Function", "", "ADD SECOND FUNCTION"},
+        {40054, "File", "Switch Functions", "", "SWITCH FUNCTIONS"},
+        {40086, "File", "Equation with 2 Varialbles", "", "EQUATION WITH TWO VARIABLES"},
+        {40091, "File", "Three D Graph", "", "THREE D FUNCTION F (X, Y)"},
+        {40030, "File", "Save As File", "", "SAVE TO FILE"},
+        {40018, "File", "Print", "", "PRINT"},
+        {40093, "File", "Save New Entries", "", ""},
+        {40110, "File", "Return To Title Page", "", ""},
+        {40032, "File", "Exit", "", ""},
+        {40049, "Selection", "Stretch", "", ""},
+        {40050, "Selection", "Undo Stretch", "", ""},
+        {40052, "Selection", "Copy\tCtrl+C", "Ctrl+C", "COPY SELECTION"},
+        {40003, "Zoom/Zoom In", "X axis", "", ""},
+        {40004, "Zoom/Zoom In", "Y axis", "", ""},
+        {40005, "Zoom/Zoom In", "Both", "", "ZOOM IN"},
+        {40006, "Zoom/Zoom Out", "X axis", "", ""},
+        {40007, "Zoom/Zoom Out", "Y axis", "", ""},
+        {40008, "Zoom/Zoom Out", "Both", "", "ZOOM OUT"},
+        {40126, "Zoom", "Restore", "", "RESTORE ZOOM"},
+        {40010, "Grid", "Draw Grid", "", "DRAW GRID"},
+        {40133, "Grid", "Grid Properties", "", ""},
+        {40012, "Math", "Math Dialog", "", "MATH DIALOG"},
+        {40029, "Math", "Erase Integral", "", ""},
+        {40031, "Math", "Erase Derivative", "", ""},
+        {40033, "Math", "Unmark Indefinite Areas", "", ""},
+        {40140, "Math", "Calculator", "", "OPEN CALCULATOR"},
+        {40123, "Customization", "TwoD / Equation Customization", "", ""},
+        {40139, "Customization", "ThreeD Customization", "", ""},
+        {40130, "Customization", "Show Drawing Process", "", "SHOW DRAWING PROCESS"},
+        {40114, "", "ThreeD Rotation", "", ""},
+        {40115, "Help", "Help Topics", "", ""},
+        {40132, "Help", "About CurveMill", "", ""},
+        {40111, "", "", "", "RETURN TO TITLE PAGE"},
+        {40063, "", "", "", "MOUSE MOVE"},
+        {40064, "", "", "", "MOUSE SELECT"},
+        {40101, "", "", "", "ROTATE RIGHT"},
+        {40102, "", "", "", "ROTATE LEFT"},
+        {1033, "", "", "", "DEMO OF EXCEPTION HANDLING"},
+        {40113, "", "", "Ctrl+A", ""},
+        {40022, "", "Find", "Ctrl+F", ""},
+        {40021, "", "Delete Item", "Del", ""},
+        {40109, "", "", "F1", ""},
+        {40023, "", "Find Next", "F3", ""},
+    };
+    ASSERT_EQ(commandTable().size(), rows.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const Row& row = rows[i];
+        SCOPED_TRACE(row.id);
+        // Table order is menu order.
+        EXPECT_EQ(commandTable()[i].id, row.id);
+        const CommandSpec* spec = findCommand(row.id);
+        ASSERT_NE(spec, nullptr);
+        EXPECT_EQ(spec->menu, row.menu);
+        if (spec->place == CommandPlace::Menu) {
+            EXPECT_EQ(spec->text, row.text);
+        } else if (!row.text.empty()) {
+            EXPECT_EQ(spec->text, row.text);
+        }
+        EXPECT_EQ(spec->key, row.key);
+        EXPECT_EQ(spec->tooltip, row.tooltip);
+    }
+    EXPECT_EQ(menuLabel(*findCommand(40052)), "Copy");
+    EXPECT_EQ(findCommand(12345), nullptr);
+}
+
+TEST(CommandState, EnablingFollowsTheGraphOnScreen) {
+    const ShellState title{};
+    ShellState plain2D{GraphKind::Function2D};
+    ShellState full2D{GraphKind::Function2D, true, true, true, true, true, true};
+    const ShellState equation{GraphKind::Equation};
+    const ShellState surface{GraphKind::Surface3D};
+    struct Row {
+        int id;
+        bool onTitle, onPlain2D, onFull2D, onEquation, onSurface;
+    };
+    const std::vector<Row> rows{
+        {40009, true, true, true, true, true},     {40051, false, true, true, false, false},
+        {40054, false, false, true, false, false}, {40093, false, false, true, false, false},
+        {40110, false, true, true, true, true},    {40111, false, true, true, true, true},
+        {40030, false, true, true, true, true},    {40005, false, true, true, true, false},
+        {40126, false, true, true, true, false},   {40010, false, true, true, true, false},
+        {40012, false, true, true, false, false},  {40029, false, false, true, false, false},
+        {40031, false, false, true, false, false}, {40063, false, true, true, true, false},
+        {40114, false, false, false, false, true}, {40101, false, false, false, false, true},
+        {40140, true, true, true, true, true},     {1033, true, true, true, true, true},
+        {40032, true, true, true, true, true},     {40022, false, false, true, false, false},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.id);
+        EXPECT_EQ(commandAvailable(row.id, title), row.onTitle);
+        EXPECT_EQ(commandAvailable(row.id, plain2D), row.onPlain2D);
+        EXPECT_EQ(commandAvailable(row.id, full2D), row.onFull2D);
+        EXPECT_EQ(commandAvailable(row.id, equation), row.onEquation);
+        EXPECT_EQ(commandAvailable(row.id, surface), row.onSurface);
+    }
+    // Work not built yet stays grey whatever the state.
+    EXPECT_FALSE(commandEnabled(*findCommand(40005), full2D));
+    EXPECT_TRUE(commandEnabled(*findCommand(40054), full2D));
+}
+
+TEST(CommandState, SecondFunctionAndGridEntriesChangeTheirWords) {
+    ShellState state{GraphKind::Function2D};
+    const CommandSpec& second = *findCommand(cmd::kSecondFunction);
+    const CommandSpec& grid = *findCommand(cmd::kDrawGrid);
+    EXPECT_EQ(commandLook(second, state).text, "Add Another Function");
+    EXPECT_EQ(commandLook(second, state).tooltip, "ADD SECOND FUNCTION");
+    EXPECT_EQ(commandLook(grid, state).tooltip, "DRAW GRID");
+    state.hasSecondFunction = true;
+    state.gridOn = true;
+    EXPECT_EQ(commandLook(second, state).text, "Erase Another Function");
+    EXPECT_EQ(commandLook(second, state).tooltip, "ERASE SECOND FUNCTION");
+    EXPECT_EQ(commandLook(grid, state).text, "Draw Grid");
+    EXPECT_EQ(commandLook(grid, state).tooltip, "ERASE GRID");
+}
+
+class CalculatorLocatorTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        root = std::filesystem::temp_directory_path() /
+               ("curvemill-calc-" + std::to_string(::getpid()));
+        std::filesystem::create_directories(root / "a");
+        std::filesystem::create_directories(root / "b");
+    }
+    void TearDown() override { std::filesystem::remove_all(root); }
+    void makeProgram(const std::string& relative, bool executable) {
+        std::ofstream(root / relative) << "#!/bin/sh\n";
+        ::chmod((root / relative).c_str(), executable ? 0755 : 0644);
+    }
+    std::string path() const { return (root / "a").string() + ":" + (root / "b").string(); }
+    std::filesystem::path root;
+};
+
+TEST_F(CalculatorLocatorTest, FirstProgramOfTheListWinsOverDirectoryOrder) {
+    EXPECT_EQ(findCalculator(path()), "");
+    makeProgram("a/xcalc", true);
+    makeProgram("b/kcalc", false);  // not executable: skipped
+    std::filesystem::create_directories(root / "a" / "gnome-calculator");  // a directory
+    EXPECT_EQ(findCalculator(path()), (root / "a" / "xcalc").string());
+    makeProgram("b/galculator", true);
+    EXPECT_EQ(findCalculator(path()), (root / "b" / "galculator").string());
+    EXPECT_EQ(findCalculator(""), "");
+}
+
+}  // namespace
+}  // namespace curvemill
