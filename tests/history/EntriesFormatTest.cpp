@@ -173,19 +173,6 @@ TEST(EntriesFormatTest, LoaderReadsEveryQuirkOfTheFormat) {
     }
 }
 
-TEST(EntriesFormatTest, LoadedEntriesAreCountedByKind) {
-    HistoryStore store;
-    RecordChecker checker;
-    readEntries(store, "-1 1 $ $ x -1 1 -1 1 x*y -2 2 $ $ x^2 &-1 1 -1 1 x^2+y^2-1 -3 3 $ $ x^3 @ ",
-                'y', checker);
-    ASSERT_EQ(store.size(), 5);
-    EXPECT_EQ(store.twoDCount(), 3);
-    EXPECT_EQ(store.sectionYCount(), 1);
-    EXPECT_EQ(store.sectionNCount(), 1);
-    EXPECT_EQ(kindOf(store.entries()[4]), EntryKind::TwoD);
-    EXPECT_EQ(store.entries()[4].section, kSectionN);
-}
-
 TEST(EntriesFormatTest, RecordsBeyondCapacityAreReadAndDropped) {
     std::string text;
     for (int i = 1; i <= 203; ++i) {

@@ -87,7 +87,6 @@ TEST(ListLineTest, LineAndItsThreePiecesAroundAHit) {
     const Case cases[] = {
         {0, 3, "(", "sin", "(x)/x*80)  From:-10  To:10"},
         {9, 2, "(sin(x)/x*", "80", ")  From:-10  To:10"},
-        {4, 1, "(sin(", "x", ")/x*80)  From:-10  To:10"},
         {10, 2, "(sin(x)/x*80)  From:-10  To:10", "", ""},  // runs past the formula
         {3, 0, "(sin(x)/x*80)  From:-10  To:10", "", ""},
     };
