@@ -5,7 +5,8 @@
 #   fuzz/run-fuzz.sh --merge [TARGET]                            fold new inputs into the corpus
 #
 # New inputs collect in the build directory; --merge keeps only those that add coverage to the
-# committed corpus fuzz/corpus/TARGET. Findings are written to build-fuzz/artifacts/.
+# committed corpus fuzz/corpus/TARGET. Findings are written to build-fuzz/artifacts/. A token
+# dictionary fuzz/TARGET/TARGET.dict is used when present.
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
 build="${FUZZ_BUILD_DIR:-$root/build-fuzz}"
@@ -37,5 +38,10 @@ if ((merge)); then
     exit 0
 fi
 
-exec "$build/fuzz_$target" -max_len=99 -max_total_time="$seconds" -print_final_stats=1 \
+dict=()
+if [[ -f "$root/fuzz/$target/$target.dict" ]]; then
+    dict=(-dict="$root/fuzz/$target/$target.dict")
+fi
+
+exec "$build/fuzz_$target" "${dict[@]}" -max_len=99 -max_total_time="$seconds" -print_final_stats=1 \
     -artifact_prefix="$build/artifacts/" "$@" "$work" "$corpus"
