@@ -3,6 +3,8 @@
 
 #include <QDialog>
 
+#include "shell/ProcedureNames.h"
+
 class QComboBox;
 class QRadioButton;
 
@@ -10,7 +12,7 @@ namespace curvemill {
 
 class SearchRing;
 
-class FindDialog : public QDialog {
+class FindDialog : public QDialog, public FailureScope {
     Q_OBJECT
   public:
     // Results of exec(): Cancel, search from the head of the list, search from the selected entry.
@@ -21,6 +23,7 @@ class FindDialog : public QDialog {
     // `ring` fills the drop-down (newest first) and receives the string on OK.
     FindDialog(SearchRing& ring, bool hasSelection, QWidget* parent = nullptr);
 
+    ProcedureName procedureName() const override { return kProcTextFindDialog; }
     QString text() const;
     QComboBox* combo() const { return combo_; }
 

@@ -4,9 +4,11 @@
 #include <QDialog>
 #include <functional>
 
+#include "shell/ProcedureNames.h"
+
 namespace curvemill {
 
-class LoadingDialog : public QDialog {
+class LoadingDialog : public QDialog, public FailureScope {
     Q_OBJECT
   public:
     // The delay lets the dialog appear before a slow disk or a large file holds the program up.
@@ -14,6 +16,8 @@ class LoadingDialog : public QDialog {
 
     // exec() returns what `load` returned.
     explicit LoadingDialog(std::function<int()> load, QWidget* parent = nullptr);
+
+    ProcedureName procedureName() const override { return kProcLoadingDialog; }
 
   protected:
     void showEvent(QShowEvent* event) override;

@@ -139,6 +139,15 @@ class HistoryWindowsTest : public QObject {
         QVERIFY(window.action(kLoadOriginalList)->isEnabled());
     }
 
+    void failuresAreReportedUnderTheWindowsNames() {
+        HistoryWindow window(HistoryWindow::Style::TextList, store_, reporter_, dir_);
+        window.setSelectHandler([](const HistoryEntry&) { throw std::runtime_error("bad"); });
+        window.view()->setCurrentRow(0);
+        window.runCommand(kSelect);
+        QCOMPARE(reporter_.names, QStringList{"History Window Procedure"});
+        reporter_.names.clear();
+    }
+
     void findWrapsAndMarksTheHit() {
         HistoryWindow window(HistoryWindow::Style::TextList, store_, reporter_, dir_);
         auto* list = static_cast<FunctionTextList*>(window.view());
