@@ -1,6 +1,8 @@
 // Test helper: answers the next modal message box as a user would, keeping what it said.
 #pragma once
 
+#include <functional>
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
@@ -23,6 +25,8 @@ class ModalAnswer {
     QMessageBox::Icon icon = QMessageBox::NoIcon;
     // The box had no owner window.
     bool ownerless = false;
+    // Called with the box read, just before the button is pressed.
+    std::function<void()> answered;
 
   private:
     void poll() {
@@ -36,6 +40,9 @@ class ModalAnswer {
         caption = box->windowTitle();
         icon = box->icon();
         ownerless = box->parentWidget() == nullptr;
+        if (answered) {
+            answered();
+        }
         QAbstractButton* pressed = box->button(button_);
         if (pressed == nullptr) {
             pressed = box->buttons().value(0);

@@ -1,0 +1,307 @@
+#include <fenv.h>
+
+#include <QAction>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QToolBar>
+#include <QToolButton>
+#include <QtTest>
+
+#include "engine/Formula.h"
+#include "graph2d/GraphView.h"
+#include "graph2d/TwoDGraph.h"
+#include "graph2d/ui/TwoDGraphDialog.h"
+#include "shell/CommandState.h"
+#include "shell/CommandTable.h"
+#include "shell/FaultTranslation.h"
+#include "shell/HistoryPort.h"
+#include "shell/ui/CommandActions.h"
+#include "shell/ui/GraphArea.h"
+#include "shell/ui/GuardedApplication.h"
+#include "shell/ui/MainWindow.h"
+#include "shell/ui/TitlePage.h"
+#include "tests/shell/ModalAnswer.h"
+
+using namespace curvemill;
+using curvemill::testing::ModalAnswer;
+
+namespace {
+
+class RecordingReporter : public FailureReporter {
+  public:
+    void reportFailure(ProcedureName name, FailureCode code) override {
+        names.push_back(name);
+        codes.push_back(code);
+    }
+    std::vector<ProcedureName> names;
+    std::vector<FailureCode> codes;
+};
+
+class FakeHistory : public HistoryPort {
+  public:
+    void loadAtStartup() override {}
+    bool saveOnExit() override {
+        ++exitSaves;
+        return true;
+    }
+    void saveNow() override {
+        ++saves;
+        unsaved = false;
+    }
+    bool hasUnsavedEntries() const override { return unsaved; }
+    void setChangedCallback(std::function<void()> callback) override { changed = callback; }
+    void recordEntry(const TypedEntry& entry) override {
+        entries.push_back(entry);
+        unsaved = true;
+        changed();
+    }
+    void showPreviousEntries(std::function<void(const TypedEntry&)>) override {}
+    void showListOfFunctions() override {}
+    void hideWindows() override {}
+    void runListCommand(int) override {}
+
+    int exitSaves = 0;
+    int saves = 0;
+    bool unsaved = false;
+    std::function<void()> changed;
+    std::vector<TypedEntry> entries;
+};
+
+// A control whose event handling fails in the way `kind` says.
+class FaultyControl : public QObject {
+  public:
+    using QObject::QObject;
+    int kind = 0;
+    bool event(QEvent* event) override {
+        if (event->type() != QEvent::User) {
+            return QObject::event(event);
+        }
+        if (kind == 0) {
+            throw std::runtime_error("broken");
+        }
+        feenableexcept(FE_INVALID);
+        volatile double zero = 0.0;
+        volatile double nan = zero / zero;
+        (void)nan;
+        return true;
+    }
+};
+
+}  // namespace
+
+class MainWindowTest : public QObject {
+    Q_OBJECT
+
+    Formula formula;
+    TwoDGraph graph;
+    GraphView view;
+    RecordingReporter reporter;
+    FakeHistory history;
+    std::unique_ptr<MainWindow> window;
+
+    QAction* action(int id) { return window->commands().action(id); }
+
+    bool drawWith(bool second, const QString& formulaText) {
+        action(second ? cmd::kSecondFunction : cmd::kTwoDGraph)->trigger();
+        TwoDGraphDialog* dialog = window->twoDGraphDialog(second);
+        if (!dialog->isVisible()) {
+            return false;
+        }
+        dialog->findChild<QLineEdit*>("1003")->setText(formulaText);
+        QSignalSpy finished(dialog, &TwoDGraphDialog::runFinished);
+        dialog->findChild<QPushButton*>("1")->click();
+        return finished.wait(20000) && finished.first().first().toBool();
+    }
+
+  private Q_SLOTS:
+    // Qt Test puts its own crash handlers in place when it starts; ours must be the ones in force.
+    void initTestCase() { installFaultTranslation(); }
+
+    void init() {
+        graph = TwoDGraph{};
+        view = GraphView{};
+        history = FakeHistory{};
+        reporter = RecordingReporter{};
+        window = std::make_unique<MainWindow>(MainWindowParts{formula, graph, view, reporter});
+        window->setHistoryPort(&history);
+        window->resize(1000, 700);
+        window->show();
+    }
+    void cleanup() { window.reset(); }
+
+    void everyCommandIsOneAction() {
+        for (const CommandSpec& spec : commandTable()) {
+            QAction* a = action(spec.id);
+            QVERIFY2(a != nullptr, qPrintable(QString::number(spec.id)));
+            QCOMPARE(a->objectName(), QString::number(spec.id));
+            QCOMPARE(a->shortcut(),
+                     QKeySequence(QString::fromUtf8(spec.key.data(), spec.key.size())));
+            if (!spec.tooltip.empty()) {
+                const std::string_view tip = commandLook(spec, window->shellState()).tooltip;
+                QCOMPARE(a->toolTip(), QString::fromUtf8(tip.data(), tip.size()));
+                QVERIFY(window->commands().toolBar()->actions().contains(a));
+            }
+        }
+        QStringList menus;
+        for (QAction* top : window->menuBar()->actions()) {
+            menus << top->text();
+        }
+        QCOMPARE(menus, (QStringList{"File", "Selection", "Zoom", "Grid", "Math", "Customization",
+                                     "ThreeD Rotation", "Help"}));
+        QCOMPARE(window->windowTitle(), QStringLiteral("CURVEMILL"));
+        QCOMPARE(window->progressBar()->size(), QSize(400, 20));
+        QVERIFY(window->graphArea()->horizontalBar() != nullptr);
+    }
+
+    void titlePageButtons() {
+        TitlePage* page = window->titlePage();
+        QVERIFY(page->isVisible());
+        QCOMPARE(page->button(117)->toolTip(), QStringLiteral("Click Here To See Our Webpage"));
+        QCOMPARE(page->button(112)->toolTip(), QStringLiteral("Click Here To Begin"));
+        QCOMPARE(page->button(112)->text(), QStringLiteral("TWO D GRAPH"));
+        QVERIFY(!page->button(111)->isEnabled());
+        QVERIFY(!page->button(113)->isEnabled());
+        const QRect area = page->rect();
+        QCOMPARE(page->button(112)->geometry().bottomRight().x() > area.width() * 3 / 4, true);
+        QCOMPARE(page->button(112)->geometry().top() > area.height() / 2, true);
+        QCOMPARE(page->button(111)->geometry().left() < area.width() / 4, true);
+        QCOMPARE(page->button(113)->geometry().bottom() < area.height() / 2, true);
+        QCOMPARE(page->button(117)->geometry().center(), area.center());
+        QVERIFY(!action(40005)->isEnabled());
+        QVERIFY(!action(40110)->isEnabled());
+        QTest::mouseClick(page->button(112), Qt::LeftButton);
+        QVERIFY(window->twoDGraphDialog(false)->isVisible());
+    }
+
+    void graphSecondFunctionAndSwitching() {
+        QVERIFY(drawWith(false, "x"));
+        QCOMPARE(window->graphKind(), GraphKind::Function2D);
+        QVERIFY(window->graphArea()->isVisible());
+        QVERIFY(action(40051)->isEnabled());
+        QVERIFY(!action(40054)->isEnabled());
+        QVERIFY(!action(40031)->isEnabled());
+        QVERIFY(action(40110)->isEnabled());
+        QCOMPARE(history.entries.size(), std::size_t(1));
+        QCOMPARE(history.entries[0].yBegin, std::string("$"));
+        QVERIFY(action(40093)->isEnabled());
+
+        QVERIFY(drawWith(true, "x^2"));
+        QCOMPARE(action(40051)->text(), QStringLiteral("Erase Another Function"));
+        QCOMPARE(action(40051)->toolTip(), QStringLiteral("ERASE SECOND FUNCTION"));
+        QVERIFY(action(40054)->isEnabled());
+
+        action(40054)->trigger();
+        QCOMPARE(graph.mainFormulaText, std::string("x^2"));
+        QCOMPARE(graph.secondFormulaText, std::string("x"));
+        QVERIFY(qAbs(graph.main.yMax - 100.0) < 1e-6);
+        formula.useSecondFunction = false;
+        QCOMPARE(formula.evaluate(3.0), 9.0);
+
+        action(40051)->trigger();
+        QVERIFY(!graph.hasSecond());
+        QCOMPARE(action(40051)->text(), QStringLiteral("Add Another Function"));
+        QVERIFY(!action(40054)->isEnabled());
+
+        const QString before = action(40010)->toolTip();
+        action(40010)->trigger();
+        QVERIFY(action(40010)->toolTip() != before);
+        QCOMPARE(QStringList({before, action(40010)->toolTip()}).contains("ERASE GRID"), true);
+
+        action(40093)->trigger();
+        QCOMPARE(history.saves, 1);
+        QVERIFY(!action(40093)->isEnabled());
+
+        action(40111)->trigger();
+        QCOMPARE(window->graphKind(), GraphKind::TitlePage);
+        QVERIFY(window->titlePage()->isVisible());
+        QVERIFY(!action(40010)->isEnabled());
+    }
+
+    void backBufferMatchesThePixelRatio() {
+        QVERIFY(drawWith(false, "sin(x)*3"));
+        GraphCanvas* canvas = window->graphArea()->canvas();
+        QVERIFY(QTest::qWaitFor([&] { return !canvas->backBuffer().isNull(); }));
+        QCOMPARE(canvas->backBuffer().size(), canvas->size() * canvas->devicePixelRatioF());
+        // The main function's blue is on the picture.
+        const QImage& image = canvas->backBuffer();
+        bool blue = false;
+        for (int y = 0; y < image.height() && !blue; y += 1) {
+            for (int x = 0; x < image.width() && !blue; x += 1) {
+                const QColor c = image.pixelColor(x, y);
+                blue = c.blue() > 200 && c.red() < 80 && c.green() < 80;
+            }
+        }
+        QVERIFY(blue);
+    }
+
+    void exitAsksAndTheCloseBoxDoesNot() {
+        QSignalSpy closed(window.get(), &MainWindow::closed);
+        {
+            ModalAnswer no(QMessageBox::No);
+            action(40032)->trigger();
+            QVERIFY(no.seen);
+            QCOMPARE(no.text, QStringLiteral("DO YOU REALLY WANT TO EXIT?"));
+            QCOMPARE(no.caption, QStringLiteral("Exit"));
+            QCOMPARE(no.icon, QMessageBox::Question);
+        }
+        QVERIFY(window->isVisible());
+        QCOMPARE(history.exitSaves, 0);
+        {
+            ModalAnswer yes(QMessageBox::Yes);
+            action(40032)->trigger();
+            QVERIFY(yes.seen);
+        }
+        QCOMPARE(history.exitSaves, 1);
+        QCOMPARE(closed.count(), 1);
+
+        window->show();
+        ModalAnswer none;
+        window->close();
+        QTest::qWait(30);
+        QVERIFY(!none.seen);
+        QCOMPARE(history.exitSaves, 2);
+    }
+
+    void calculatorMissingIsSaid() {
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", "/nonexistent-directory");
+        ModalAnswer answer;
+        action(40140)->trigger();
+        qputenv("PATH", path);
+        QVERIFY(answer.seen);
+        QCOMPARE(answer.text, QStringLiteral("UNABLE TO FIND CALCULATOR PROGRAM ON YOU PC"));
+        QCOMPARE(answer.icon, QMessageBox::Warning);
+    }
+
+    void failuresReachTheReporterWithTheWindowsName() {
+        auto* app = static_cast<GuardedApplication*>(QCoreApplication::instance());
+        app->setFailureReporter(&reporter);
+        action(1033)->trigger();
+        TwoDGraphDialog* dialog = window->twoDGraphDialog(false);
+        auto* throwing = new FaultyControl(dialog);
+        auto* trapping = new FaultyControl(window.get());
+        trapping->kind = 1;
+        QCoreApplication::sendEvent(throwing, new QEvent(QEvent::User));
+        QCoreApplication::sendEvent(trapping, new QEvent(QEvent::User));
+        app->setFailureReporter(nullptr);
+        QCOMPARE(reporter.names.size(), std::size_t(3));
+        QVERIFY(reporter.names[0] == kProcTest);
+        QVERIFY(reporter.names[1] == kProcTwoDGraphDialog);
+        QCOMPARE(reporter.codes[1], FailureCode(0));
+        QVERIFY(reporter.names[2] == kProcMainWindow);
+        QCOMPARE(reporter.codes[2], kCodeInvalidFloat);
+        QCOMPARE(fegetexcept(), 0);
+    }
+};
+
+int main(int argc, char* argv[]) {
+    GuardedApplication app(argc, argv);
+    MainWindowTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "MainWindowTest.moc"
