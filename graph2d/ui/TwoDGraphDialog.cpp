@@ -352,10 +352,10 @@ void TwoDGraphDialog::finishRun(bool completed, std::optional<FailureCode> failu
     }
     setRunning(false);
     if (!completed) {
+        graph_.xBegin = previousXBegin_;
+        graph_.xEnd = previousXEnd_;
         if (role_ == TwoDGraphRole::Main) {
             formula_.slots[kFunctionSlot] = previousSlot_;
-            graph_.xBegin = previousXBegin_;
-            graph_.xEnd = previousXEnd_;
         } else {
             graph_.secondFormulaText.clear();
             Q_EMIT curvesChanged();

@@ -3,8 +3,8 @@
 #include <QScreen>
 #include <QTimer>
 
-#include "shell/FailureGuard.h"
 #include "history/ui/HistoryService.h"
+#include "shell/FailureGuard.h"
 #include "shell/HistoryPort.h"
 #include "shell/ui/GuardedApplication.h"
 #include "shell/ui/MainWindow.h"

@@ -95,14 +95,22 @@ void paintIcon(QPainter& p, int id) {
             p.drawPath(lemniscate);
             break;
         }
-        case 40091:  // a surface
-            p.setPen(QPen(kInk, 1));
-            for (int i = 0; i < 5; ++i) {
-                p.drawLine(QPointF(3 + i * 3, 18 - i * 2), QPointF(13 + i * 3, 20 - i * 2 - 6));
-                p.drawLine(QPointF(3 + i * 2.5, 18 + i * 0.4 - 2 * i / 2.0),
-                           QPointF(15 + i * 1.5, 6 + i * 0.6));
+        case 40091: {  // a surface: a small mesh with a hump, seen at an angle
+            const auto at = [](int i, int j) {
+                const double x = (i - 2) / 2.0;
+                const double y = (j - 2) / 2.0;
+                const double height = 5.0 * std::exp(-(x * x + y * y));
+                return QPointF(12 + (i - j) * 4.2, 15 + (i + j - 4) * 1.8 - height);
+            };
+            p.setPen(QPen(kInk, 1.1));
+            for (int i = 0; i <= 4; ++i) {
+                for (int j = 0; j < 4; ++j) {
+                    p.drawLine(at(i, j), at(i, j + 1));
+                    p.drawLine(at(j, i), at(j + 1, i));
+                }
             }
             break;
+        }
         case 40030:  // save to file
             p.setPen(QPen(kInk, 1.5));
             p.setBrush(QColor(200, 215, 240));
