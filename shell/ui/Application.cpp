@@ -29,46 +29,51 @@ void Application::setHistoryPort(HistoryPort* history) {
     }
 }
 
+void Application::createMainWindow() {
+    window_ = std::make_unique<MainWindow>(MainWindowParts{formula_, graph_, view_, reporter_});
+    window_->setHistoryPort(history_);
+    historyService_->setDialogParent(window_.get());
+    QObject::connect(window_.get(), &MainWindow::closed, &qt_, &QApplication::quit,
+                     Qt::QueuedConnection);
+}
+
+void Application::prepareFailureReport() {
+    platform_.addWindowHider([this] {
+        if (history_ != nullptr) {
+            history_->hideWindows();
+        }
+    });
+    // No print preview window exists yet; it goes between the two when it does.
+    platform_.addWindowHider([this] {
+        if (window_) {
+            window_->hide();
+        }
+    });
+}
+
+void Application::showMainWindow() {
+    // Without a window manager "maximised" means nothing: start at the screen's size anyway.
+    if (const QScreen* screen = window_->screen()) {
+        window_->setGeometry(screen->availableGeometry());
+    }
+    window_->showMaximized();
+}
+
 int Application::run() {
     qt_.setFailureReporter(&reporter_);
     // Closing the main window ends the program even while history windows are open.
     qt_.setQuitOnLastWindowClosed(false);
-
-    bool started = runGuarded(kProcWinMain, reporter_, [&] {
-        window_ = std::make_unique<MainWindow>(MainWindowParts{formula_, graph_, view_, reporter_});
-        window_->setHistoryPort(history_);
-        historyService_->setDialogParent(window_.get());
-    });
-    started = started && runGuarded(kProcWinMain, reporter_, [&] {
-                  platform_.addWindowHider([this] {
-                      if (history_ != nullptr) {
-                          history_->hideWindows();
-                      }
-                  });
-                  platform_.addWindowHider([this] {
-                      if (window_) {
-                          window_->hide();
-                      }
-                  });
-                  QObject::connect(window_.get(), &MainWindow::closed, &qt_, &QApplication::quit,
-                                   Qt::QueuedConnection);
-              });
-    started = started && runGuarded(kProcWinMain, reporter_, [&] {
-                  // Without a window manager "maximised" means nothing: start at the screen's size
-                  // anyway.
-                  if (const QScreen* screen = window_->screen()) {
-                      window_->setGeometry(screen->availableGeometry());
-                  }
-                  window_->showMaximized();
-              });
-    if (!started) {
-        return 0;
+    for (auto step : {&Application::createMainWindow, &Application::prepareFailureReport,
+                      &Application::showMainWindow}) {
+        if (!runGuarded(kProcWinMain, reporter_, [this, step] { (this->*step)(); })) {
+            return 0;
+        }
     }
     if (options_.quitOnFirstPaint) {
         QObject::connect(window_->titlePage(), &TitlePage::firstPainted, &qt_,
                          [this] { QTimer::singleShot(0, &qt_, &QApplication::quit); });
     } else if (history_ != nullptr) {
-        // After the window has been painted, so the loading dialog appears over the title page.
+        // Queued, so the loading dialog comes up over the shown title page.
         QTimer::singleShot(0, &qt_, [this] {
             runGuarded(kProcWinMain, reporter_, [this] { history_->loadAtStartup(); });
         });

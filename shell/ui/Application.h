@@ -41,6 +41,11 @@ class Application {
     MainWindow* mainWindow() const { return window_.get(); }
 
   private:
+    // The start-up steps, each run in its own "WinMain" guard.
+    void createMainWindow();
+    void prepareFailureReport();
+    void showMainWindow();
+
     GuardedApplication& qt_;
     StartupOptions options_;
     Formula formula_;
