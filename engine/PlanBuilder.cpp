@@ -108,15 +108,83 @@ bool exponentIsIndependent(const Text& saved, int position) {
     return false;
 }
 
+// Index of the next character of `set` in (from, close), or close when there is none.
+int nextOf(const Text& text, int from, int close, std::string_view set) {
+    int p = from + 1;
+    while (p < close && set.find(text[static_cast<std::size_t>(p)]) == std::string_view::npos) {
+        ++p;
+    }
+    return p;
+}
+
+// Records the steps of one slot while replaying the rewriting on its own copy of the text.
 class Recorder {
   public:
-    Recorder(ExpressionSlot& slot, Text& text) : plan_(slot.plan), text_(text) {}
+    Recorder(EvaluationPlan& plan, const Text& saved) : plan_(plan), saved_(saved) {}
+
+    Text text;
+
+    // Records the step of the pair open..close, exactly as the rewriting reads it.
+    void pair(int open, int close) {
+        const std::size_t first = plan_.operands.size();
+        StepKind kind = StepKind::kSingle;
+        switch (at(nextOf(text, open, close, ")+-*/^!"))) {
+            case '+':
+            case '-':
+                kind = StepKind::kSum;
+                chain(at(open + 1) == '-' ? open + 2 : open + 1, close, "+-", '-');
+                break;
+            case '*':
+            case '/':
+                kind = StepKind::kProduct;
+                chain(open + 1, close, "*/", '/');
+                break;
+            case '^':
+                kind = StepKind::kPower;
+                powerChain(open, close);
+                break;
+            case '!':
+                kind = StepKind::kFactorial;
+                operand(open + 1, false);
+                break;
+            default:
+                operand(open + 1, false);
+                break;
+        }
+        step(kind, open, first);
+    }
+
+  private:
+    char at(int position) const { return text[static_cast<std::size_t>(position)]; }
 
     void operand(int position, bool inverted, bool independent = false) {
-        PlanOperand op = operandAt(text_, position);
+        PlanOperand op = operandAt(text, position);
         op.inverted = inverted;
         op.independent = independent;
         plan_.operands.push_back(op);
+    }
+
+    // Terms of a sum or factors of a product, from `j` on, each after the next separator.
+    void chain(int j, int close, std::string_view separators, char inverting) {
+        while (true) {
+            operand(j, at(j - 1) == inverting);
+            const int p = nextOf(text, j, close, separators);
+            if (p >= close) {
+                return;
+            }
+            j = p + 1;
+        }
+    }
+
+    // The base, then each exponent; the rewriting marks the running result and the used '^'.
+    void powerChain(int open, int close) {
+        operand(open + 1, false);
+        for (int p = nextOf(text, open, close, "^"); p < close;
+             p = nextOf(text, open, close, "^")) {
+            operand(p + 1, false, exponentIsIndependent(saved_, p + 1));
+            text[static_cast<std::size_t>(open + 1)] = 'v';
+            text[static_cast<std::size_t>(p)] = '@';
+        }
     }
 
     void step(StepKind kind, int open, std::size_t first) {
@@ -134,21 +202,9 @@ class Recorder {
         plan_.steps.push_back(step);
     }
 
-    std::size_t operandCount() const { return plan_.operands.size(); }
-
-  private:
     EvaluationPlan& plan_;
-    Text& text_;
+    const Text& saved_;
 };
-
-// Index of the next character of `set` in (from, close), or close when there is none.
-int nextOf(const Text& text, int from, int close, std::string_view set) {
-    int p = from + 1;
-    while (p < close && set.find(text[static_cast<std::size_t>(p)]) == std::string_view::npos) {
-        ++p;
-    }
-    return p;
-}
 
 }  // namespace
 
@@ -157,75 +213,36 @@ void buildEvaluationPlan(ExpressionSlot& slot) {
     plan.steps.clear();
     plan.operands.clear();
     plan.reachesOuterPair = false;
+    // Enough for any text that fits the slot, so even building never reallocates twice.
     plan.steps.reserve(kSlotCapacity / 2 + 2);
     plan.operands.reserve(kSlotCapacity);
 
-    Text text = slot.text;
-    text.back() = '\0';
-    Text saved = text;
+    Text saved = slot.text;
+    saved.back() = '\0';
     std::fill(slot.savedText.begin(), slot.savedText.end(), '\0');
-    std::copy(text.begin(), text.end(), slot.savedText.begin());
+    std::copy(saved.begin(), saved.end(), slot.savedText.begin());
 
+    Recorder record(plan, saved);
+    record.text = saved;
+    Text& text = record.text;
     const int end = static_cast<int>(std::strlen(text.data()));
-    Recorder record(slot, text);
     int start = 0;
-    while (true) {
-        if (start > slot.length - 1 || start >= end) {
+    // The rewriting loop itself: innermost pair first, each computed pair becomes "f@@..@".
+    while (start <= slot.length - 1 && start < end) {
+        const void* closing =
+            std::memchr(text.data() + start, ')', static_cast<std::size_t>(end - start));
+        if (closing == nullptr) {
             break;
         }
-        const char* closing = static_cast<const char*>(
-            std::memchr(text.data() + start, ')', static_cast<std::size_t>(end - start)));
-        int open = -1;
-        const int close = closing ? static_cast<int>(closing - text.data()) : end;
-        for (int p = close - 1; closing && p >= 0; --p) {
-            if (text[static_cast<std::size_t>(p)] == '(') {
-                open = p;
-                break;
-            }
+        const int close = static_cast<int>(static_cast<const char*>(closing) - text.data());
+        int open = close - 1;
+        while (open >= 0 && text[static_cast<std::size_t>(open)] != '(') {
+            --open;
         }
         if (open < 0) {
             break;
         }
-        const std::size_t first = record.operandCount();
-        const char selector = text[static_cast<std::size_t>(nextOf(text, open, close, ")+-*/^!"))];
-        StepKind kind = StepKind::kSingle;
-        if (selector == '+' || selector == '-') {
-            kind = StepKind::kSum;
-            int j = text[static_cast<std::size_t>(open + 1)] == '-' ? open + 2 : open + 1;
-            while (true) {
-                record.operand(j, text[static_cast<std::size_t>(j - 1)] == '-');
-                const int p = nextOf(text, j, close, "+-");
-                if (p >= close) {
-                    break;
-                }
-                j = p + 1;
-            }
-        } else if (selector == '*' || selector == '/') {
-            kind = StepKind::kProduct;
-            int j = open + 1;
-            while (true) {
-                record.operand(j, text[static_cast<std::size_t>(j - 1)] == '/');
-                const int p = nextOf(text, j, close, "*/");
-                if (p >= close) {
-                    break;
-                }
-                j = p + 1;
-            }
-        } else if (selector == '^') {
-            kind = StepKind::kPower;
-            record.operand(open + 1, false);
-            int p = nextOf(text, open, close, "^");
-            while (p < close) {
-                record.operand(p + 1, false, exponentIsIndependent(saved, p + 1));
-                text[static_cast<std::size_t>(open + 1)] = 'v';
-                text[static_cast<std::size_t>(p)] = '@';
-                p = nextOf(text, open, close, "^");
-            }
-        } else {
-            kind = selector == '!' ? StepKind::kFactorial : StepKind::kSingle;
-            record.operand(open + 1, false);
-        }
-        record.step(kind, open, first);
+        record.pair(open, close);
         if (open == 0) {
             plan.reachesOuterPair = true;
             break;
