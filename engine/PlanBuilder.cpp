@@ -159,6 +159,12 @@ class Recorder {
 
     void operand(int position, bool inverted, bool independent = false) {
         PlanOperand op = operandAt(text, position);
+        if (op.source == OperandSource::kValues && copies_[op.index]) {
+            // values[index] only repeats x, y or a constant: read that at once and keep the
+            // store of values[index] off the path from x to the result.
+            op.source = copied_[op.index].source;
+            op.index = copied_[op.index].index;
+        }
         op.inverted = inverted;
         op.independent = independent;
         plan_.operands.push_back(op);
@@ -200,10 +206,20 @@ class Recorder {
             step.kind = StepKind::kProductOfTwo;
         }
         plan_.steps.push_back(step);
+        const PlanOperand& only = plan_.operands.back();
+        if (kind == StepKind::kSingle && only.function == PlanFunction::kNone &&
+            only.source != OperandSource::kValues &&
+            !(only.source == OperandSource::kInputs && only.index == kInputRunning)) {
+            copies_[static_cast<std::size_t>(open)] = true;
+            copied_[static_cast<std::size_t>(open)] = only;
+        }
     }
 
     EvaluationPlan& plan_;
     const Text& saved_;
+    // Pairs computed as a plain copy of x, y, a zero or a constant, and what they copy.
+    std::array<bool, kSlotCapacity> copies_{};
+    std::array<PlanOperand, kSlotCapacity> copied_{};
 };
 
 }  // namespace
