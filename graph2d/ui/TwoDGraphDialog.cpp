@@ -320,7 +320,12 @@ void TwoDGraphDialog::startRun(const std::string& typedFormula, double xBegin, d
             }
             lastPercent = percent;
             QMetaObject::invokeMethod(
-                progress_, [this, percent] { progress_->setValue(percent); }, Qt::QueuedConnection);
+                progress_,
+                [this, percent] {
+                    progress_->setValue(percent);
+                    Q_EMIT progressChanged(percent);
+                },
+                Qt::QueuedConnection);
         };
         bool completed = false;
         const std::optional<Failure> failure = catchFailure(kProcTwoDGraphDialog, [&] {

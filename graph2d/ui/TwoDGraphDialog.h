@@ -83,6 +83,8 @@ class TwoDGraphDialog : public QDialog, public FailureScope {
   Q_SIGNALS:
     // The worker has ended; `completed` is false when it was stopped.
     void runFinished(bool completed);
+    // Whole percent of the run done, for progress shown outside the dialog.
+    void progressChanged(int percent);
     // Curves were added or removed (derivative and integral erased, second function dropped).
     void curvesChanged();
     // A run completed and the view was reset to it: the graph is to be drawn.

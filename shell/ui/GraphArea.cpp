@@ -28,6 +28,15 @@ void GraphCanvas::resizeEvent(QResizeEvent* event) {
     stale_ = true;
 }
 
+void GraphCanvas::layOutView() {
+    if (laidOutSize_ != size()) {
+        laidOutSize_ = size();
+        setViewSize(view_, width(), height());
+        resetGridSteps(view_);
+        Q_EMIT viewLaidOut();
+    }
+}
+
 void GraphCanvas::render() {
     const qreal ratio = devicePixelRatioF();
     const QSize pixels = size() * ratio;
@@ -38,12 +47,7 @@ void GraphCanvas::render() {
     buffer_.fill(graph_colors::kBackground);
     QPainter painter(&buffer_);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (laidOutSize_ != size()) {
-        laidOutSize_ = size();
-        setViewSize(view_, width(), height());
-        resetGridSteps(view_);
-        Q_EMIT viewLaidOut();
-    }
+    layOutView();
     if (graph_.main.exists()) {
         painter_.draw(painter, graph_, view_);
     }
@@ -90,6 +94,17 @@ GraphArea::GraphArea(const TwoDGraph& graph, GraphView& view, QWidget* parent)
 void GraphArea::redraw() {
     updateScrollBars();
     canvas_->invalidate();
+}
+
+void GraphArea::showNewGraph() {
+    canvas_->layOutView();
+    GraphView& view = *view_;
+    if (view.contentHeight > view.visibleHeight()) {
+        const double axisRow = (view.graphHeight + view.yBase * view.ppu) * view.yZoom;
+        view.scrollY = axisRow - view.visibleHeight() / 2;
+        clampScroll(view);
+    }
+    redraw();
 }
 
 void GraphArea::updateScrollBars() {

@@ -19,6 +19,8 @@ class GraphCanvas : public QWidget {
     GraphCanvas(const TwoDGraph& graph, GraphView& view, QWidget* parent = nullptr);
     // The graph or the view changed: draw the buffer again before the next paint.
     void invalidate();
+    // Lays the view out for the canvas's size now, as the next paint would.
+    void layOutView();
     const QImage& backBuffer() const { return buffer_; }
 
   Q_SIGNALS:
@@ -51,6 +53,9 @@ class GraphArea : public QWidget {
     QScrollBar* horizontalBar() const { return horizontal_; }
     QScrollBar* verticalBar() const { return vertical_; }
     void redraw();
+    // After a new graph: lays the view out for the canvas and, when the graph is taller than the
+    // window, scrolls so the x axis is in the middle, where most curves are read.
+    void showNewGraph();
 
   private:
     void updateScrollBars();

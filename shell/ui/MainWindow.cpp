@@ -111,6 +111,9 @@ TwoDGraphDialog* MainWindow::twoDGraphDialog(bool second) {
             refreshCommands();
         });
         connect(dialog, &TwoDGraphDialog::graphDrawn, this, &MainWindow::showGraph);
+        connect(dialog, &TwoDGraphDialog::progressChanged, progress_, &QProgressBar::setValue);
+        connect(dialog, &TwoDGraphDialog::runFinished, progress_,
+                [this] { progress_->setValue(0); });
     }
     return dialog;
 }
@@ -118,7 +121,7 @@ TwoDGraphDialog* MainWindow::twoDGraphDialog(bool second) {
 void MainWindow::showGraph() {
     kind_ = GraphKind::Function2D;
     pages_->setCurrentWidget(graphArea_);
-    graphArea_->redraw();
+    graphArea_->showNewGraph();
     refreshCommands();
 }
 
@@ -147,7 +150,7 @@ void MainWindow::addOrEraseSecondFunction() {
     parts_.graph.second.release();
     parts_.graph.secondFormulaText.clear();
     resetView(parts_.view, parts_.graph);
-    graphArea_->redraw();
+    graphArea_->showNewGraph();
     refreshCommands();
 }
 
@@ -165,7 +168,7 @@ void MainWindow::switchFunctions() {
     graph.areaLast = -1;
     parts_.view.areaPainted = false;
     resetView(parts_.view, graph);
-    graphArea_->redraw();
+    graphArea_->showNewGraph();
     refreshCommands();
 }
 
