@@ -18,6 +18,7 @@
 #include "history/ui/HistoryCommands.h"
 #include "history/ui/HistoryService.h"
 #include "history/ui/HistoryWindow.h"
+#include "history/ui/LoadingDialog.h"
 #include "shell/FailureReporter.h"
 
 using namespace curvemill;
@@ -218,6 +219,18 @@ class HistoryWindowsTest : public QObject {
         answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::Ok); });
         QVERIFY(!service.locateInput({"sin(2*x)", "-3", "4"}));
         QCOMPARE(seen_, QStringList{"THIS ENTRY IS NOT INCLUDED IN THE LIST"});
+    }
+
+    void loadingDialogIsUpBeforeTheFileIsRead() {
+        bool visibleWhileLoading = false;
+        LoadingDialog* dialog = nullptr;
+        LoadingDialog loading([&] {
+            visibleWhileLoading = dialog->isVisible();
+            return 1;
+        });
+        dialog = &loading;
+        QCOMPARE(loading.exec(), 1);
+        QVERIFY(visibleWhileLoading);
     }
 
     void startupWithoutFileAndExitQuestion() {
