@@ -5,8 +5,9 @@
 #   fuzz/run-fuzz.sh --merge [TARGET]                            fold new inputs into the corpus
 #
 # New inputs collect in the build directory; --merge keeps only those that add coverage to the
-# committed corpus fuzz/corpus/TARGET. Findings are written to build-fuzz/artifacts/. A token
-# dictionary fuzz/TARGET/TARGET.dict is used when present.
+# committed corpus fuzz/corpus/TARGET (edges only, no hit counts, to keep it small). Findings
+# are written to build-fuzz/artifacts/. A token dictionary fuzz/TARGET/TARGET.dict is used when
+# present. FUZZ_BUILD_DIR chooses another build directory.
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
 build="${FUZZ_BUILD_DIR:-$root/build-fuzz}"
@@ -31,7 +32,7 @@ if ((merge)); then
     merged="$build/merged-$target"
     rm -rf "$merged"
     mkdir -p "$merged"
-    "$build/fuzz_$target" -merge=1 -max_len=99 "$merged" "$corpus" "$work"
+    "$build/fuzz_$target" -merge=1 -use_counters=0 -max_len=99 "$merged" "$corpus" "$work"
     rm -f "$corpus"/*
     cp "$merged"/* "$corpus"/
     echo "corpus $corpus now holds $(ls "$corpus" | wc -l) inputs"
