@@ -221,8 +221,11 @@ class MainWindowTest : public QObject {
         QVERIFY(!action(40010)->isEnabled());
     }
 
-    void backBufferMatchesThePixelRatio() {
-        QVERIFY(drawWith(false, "sin(x)*3"));
+    void tallGraphOpensAroundTheAxisFromASharpBuffer() {
+        QVERIFY(drawWith(false, "x^3"));
+        // Taller than the window: it scrolls, and opens with the x axis in sight.
+        QVERIFY(window->graphArea()->verticalBar()->maximum() > 0);
+        QVERIFY(view.visibleYBegin() < 0.0 && view.visibleYEnd() > 0.0);
         GraphCanvas* canvas = window->graphArea()->canvas();
         QVERIFY(QTest::qWaitFor([&] { return !canvas->backBuffer().isNull(); }));
         QCOMPARE(canvas->backBuffer().size(), canvas->size() * canvas->devicePixelRatioF());
