@@ -1,3 +1,5 @@
+#include <fenv.h>
+
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -11,6 +13,7 @@
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
+#include "shell/FaultTranslation.h"
 #include "tests/shell/ModalAnswer.h"
 
 using namespace curvemill;
@@ -67,6 +70,9 @@ class TwoDGraphDialogTest : public QObject {
     }
 
   private Q_SLOTS:
+    // Qt Test installs crash handlers of its own at start; ours must be in force.
+    void initTestCase() { installFaultTranslation(); }
+
     void init() {
         graph = TwoDGraph{};
         view = GraphView{};
@@ -252,6 +258,28 @@ class TwoDGraphDialogTest : public QObject {
         QVERIFY(finished.wait(20000));
         QVERIFY(!graph.hasSecond());
         QVERIFY(graph.main.exists());
+    }
+
+    // A trapping invalid operation on the worker reaches the report with the dialog's name.
+    void faultOnTheWorkerIsReportedUnderTheDialogsName() {
+        TwoDGraphDialog dialog(TwoDGraphRole::Main, formula, graph, view, reporter);
+        dialog.show();
+        reporter.names.clear();
+        reporter.codes.clear();
+        type(dialog, twod_ids::kXBegin, "-1");
+        type(dialog, twod_ids::kXEnd, "1");
+        type(dialog, twod_ids::kFormula, "e^1000-e^1000");
+        QSignalSpy finished(&dialog, &TwoDGraphDialog::runFinished);
+        // A new thread starts with its creator's environment; this thread masks traps again at
+        // once.
+        feenableexcept(FE_INVALID);
+        control<QPushButton>(dialog, twod_ids::kOk)->click();
+        fedisableexcept(FE_ALL_EXCEPT);
+        QVERIFY(finished.wait(20000));
+        QCOMPARE(finished.first().first().toBool(), false);
+        QCOMPARE(reporter.names.size(), std::size_t(1));
+        QVERIFY(reporter.names[0] == kProcTwoDGraphDialog);
+        QCOMPARE(reporter.codes[0], kCodeInvalidFloat);
     }
 
     void logFormulaAsksForTheBaseFirst() {
