@@ -96,59 +96,60 @@ std::string sumOfX(int n) {
 const std::string kLongest = sumOfX(50) + "        ";
 const std::string kTooLong = sumOfX(51);
 
-INSTANTIATE_TEST_SUITE_P(
-    Check, CliTest,
-    ::testing::Values(
-        CliCase{{"check", "x+2*x"}, "(x+(2*x))\n", 0}, CliCase{{"check", "2.5*pi"}, "(2.5*p)\n", 0},
-        CliCase{{"check", "sin(x) / x*80"}, "(s(x)/x*80)\n", 0},
-        CliCase{{"check", "x!!"}, "((x!)!)\n", 0},
-        CliCase{{"check", "--", "-x^2"}, "(-(x^2))\n", 0},
-        CliCase{{"check", "--mode", "e", "x*y"}, "(x*y)\n", 0},
-        CliCase{{"check", "--mode=n", "pi/2"}, "(p/2)\n", 0},
-        CliCase{{"check", "--lenient", "()"}, "(())\n", 0},
-        CliCase{{"check", "sin x"}, "INVALID ENTRY\n", 1},
-        CliCase{{"check", "y"}, "INVALID ENTRY\n", 1},
-        CliCase{{"check", "()"}, "A WRONG CHARACTER BEFORE A BRACKET\n", 1},
-        CliCase{{"check", "(x+1"}, "BRACKETS DO NOT MATCH\n", 1},
-        CliCase{{"check", "x^-2"}, "TWO OPERATORS TOGETHER\n", 1},
-        CliCase{{"check", "--mode", "n", "x"}, "NUMBER IS NOT A CONSTANT\n", 1},
-        CliCase{{"check", "!x"}, "\n", 1}, CliCase{{"check", "-x"}, "", 2},
-        CliCase{{"check", "--mode", "z", "x"}, "", 2}, CliCase{{"check", "--mode"}, "", 2},
-        CliCase{{"check", "--bogus", "x"}, "", 2}, CliCase{{"check", "--lenient=1", "x"}, "", 2},
-        CliCase{{"check"}, "", 2}, CliCase{{"check", "x", "y"}, "", 2},
-        CliCase{{"check", kLongest}, std::string("(").append(sumOfX(50)).append(")\n"), 0},
-        CliCase{{"check", kTooLong}, "", 2}));
+const std::vector<CliCase> kCheckCases{
+    CliCase{{"check", "x+2*x"}, "(x+(2*x))\n", 0},
+    CliCase{{"check", "2.5*pi"}, "(2.5*p)\n", 0},
+    CliCase{{"check", "--", "-x^2"}, "(-(x^2))\n", 0},
+    CliCase{{"check", "--mode", "e", "x*y"}, "(x*y)\n", 0},
+    CliCase{{"check", "--mode=n", "pi/2"}, "(p/2)\n", 0},
+    CliCase{{"check", "--lenient", "()"}, "(())\n", 0},
+    CliCase{{"check", "sin x"}, "INVALID ENTRY\n", 1},
+    CliCase{{"check", "()"}, "A WRONG CHARACTER BEFORE A BRACKET\n", 1},
+    CliCase{{"check", "--mode", "n", "x"}, "NUMBER IS NOT A CONSTANT\n", 1},
+    CliCase{{"check", "!x"}, "\n", 1},
+    CliCase{{"check", "-x"}, "", 2},
+    CliCase{{"check", "--mode", "z", "x"}, "", 2},
+    CliCase{{"check", "--mode"}, "", 2},
+    CliCase{{"check", "--bogus", "x"}, "", 2},
+    CliCase{{"check", "--lenient=1", "x"}, "", 2},
+    CliCase{{"check"}, "", 2},
+    CliCase{{"check", "x", "y"}, "", 2},
+    CliCase{{"check", kLongest}, std::string("(").append(sumOfX(50)).append(")\n"), 0},
+    CliCase{{"check", kTooLong}, "", 2},
+};
+INSTANTIATE_TEST_SUITE_P(Check, CliTest, ::testing::ValuesIn(kCheckCases));
 
-INSTANTIATE_TEST_SUITE_P(
-    Eval, CliTest,
-    ::testing::Values(
-        CliCase{{"eval", "x^2", "-3"}, "9\n", 0},
-        CliCase{{"eval", "x", "pi/2"}, "1.5707963267948966\n", 0},
-        CliCase{{"eval", "pi", "0"}, "3.1415926535897931\n", 0},
-        CliCase{{"eval", "1/0", "0"}, "10000000000\n", 0},
-        CliCase{{"eval", "13!", "0"}, "1932053504\n", 0},
-        CliCase{{"eval", "--", "-x^2", "3"}, "-9\n", 0},
-        CliCase{{"eval", "x*y", "2", "3"}, "6\n", 0},
-        CliCase{{"eval", "--mode", "f", "x", "2", "3"}, "2\n", 0},
-        CliCase{{"eval", "--mode", "e", "x+y", "2"}, "2\n", 0},
-        CliCase{{"eval", "--log-base", "100", "log(10000)", "0"}, "2\n", 0},
-        CliCase{{"eval", "--log-base=0", "log(10)", "0"}, "-0\n", 0},
-        CliCase{{"eval", "(-2)^x", "2"}, "INDEFINITE\n", 0},
-        CliCase{{"eval", "Sqr(x)", "0"}, "INDEFINITE\n", 0},
-        CliCase{{"eval", "2x", "1"}, "INVALID ENTRY\n", 1},
-        CliCase{{"eval", "x", "2*x"}, "ERROR IN X EDIT BOX:\nNUMBER IS NOT A CONSTANT\n", 1},
-        CliCase{{"eval", "x", ""}, "ERROR IN X EDIT BOX:\nBOX IS EMPTY\n", 1},
-        CliCase{{"eval", "x*y", "1", "log(5)"},
-                "ERROR IN Y EDIT BOX:\nNUMBER MAY NOT BE A VALID CONSTANT\n",
-                1},
-        CliCase{{"eval", "--log-base", "abc", "x", "1"}, "ENTER A VALID NUMBER\n", 1},
-        CliCase{{"eval", "--log-base", "-2", "x", "1"}, "LOG BASE MUST BE A POSITIVE NUMBER\n", 1},
-        CliCase{{"eval", "x"}, "", 2}, CliCase{{"eval", "x", "1", "2", "3"}, "", 2},
-        CliCase{{"eval", "--mode", "n", "x", "1"}, "", 2}, CliCase{{"eval", "--log-base"}, "", 2}));
+const std::vector<CliCase> kEvalCases{
+    CliCase{{"eval", "x^2", "-3"}, "9\n", 0},
+    CliCase{{"eval", "x", "pi/2"}, "1.5707963267948966\n", 0},
+    CliCase{{"eval", "1/0", "0"}, "10000000000\n", 0},
+    CliCase{{"eval", "--", "-x^2", "3"}, "-9\n", 0},
+    CliCase{{"eval", "x*y", "2", "3"}, "6\n", 0},
+    CliCase{{"eval", "--mode", "f", "x", "2", "3"}, "2\n", 0},
+    CliCase{{"eval", "--mode", "e", "x+y", "2"}, "2\n", 0},
+    CliCase{{"eval", "--log-base", "100", "log(10000)", "0"}, "2\n", 0},
+    CliCase{{"eval", "--log-base=0", "log(10)", "0"}, "-0\n", 0},
+    CliCase{{"eval", "(-2)^x", "2"}, "INDEFINITE\n", 0},
+    CliCase{{"eval", "2x", "1"}, "INVALID ENTRY\n", 1},
+    CliCase{{"eval", "x", "2*x"}, "ERROR IN X EDIT BOX:\nNUMBER IS NOT A CONSTANT\n", 1},
+    CliCase{{"eval", "x", ""}, "ERROR IN X EDIT BOX:\nBOX IS EMPTY\n", 1},
+    CliCase{{"eval", "x*y", "1", "log(5)"},
+            "ERROR IN Y EDIT BOX:\nNUMBER MAY NOT BE A VALID CONSTANT\n",
+            1},
+    CliCase{{"eval", "--log-base", "abc", "x", "1"}, "ENTER A VALID NUMBER\n", 1},
+    CliCase{{"eval", "--log-base", "-2", "x", "1"}, "LOG BASE MUST BE A POSITIVE NUMBER\n", 1},
+    CliCase{{"eval", "x"}, "", 2},
+    CliCase{{"eval", "x", "1", "2", "3"}, "", 2},
+    CliCase{{"eval", "--mode", "n", "x", "1"}, "", 2},
+    CliCase{{"eval", "--log-base"}, "", 2},
+};
+INSTANTIATE_TEST_SUITE_P(Eval, CliTest, ::testing::ValuesIn(kEvalCases));
 
-INSTANTIATE_TEST_SUITE_P(Dispatch, CliTest,
-                         ::testing::Values(CliCase{{}, "", 2},
-                                           CliCase{{"frobnicate", "x"}, "", 2}));
+const std::vector<CliCase> kDispatchCases{
+    CliCase{{}, "", 2},
+    CliCase{{"frobnicate", "x"}, "", 2},
+};
+INSTANTIATE_TEST_SUITE_P(Dispatch, CliTest, ::testing::ValuesIn(kDispatchCases));
 
 // Help goes to stdout with status 0; its wording is free, its presence is not.
 TEST(CliHelp, EveryCommandAndTheProgramHaveHelp) {
