@@ -180,6 +180,11 @@ void TwoDGraphDialog::setEntry(const QString& formula, const QString& xBegin, co
     xEndEdit_->setText(xEnd);
 }
 
+void TwoDGraphDialog::copyRangeFrom(const TwoDGraphDialog& other) {
+    xBeginEdit_->setText(other.xBeginEdit_->text());
+    xEndEdit_->setText(other.xEndEdit_->text());
+}
+
 void TwoDGraphDialog::updatePointsLabel() {
     pointsLabel_->setText(
         QStringLiteral("%1 Points").arg(pointsSpin_->correctedValue() * kPointsUnit));

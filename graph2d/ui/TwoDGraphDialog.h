@@ -72,6 +72,8 @@ class TwoDGraphDialog : public QDialog, public FailureScope {
     void setHistoryHooks(TwoDGraphHistoryHooks hooks);
     // Fills the boxes, as when an entry is picked from the history.
     void setEntry(const QString& formula, const QString& xBegin, const QString& xEnd);
+    // Takes the X range as typed in `other`: both functions are drawn over one X range.
+    void copyRangeFrom(const TwoDGraphDialog& other);
     bool isRunning() const { return worker_.joinable(); }
 
   public Q_SLOTS:

@@ -144,7 +144,9 @@ void MainWindow::openTwoDGraph() {
 
 void MainWindow::addOrEraseSecondFunction() {
     if (!parts_.graph.hasSecond()) {
-        twoDGraphDialog(true)->open();
+        TwoDGraphDialog* dialog = twoDGraphDialog(true);
+        dialog->copyRangeFrom(*twoDGraphDialog(false));
+        dialog->open();
         return;
     }
     parts_.graph.second.release();

@@ -178,6 +178,7 @@ class MainWindowTest : public QObject {
     }
 
     void graphSecondFunctionAndSwitching() {
+        window->twoDGraphDialog(false)->setEntry("x", "-3", "4");
         QVERIFY(drawWith(false, "x"));
         QCOMPARE(window->graphKind(), GraphKind::Function2D);
         QVERIFY(window->graphArea()->isVisible());
@@ -190,6 +191,8 @@ class MainWindowTest : public QObject {
         QVERIFY(action(40093)->isEnabled());
 
         QVERIFY(drawWith(true, "x^2"));
+        // The second function is drawn over the first one's range.
+        QCOMPARE(graph.second.points[0].x, -3.0);
         QCOMPARE(action(40051)->text(), QStringLiteral("Erase Another Function"));
         QCOMPARE(action(40051)->toolTip(), QStringLiteral("ERASE SECOND FUNCTION"));
         QVERIFY(action(40054)->isEnabled());
@@ -197,7 +200,7 @@ class MainWindowTest : public QObject {
         action(40054)->trigger();
         QCOMPARE(graph.mainFormulaText, std::string("x^2"));
         QCOMPARE(graph.secondFormulaText, std::string("x"));
-        QVERIFY(qAbs(graph.main.yMax - 100.0) < 1e-6);
+        QVERIFY(qAbs(graph.main.yMax - 16.0) < 1e-6);
         formula.useSecondFunction = false;
         QCOMPARE(formula.evaluate(3.0), 9.0);
 
