@@ -77,6 +77,8 @@ Command evalCommand() {
                "f (function of x; the default without Y) or e (formula in x and y;\n"
                "                      the default with Y)"},
               {"log-base", "B", "base of log( (default 10), as in the Log Base dialog"}},
+             "As in the program's boxes, X and Y take no exponent notation: write 100000, not\n"
+             "1e5. A formula that begins with '-' needs -- before it (X and Y after it do not).\n\n"
              "Exit status: 0 evaluated (INDEFINITE included), 1 formula, X, Y or base refused,\n"
              "2 wrong command line.\n"},
             runEval};
