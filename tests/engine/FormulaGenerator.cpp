@@ -43,7 +43,12 @@ constexpr std::array kSpecials{"asin(1.0000001)",
                                "(x^(1+1))",
                                "(2^(x-x))",
                                "((-x)^(2*3))",
-                               "(0*x/0)"};
+                               "(0*x/0)",
+                               "((-2)^Sqr(4))",
+                               "((-x)^sin(0))",
+                               "(x^cos(x))",
+                               "sin(x)!",
+                               "((-1)^(x-x+2))"};
 
 // Rough count of characters after which a formula stops growing: deep formulas would otherwise
 // mostly come out longer than 99 characters and be thrown away.
