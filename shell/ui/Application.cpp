@@ -10,6 +10,7 @@
 #include "shell/ui/MainWindow.h"
 #include "shell/ui/ProductWebPage.h"
 #include "shell/ui/TitlePage.h"
+#include "shell/ui/ToolbarIcons.h"
 
 namespace curvemill {
 
@@ -63,6 +64,7 @@ int Application::run() {
     qt_.setFailureReporter(&reporter_);
     // Closing the main window ends the program even while history windows are open.
     qt_.setQuitOnLastWindowClosed(false);
+    qt_.setWindowIcon(programIcon());
     for (auto step : {&Application::createMainWindow, &Application::prepareFailureReport,
                       &Application::showMainWindow}) {
         if (!runGuarded(kProcWinMain, reporter_, [this, step] { (this->*step)(); })) {

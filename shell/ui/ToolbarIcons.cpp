@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
@@ -236,6 +237,39 @@ void paintIcon(QPainter& p, int id) {
 }
 
 }  // namespace
+
+QIcon programIcon() {
+    QIcon icon;
+    for (const int size : {16, 32, 48, 64, 128}) {
+        QPixmap pixmap(size, size);
+        pixmap.fill(Qt::transparent);
+        QPainter p(&pixmap);
+        p.setRenderHint(QPainter::Antialiasing);
+        p.scale(size / 64.0, size / 64.0);
+        QLinearGradient background(0, 0, 0, 64);
+        background.setColorAt(0, QColor(24, 44, 96));
+        background.setColorAt(1, QColor(60, 110, 190));
+        p.setPen(Qt::NoPen);
+        p.setBrush(background);
+        p.drawRoundedRect(QRectF(2, 2, 60, 60), 12, 12);
+        p.setPen(QPen(QColor(255, 255, 255, 110), 1.5));
+        p.drawLine(QPointF(8, 40), QPointF(56, 40));
+        p.drawLine(QPointF(32, 8), QPointF(32, 56));
+        QPainterPath wave;
+        for (int i = 0; i <= 96; ++i) {
+            const double x = -10.0 + 20.0 * i / 96.0;
+            const double y = x == 0.0 ? 1.0 : std::sin(x * 1.6) / (x * 1.6);
+            const QPointF point(8 + 48.0 * i / 96.0, 40 - 26 * y);
+            i == 0 ? wave.moveTo(point) : wave.lineTo(point);
+        }
+        p.setPen(QPen(QColor(150, 215, 255), 4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        p.setBrush(Qt::NoBrush);
+        p.drawPath(wave);
+        p.end();
+        icon.addPixmap(pixmap);
+    }
+    return icon;
+}
 
 QIcon toolbarIcon(int id) {
     QIcon icon;
