@@ -53,18 +53,18 @@ bool commandAvailable(int id, const ShellState& state) {
     }
 }
 
-bool commandEnabled(const CommandSpec& spec, const ShellState& state) {
-    return spec.handler != nullptr && commandAvailable(spec.id, state);
+bool commandEnabled(const CommandRow& row, const ShellState& state) {
+    return row.handler != nullptr && commandAvailable(row.id, state);
 }
 
-CommandLook commandLook(const CommandSpec& spec, const ShellState& state) {
-    if (spec.id == cmd::kSecondFunction && state.hasSecondFunction) {
+CommandLook commandLook(const CommandRow& row, const ShellState& state) {
+    if (row.id == cmd::kSecondFunction && state.hasSecondFunction) {
         return {"Erase Another Function", "ERASE SECOND FUNCTION"};
     }
-    if (spec.id == cmd::kDrawGrid && state.gridOn) {
-        return {spec.text, "ERASE GRID"};
+    if (row.id == cmd::kDrawGrid && state.gridOn) {
+        return {row.text, "ERASE GRID"};
     }
-    return {spec.text, spec.tooltip};
+    return {row.text, row.tooltip};
 }
 
 }  // namespace curvemill

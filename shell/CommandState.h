@@ -24,7 +24,7 @@ struct ShellState {
 bool commandAvailable(int id, const ShellState& state);
 
 // Available and built: what the menu and toolbar show enabled.
-bool commandEnabled(const CommandSpec& spec, const ShellState& state);
+bool commandEnabled(const CommandRow& row, const ShellState& state);
 
 struct CommandLook {
     std::string_view text;
@@ -32,6 +32,6 @@ struct CommandLook {
 };
 
 // Text and tooltip in this state (the second function and grid entries change their words).
-CommandLook commandLook(const CommandSpec& spec, const ShellState& state);
+CommandLook commandLook(const CommandRow& row, const ShellState& state);
 
 }  // namespace curvemill

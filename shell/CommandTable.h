@@ -36,7 +36,7 @@ enum class CommandPlace {
     AcceleratorOnly  // a key without a menu entry or button
 };
 
-struct CommandSpec {
+struct CommandRow {
     int id;
     CommandPlace place;
     // Menu path: "File", "Zoom/Zoom In"; empty for a top-level entry or a command without menu.
@@ -53,12 +53,12 @@ struct CommandSpec {
 };
 
 // Every command in menu order, then the toolbar-only and accelerator-only ones.
-std::span<const CommandSpec> commandTable();
+std::span<const CommandRow> commandTable();
 
 // The row of `id`, or null.
-const CommandSpec* findCommand(int id);
+const CommandRow* findCommand(int id);
 
 // Menu text without its key hint ("Copy\tCtrl+C" gives "Copy").
-std::string_view menuLabel(const CommandSpec& spec);
+std::string_view menuLabel(const CommandRow& row);
 
 }  // namespace curvemill

@@ -46,45 +46,45 @@ CommandActions::CommandActions(QMainWindow& window, CommandTarget& target) {
 
     std::map<QString, QMenu*> menus;
     QString lastToolbarGroup;
-    for (const CommandSpec& spec : commandTable()) {
-        auto* action = new QAction(qs(menuLabel(spec)), &window);
-        action->setObjectName(QString::number(spec.id));
-        if (!spec.key.empty()) {
-            action->setShortcut(QKeySequence(qs(spec.key)));
+    for (const CommandRow& row : commandTable()) {
+        auto* action = new QAction(qs(menuLabel(row)), &window);
+        action->setObjectName(QString::number(row.id));
+        if (!row.key.empty()) {
+            action->setShortcut(QKeySequence(qs(row.key)));
             action->setShortcutContext(Qt::WindowShortcut);
         }
-        if (!spec.tooltip.empty()) {
-            action->setToolTip(qs(spec.tooltip));
-            action->setIcon(toolbarIcon(spec.id));
+        if (!row.tooltip.empty()) {
+            action->setToolTip(qs(row.tooltip));
+            action->setIcon(toolbarIcon(row.id));
         }
-        if (spec.handler != nullptr) {
-            const auto handler = spec.handler;
+        if (row.handler != nullptr) {
+            const auto handler = row.handler;
             QObject::connect(action, &QAction::triggered, &window,
                              [&target, handler] { (target.*handler)(); });
         }
-        if (spec.id == cmd::kMouseMove || spec.id == cmd::kMouseSelect) {
+        if (row.id == cmd::kMouseMove || row.id == cmd::kMouseSelect) {
             action->setCheckable(true);
-            action->setChecked(spec.id == cmd::kMouseMove);
+            action->setChecked(row.id == cmd::kMouseMove);
             mouseModes_->addAction(action);
         }
-        if (spec.id == cmd::kDrawGrid) {
+        if (row.id == cmd::kDrawGrid) {
             action->setCheckable(true);
         }
-        actions_[spec.id] = action;
+        actions_[row.id] = action;
 
-        switch (spec.place) {
+        switch (row.place) {
             case CommandPlace::Menu: {
-                const QString path = qs(spec.menu);
+                const QString path = qs(row.menu);
                 if (path.isEmpty()) {
                     window.menuBar()->addAction(action);
                 } else {
                     QMenu* menu = menuFor(*window.menuBar(), menus, path);
-                    if (spec.id == cmd::kExit || spec.id == cmd::kSaveNewEntries) {
+                    if (row.id == cmd::kExit || row.id == cmd::kSaveNewEntries) {
                         menu->addSeparator();
                     }
                     menu->addAction(action);
                 }
-                if (!spec.tooltip.empty()) {
+                if (!row.tooltip.empty()) {
                     const QString group = path.section(QLatin1Char('/'), 0, 0);
                     if (!lastToolbarGroup.isEmpty() && group != lastToolbarGroup) {
                         toolBar_->addSeparator();
@@ -95,8 +95,8 @@ CommandActions::CommandActions(QMainWindow& window, CommandTarget& target) {
                 break;
             }
             case CommandPlace::ToolbarOnly:
-                if (spec.id == cmd::kReturnToTitleButton || spec.id == cmd::kMouseMove ||
-                    spec.id == 40101 || spec.id == cmd::kDemoFailure) {
+                if (row.id == cmd::kReturnToTitleButton || row.id == cmd::kMouseMove ||
+                    row.id == 40101 || row.id == cmd::kDemoFailure) {
                     toolBar_->addSeparator();
                 }
                 toolBar_->addAction(action);
@@ -114,15 +114,15 @@ QAction* CommandActions::action(int id) const {
 }
 
 void CommandActions::apply(const ShellState& state) {
-    for (const CommandSpec& spec : commandTable()) {
-        QAction* action = actions_.at(spec.id);
-        action->setEnabled(commandEnabled(spec, state));
-        const CommandLook look = commandLook(spec, state);
+    for (const CommandRow& row : commandTable()) {
+        QAction* action = actions_.at(row.id);
+        action->setEnabled(commandEnabled(row, state));
+        const CommandLook look = commandLook(row, state);
         action->setText(qs(look.text.substr(0, look.text.find('\t'))));
         if (!look.tooltip.empty()) {
             action->setToolTip(qs(look.tooltip));
         }
-        if (spec.id == cmd::kDrawGrid) {
+        if (row.id == cmd::kDrawGrid) {
             action->setChecked(state.gridOn);
         }
     }

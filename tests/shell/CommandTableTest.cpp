@@ -74,16 +74,16 @@ TEST(CommandTable, EveryCommandHasItsTextKeyAndTooltip) {
         SCOPED_TRACE(row.id);
         // Table order is menu order.
         EXPECT_EQ(commandTable()[i].id, row.id);
-        const CommandSpec* spec = findCommand(row.id);
-        ASSERT_NE(spec, nullptr);
-        EXPECT_EQ(spec->menu, row.menu);
-        if (spec->place == CommandPlace::Menu) {
-            EXPECT_EQ(spec->text, row.text);
+        const CommandRow* found = findCommand(row.id);
+        ASSERT_NE(found, nullptr);
+        EXPECT_EQ(found->menu, row.menu);
+        if (found->place == CommandPlace::Menu) {
+            EXPECT_EQ(found->text, row.text);
         } else if (!row.text.empty()) {
-            EXPECT_EQ(spec->text, row.text);
+            EXPECT_EQ(found->text, row.text);
         }
-        EXPECT_EQ(spec->key, row.key);
-        EXPECT_EQ(spec->tooltip, row.tooltip);
+        EXPECT_EQ(found->key, row.key);
+        EXPECT_EQ(found->tooltip, row.tooltip);
     }
     EXPECT_EQ(menuLabel(*findCommand(40052)), "Copy");
     EXPECT_EQ(findCommand(12345), nullptr);
@@ -126,8 +126,8 @@ TEST(CommandState, EnablingFollowsTheGraphOnScreen) {
 
 TEST(CommandState, SecondFunctionAndGridEntriesChangeTheirWords) {
     ShellState state{GraphKind::Function2D};
-    const CommandSpec& second = *findCommand(cmd::kSecondFunction);
-    const CommandSpec& grid = *findCommand(cmd::kDrawGrid);
+    const CommandRow& second = *findCommand(cmd::kSecondFunction);
+    const CommandRow& grid = *findCommand(cmd::kDrawGrid);
     EXPECT_EQ(commandLook(second, state).text, "Add Another Function");
     EXPECT_EQ(commandLook(second, state).tooltip, "ADD SECOND FUNCTION");
     EXPECT_EQ(commandLook(grid, state).tooltip, "DRAW GRID");

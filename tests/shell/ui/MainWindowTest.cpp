@@ -134,14 +134,14 @@ class MainWindowTest : public QObject {
     void cleanup() { window.reset(); }
 
     void everyCommandIsOneAction() {
-        for (const CommandSpec& spec : commandTable()) {
-            QAction* a = action(spec.id);
-            QVERIFY2(a != nullptr, qPrintable(QString::number(spec.id)));
-            QCOMPARE(a->objectName(), QString::number(spec.id));
+        for (const CommandRow& row : commandTable()) {
+            QAction* a = action(row.id);
+            QVERIFY2(a != nullptr, qPrintable(QString::number(row.id)));
+            QCOMPARE(a->objectName(), QString::number(row.id));
             QCOMPARE(a->shortcut(),
-                     QKeySequence(QString::fromUtf8(spec.key.data(), spec.key.size())));
-            if (!spec.tooltip.empty()) {
-                const std::string_view tip = commandLook(spec, window->shellState()).tooltip;
+                     QKeySequence(QString::fromUtf8(row.key.data(), row.key.size())));
+            if (!row.tooltip.empty()) {
+                const std::string_view tip = commandLook(row, window->shellState()).tooltip;
                 QCOMPARE(a->toolTip(), QString::fromUtf8(tip.data(), tip.size()));
                 QVERIFY(window->commands().toolBar()->actions().contains(a));
             }
