@@ -14,6 +14,7 @@ void RestartingFailureReporter::reportFailure(ProcedureName name, FailureCode co
     platform_.hideWindows();
     platform_.showErrorMessage(text);
     platform_.startDetached(platform_.executablePath());
+    platform_.focusMainWindow();
     platform_.exitProcess(0);
     reporting_ = false;
 }

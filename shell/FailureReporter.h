@@ -21,6 +21,9 @@ class FailurePlatform {
     virtual std::string executablePath() = 0;
     // Starts `program` detached; a failure to start is not reported further.
     virtual void startDetached(const std::string& program) = 0;
+    // The hidden main window takes the keyboard focus, so no other window of ours keeps it while
+    // the process ends.
+    virtual void focusMainWindow() = 0;
     // Ends the process with `code`, without saving the history. Returns only in tests.
     virtual void exitProcess(int code) = 0;
 };
@@ -33,7 +36,7 @@ class FailureReporter {
     virtual void reportFailure(ProcedureName name, FailureCode code) = 0;
 };
 
-// The program's reporter: message, hide, box, restart, exit 0.
+// The program's reporter: message, hide, box, restart, focus, exit 0.
 class RestartingFailureReporter final : public FailureReporter {
   public:
     explicit RestartingFailureReporter(FailurePlatform& platform) : platform_(platform) {}

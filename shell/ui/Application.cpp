@@ -50,6 +50,12 @@ void Application::prepareFailureReport() {
             window_->hide();
         }
     });
+    platform_.setMainWindowFocuser([this] {
+        if (window_) {
+            window_->activateWindow();
+            window_->setFocus(Qt::OtherFocusReason);
+        }
+    });
 }
 
 void Application::showMainWindow() {

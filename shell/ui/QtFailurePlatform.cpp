@@ -29,6 +29,12 @@ void QtFailurePlatform::startDetached(const std::string& program) {
     QProcess::startDetached(QString::fromStdString(program), {});
 }
 
+void QtFailurePlatform::focusMainWindow() {
+    if (focuser_) {
+        focuser_();
+    }
+}
+
 void QtFailurePlatform::exitProcess(int code) {
     // Static destructors run; the history is not saved, and no event loop is resumed, since the
     // frames that failed may still be on the stack below us.

@@ -162,11 +162,12 @@ class RecordingPlatform : public FailurePlatform {
     void showErrorMessage(const std::string& text) override { steps.push_back("box:" + text); }
     std::string executablePath() override { return "/opt/curvemill/curvemill"; }
     void startDetached(const std::string& program) override { steps.push_back("start:" + program); }
+    void focusMainWindow() override { steps.push_back("focus"); }
     void exitProcess(int code) override { steps.push_back("exit:" + std::to_string(code)); }
     std::vector<std::string> steps;
 };
 
-TEST(RestartingFailureReporter, HidesTellsRestartsAndExitsInThatOrder) {
+TEST(RestartingFailureReporter, HidesTellsRestartsFocusesAndExitsInThatOrder) {
     installFaultTranslation();
     RecordingPlatform platform;
     RestartingFailureReporter reporter(platform);
@@ -174,7 +175,7 @@ TEST(RestartingFailureReporter, HidesTellsRestartsAndExitsInThatOrder) {
     const std::vector<std::string> expected{
         "hide",
         "box:THIS IS A DEMO OF EXCEPTION HANDLING\nTHE APPLICATION WILL RETURN TO TITLE PAGE",
-        "start:/opt/curvemill/curvemill", "exit:0"};
+        "start:/opt/curvemill/curvemill", "focus", "exit:0"};
     EXPECT_EQ(platform.steps, expected);
 }
 
