@@ -1,4 +1,4 @@
-// The precomputed evaluation steps of one slot (owned by the evaluator; see Evaluator.cpp).
+// The precomputed evaluation steps of one slot (built by PlanBuilder, run by Evaluator.cpp).
 #pragma once
 
 #include <cstdint>
@@ -6,19 +6,23 @@
 
 namespace curvemill {
 
-// Where an operand's number lives; the evaluator keeps one base pointer per source.
+// Where an operand's number lives.
 enum class OperandSource : std::uint8_t {
-    kInputs,  // index 0 x, 1 y, 2 a zero (any other character), 3 the power step's running result
+    kInputs,     // the slot's inputs: index 0 x, 1 y, 2 a zero (any other character), 3 the running
+                 // result of a power chain
     kConstants,  // constants[index]
     kValues,     // values[index]
+    kFunctions,  // functionValues[index]: the function whose code stands at index, applied to its
+                 // computed argument pair
 };
 
 inline constexpr std::uint16_t kInputX = 0;
 inline constexpr std::uint16_t kInputY = 1;
 inline constexpr std::uint16_t kInputZero = 2;
 inline constexpr std::uint16_t kInputRunning = 3;
+inline constexpr int kInputCount = 4;
 
-// The function a function code applies to its computed argument pair (read from values).
+// The function a function code applies to its computed argument pair.
 enum class PlanFunction : std::uint8_t {
     kNone,
     kSin,
@@ -34,7 +38,6 @@ enum class PlanFunction : std::uint8_t {
 
 struct PlanOperand {
     OperandSource source = OperandSource::kInputs;
-    PlanFunction function = PlanFunction::kNone;
     // Sum: the term follows a '-'. Product: the factor follows a '/'.
     bool inverted = false;
     // Power exponent: its text in the saved copy holds no x or y, so a non-positive base may take
@@ -45,32 +48,81 @@ struct PlanOperand {
 
 enum class StepKind : std::uint8_t {
     kSingle,
+    kFunction,  // a function code's value, worked out before the step that reads it
     kSum,
-    kSumOfTwo,  // the common two-term sum, without the loop
     kProduct,
-    kProductOfTwo,  // two factors and no division, without the loop
     kPower,
     kFactorial,
 };
 
-// One computed bracket pair: its operands are operands[first .. first+count-1]; for a power step
-// the first operand is the base and the others are the exponents in chain order.
+// One computed bracket pair, or one function application: its operands are
+// operands[first .. first+count-1]; for a power step the first operand is the base and the others
+// are the exponents in chain order.
 struct PlanStep {
     StepKind kind = StepKind::kSingle;
-    std::uint16_t open = 0;  // values[open] receives the pair's result
+    PlanFunction function = PlanFunction::kNone;  // kFunction only
+    // values[target] receives a pair's result; functionValues[target] a function's.
+    std::uint16_t target = 0;
     std::uint16_t first = 0;
     std::uint16_t count = 0;
 };
 
+// A step with its numbers' addresses worked out for one slot, ready to run.
+struct ResolvedStep {
+    std::uint8_t operation = 0;  // the evaluator's own code for the specialised step
+    std::uint16_t first = 0;     // as in PlanStep, for the steps that walk their operands
+    std::uint16_t count = 0;
+    // The first operands' numbers, so that short steps never look at their operand list.
+    const double* a = nullptr;
+    const double* b = nullptr;
+    const double* c = nullptr;
+    double* result = nullptr;
+};
+
+// An operand whose number's address is worked out, for the steps that walk their operands.
+struct ResolvedOperand {
+    const double* number = nullptr;
+    bool inverted = false;
+    bool independent = false;
+};
+
 // Filled by buildEvaluationPlan when a slot is prepared; evaluate runs it without scanning text.
 struct EvaluationPlan {
+    EvaluationPlan() = default;
+    // A copy lives in another slot, so its addresses are worked out again before it runs.
+    EvaluationPlan(const EvaluationPlan& other)
+        : valid(other.valid),
+          reachesOuterPair(other.reachesOuterPair),
+          steps(other.steps),
+          operands(other.operands),
+          resolvedSteps(other.resolvedSteps),
+          resolvedOperands(other.resolvedOperands) {}
+    EvaluationPlan& operator=(const EvaluationPlan& other) {
+        if (this != &other) {
+            valid = other.valid;
+            reachesOuterPair = other.reachesOuterPair;
+            steps = other.steps;
+            operands = other.operands;
+            resolvedSteps = other.resolvedSteps;
+            resolvedOperands = other.resolvedOperands;
+            resolvedFor = nullptr;
+        }
+        return *this;
+    }
+
     bool valid = false;
     // The last step computes the outermost pair, whose value is the result; false when the text
     // runs out before it (a lenient text with unbalanced brackets), and the result is then 0.
     bool reachesOuterPair = false;
-    // Both are sized once when the plan is built, so evaluations never allocate.
     std::vector<PlanStep> steps;
     std::vector<PlanOperand> operands;
+
+    // The slot whose numbers resolvedSteps and resolvedOperands point into; anything else (a
+    // fresh plan, a copy) is resolved again by the next evaluate.
+    const void* resolvedFor = nullptr;
+    // Sized like steps and operands when the plan is built, so resolving never allocates.
+    std::vector<ResolvedStep> resolvedSteps;
+    std::vector<ResolvedOperand> resolvedOperands;
 };
 
 }  // namespace curvemill

@@ -5,17 +5,20 @@
 // `indefinite` is set, but it is still written into `values`):
 // - a function outside its domain (asin, acos, ln, log, Sqr) is computed all the same (NaN or an
 //   infinity); NaN is outside every domain that has a bound;
-// - the power step's running result starts as the base, so a chain that is indefinite from its
-//   first '^' on yields its base;
+// - a function's value is worked out before the step that reads it, so a power chain whose
+//   exponent's function is indefinite skips the chain's pow calls; a power step that is
+//   indefinite before its first '^' yields its base;
 // - 0/0 sets the product to 1 and then multiplies the 0 in like any factor, so the product is 0;
 // - a number becomes a 32-bit integer by truncation toward zero, and one whose truncation is
 //   outside that range (or NaN) becomes INT32_MIN, as the processor's conversion does;
 // - any other character in an operand place (empty or stray brackets of a lenient text) reads as 0.
 // The slot text is never written, so it needs no restoring; savedText is filled once when the plan
 // is built, which is what every evaluation's copy would hold.
+#include <bit>
 #include <cmath>
 #include <cstdint>
 
+#include "engine/Arithmetic.h"
 #include "engine/Formula.h"
 
 namespace curvemill {
@@ -45,141 +48,357 @@ double wrappedFactorial(std::int32_t n) {
     return static_cast<double>(static_cast<std::int32_t>(product));
 }
 
+// The specialised steps. Short sums and products have one operation per pattern of signs and
+// divisions, so each step is a single well-predicted dispatch with no loop and no flag tests.
+enum class Operation : std::uint8_t {
+    kCopy,
+    kSin,
+    kCos,
+    kTan,
+    kAtan,
+    kAsin,
+    kAcos,
+    kLn,
+    kLog,
+    kSqrt,
+    kSumPlusPlus,  // a+b, with the signs of the two terms
+    kSumPlusMinus,
+    kSumMinusPlus,
+    kSumMinusMinus,
+    kSum3,  // three terms; +3 bits of signs, a's sign the highest
+    kSum = kSum3 + 8,
+    kProduct,   // a*b
+    kQuotient,  // a/b
+    kProduct3,  // three factors; +2 bits: b divides, c divides
+    kProductN = kProduct3 + 4,
+    kPowerIndependent,  // one '^' whose exponent holds no x or y
+    kPowerDependent,    // one '^' whose exponent holds x or y
+    kPowerChain,
+    kFactorial,
+};
+
+// The step code of an operation, or of the variant `by` places after it.
+constexpr int code(Operation operation, int by = 0) {
+    return static_cast<int>(operation) + by;
+}
+
 struct Run {
-    // x, y, a zero and the power step's running result, in the order of the kInput indexes.
-    double inputs[4];
-    // One base per OperandSource, so that reading a plain operand needs no branch.
-    const double* bases[3];
-    double* values;
+    const ResolvedOperand* operands;
+    double* running;
     double logFactor;
     bool indefinite;
 };
 
-inline double checked(bool inside, double value, Run& run) {
+// -v as a number of its own: a compiler that turns t + (-v) into t - v changes which NaN comes out
+// (x86 hands on the NaN operand as it is), and the rewriting algorithm negates the term first.
+inline double negated(double v) {
+    return std::bit_cast<double>(std::bit_cast<std::uint64_t>(v) ^ 0x8000000000000000u);
+}
+
+template <bool Negated>
+inline double term(const double* number) {
+    return Negated ? negated(*number) : *number;
+}
+
+template <bool NegateA, bool NegateB>
+inline double sum2(const ResolvedStep& s) {
+    return (0.0 + term<NegateA>(s.a)) + term<NegateB>(s.b);
+}
+
+template <bool NegateA, bool NegateB, bool NegateC>
+inline double sum3(const ResolvedStep& s) {
+    return ((0.0 + term<NegateA>(s.a)) + term<NegateB>(s.b)) + term<NegateC>(s.c);
+}
+
+double sum(const ResolvedStep& s, const Run& run) {
+    double total = 0.0;
+    const ResolvedOperand* op = run.operands + s.first;
+    for (const ResolvedOperand* end = op + s.count; op != end; ++op) {
+        total += op->inverted ? negated(*op->number) : *op->number;
+    }
+    return total;
+}
+
+// The product so far times one more factor that follows a '/'.
+inline double divideBy(double total, double factor, bool& indefinite) {
+    if (factor == 0.0) {
+        if (total == 0.0) {
+            indefinite = true;
+            total = 1.0;
+        } else {
+            factor = 1e10;
+        }
+    } else {
+        factor = 1.0 / factor;
+    }
+    return total * factor;
+}
+
+template <bool DivideB, bool DivideC>
+inline double product3(const ResolvedStep& s, bool& indefinite) {
+    double total = *s.a;
+    total = DivideB ? divideBy(total, *s.b, indefinite) : total * *s.b;
+    return DivideC ? divideBy(total, *s.c, indefinite) : total * *s.c;
+}
+
+double product(const ResolvedStep& s, Run& run) {
+    double total = 1.0;
+    const ResolvedOperand* op = run.operands + s.first;
+    for (const ResolvedOperand* end = op + s.count; op != end; ++op) {
+        total = op->inverted ? divideBy(total, *op->number, run.indefinite) : total * *op->number;
+    }
+    return total;
+}
+
+// One '^': the running result starts as the base and takes the power while nothing is
+// indefinite.
+template <bool Independent>
+inline double power(double base, double exponent, bool& indefinite) {
+    if (!(base > 0.0) && !(Independent && isWhole(exponent))) {
+        indefinite = true;
+    }
+    return indefinite ? base : raisePower(base, exponent);
+}
+
+double powerChain(const ResolvedStep& s, Run& run) {
+    const ResolvedOperand* op = run.operands + s.first;
+    double running = *op->number;
+    for (const ResolvedOperand* end = op + s.count; ++op != end;) {
+        running = op->independent ? power<true>(running, *op->number, run.indefinite)
+                                  : power<false>(running, *op->number, run.indefinite);
+    }
+    *run.running = running;
+    return running;
+}
+
+inline double checked(bool inside, double value, bool& indefinite) {
     if (!inside) {
-        run.indefinite = true;
+        indefinite = true;
     }
     return value;
 }
 
-[[gnu::noinline]] double applyFunction(PlanFunction function, double v, Run& run) {
+double runSteps(const ResolvedStep* s, const ResolvedStep* end, Run& run) {
+    double r = 0.0;
+    bool indefinite = false;
+    for (; s != end; ++s) {
+        switch (s->operation) {
+            case code(Operation::kCopy):
+                r = *s->a;
+                break;
+            case code(Operation::kSin):
+                r = std::sin(*s->a);
+                break;
+            case code(Operation::kCos):
+                r = std::cos(*s->a);
+                break;
+            case code(Operation::kTan):
+                r = std::tan(*s->a);
+                break;
+            case code(Operation::kAtan):
+                r = std::atan(*s->a);
+                break;
+            case code(Operation::kAsin):
+                r = checked(std::fabs(*s->a) <= 1.0, std::asin(*s->a), indefinite);
+                break;
+            case code(Operation::kAcos):
+                r = checked(std::fabs(*s->a) <= 1.0, std::acos(*s->a), indefinite);
+                break;
+            case code(Operation::kLn):
+                r = checked(*s->a > 0.0, std::log(*s->a), indefinite);
+                break;
+            case code(Operation::kLog):
+                r = checked(*s->a > 0.0, std::log10(*s->a) * run.logFactor, indefinite);
+                break;
+            case code(Operation::kSqrt):
+                r = checked(*s->a > 0.0, std::sqrt(*s->a), indefinite);
+                break;
+            case code(Operation::kSumPlusPlus):
+                r = sum2<false, false>(*s);
+                break;
+            case code(Operation::kSumPlusMinus):
+                r = sum2<false, true>(*s);
+                break;
+            case code(Operation::kSumMinusPlus):
+                r = sum2<true, false>(*s);
+                break;
+            case code(Operation::kSumMinusMinus):
+                r = sum2<true, true>(*s);
+                break;
+            case code(Operation::kSum3):
+                r = sum3<false, false, false>(*s);
+                break;
+            case code(Operation::kSum3, 1):
+                r = sum3<false, false, true>(*s);
+                break;
+            case code(Operation::kSum3, 2):
+                r = sum3<false, true, false>(*s);
+                break;
+            case code(Operation::kSum3, 3):
+                r = sum3<false, true, true>(*s);
+                break;
+            case code(Operation::kSum3, 4):
+                r = sum3<true, false, false>(*s);
+                break;
+            case code(Operation::kSum3, 5):
+                r = sum3<true, false, true>(*s);
+                break;
+            case code(Operation::kSum3, 6):
+                r = sum3<true, true, false>(*s);
+                break;
+            case code(Operation::kSum3, 7):
+                r = sum3<true, true, true>(*s);
+                break;
+            case code(Operation::kSum):
+                r = sum(*s, run);
+                break;
+            case code(Operation::kProduct):
+                r = *s->a * *s->b;
+                break;
+            case code(Operation::kQuotient):
+                r = divideBy(*s->a, *s->b, indefinite);
+                break;
+            case code(Operation::kProduct3):
+                r = product3<false, false>(*s, indefinite);
+                break;
+            case code(Operation::kProduct3, 1):
+                r = product3<false, true>(*s, indefinite);
+                break;
+            case code(Operation::kProduct3, 2):
+                r = product3<true, false>(*s, indefinite);
+                break;
+            case code(Operation::kProduct3, 3):
+                r = product3<true, true>(*s, indefinite);
+                break;
+            case code(Operation::kProductN):
+                run.indefinite = indefinite;
+                r = product(*s, run);
+                indefinite = run.indefinite;
+                break;
+            case code(Operation::kPowerIndependent):
+                r = power<true>(*s->a, *s->b, indefinite);
+                break;
+            case code(Operation::kPowerDependent):
+                r = power<false>(*s->a, *s->b, indefinite);
+                break;
+            case code(Operation::kPowerChain):
+                run.indefinite = indefinite;
+                r = powerChain(*s, run);
+                indefinite = run.indefinite;
+                break;
+            case code(Operation::kFactorial):
+                r = wrappedFactorial(truncateToInt32(*s->a));
+                break;
+        }
+        *s->result = r;
+    }
+    run.indefinite = indefinite;
+    return r;
+}
+
+const double* numberOf(const PlanOperand& op, ExpressionSlot& slot) {
+    switch (op.source) {
+        case OperandSource::kInputs:
+            return &slot.inputs[op.index];
+        case OperandSource::kConstants:
+            return &slot.constants[op.index];
+        case OperandSource::kValues:
+            return &slot.values[op.index];
+        case OperandSource::kFunctions:
+            return &slot.functionValues[op.index];
+    }
+    return &slot.inputs[kInputZero];
+}
+
+Operation functionOperation(PlanFunction function) {
     switch (function) {
         case PlanFunction::kSin:
-            return std::sin(v);
+            return Operation::kSin;
         case PlanFunction::kCos:
-            return std::cos(v);
+            return Operation::kCos;
         case PlanFunction::kTan:
-            return std::tan(v);
+            return Operation::kTan;
         case PlanFunction::kAtan:
-            return std::atan(v);
+            return Operation::kAtan;
         case PlanFunction::kAsin:
-            return checked(std::fabs(v) <= 1.0, std::asin(v), run);
+            return Operation::kAsin;
         case PlanFunction::kAcos:
-            return checked(std::fabs(v) <= 1.0, std::acos(v), run);
+            return Operation::kAcos;
         case PlanFunction::kLn:
-            return checked(v > 0.0, std::log(v), run);
+            return Operation::kLn;
         case PlanFunction::kLog:
-            return checked(v > 0.0, std::log10(v) * run.logFactor, run);
+            return Operation::kLog;
         case PlanFunction::kSqrt:
-            return checked(v > 0.0, std::sqrt(v), run);
         case PlanFunction::kNone:
             break;
     }
-    return v;
+    return Operation::kSqrt;
 }
 
-inline double read(const PlanOperand& op, Run& run) {
-    const double v = run.bases[static_cast<std::size_t>(op.source)][op.index];
-    return op.function == PlanFunction::kNone ? v : applyFunction(op.function, v, run);
+Operation offset(Operation first, int by) {
+    return static_cast<Operation>(static_cast<int>(first) + by);
 }
 
-inline double signedRead(const PlanOperand& op, Run& run) {
-    const double v = read(op, run);
-    return op.inverted ? -v : v;
-}
-
-double sum(const PlanOperand* op, const PlanOperand* end, Run& run) {
-    double total = 0.0;
-    for (; op != end; ++op) {
-        total += signedRead(*op, run);
-    }
-    return total;
-}
-
-double product(const PlanOperand* op, const PlanOperand* end, Run& run) {
-    double total = 1.0;
-    for (; op != end; ++op) {
-        double factor = read(*op, run);
-        if (op->inverted) {
-            if (factor == 0.0) {
-                if (total == 0.0) {
-                    run.indefinite = true;
-                    total = 1.0;
-                } else {
-                    factor = 1e10;
-                }
-            } else {
-                factor = 1.0 / factor;
+// The specialised operation that runs `step`, whose operands are ops[0 .. step.count-1].
+Operation operationFor(const PlanStep& step, const PlanOperand* ops) {
+    switch (step.kind) {
+        case StepKind::kSingle:
+            return Operation::kCopy;
+        case StepKind::kFunction:
+            return functionOperation(step.function);
+        case StepKind::kSum:
+            if (step.count == 2) {
+                return offset(Operation::kSumPlusPlus, ops[0].inverted * 2 + ops[1].inverted);
             }
-        }
-        total *= factor;
+            if (step.count == 3) {
+                return offset(Operation::kSum3,
+                              ops[0].inverted * 4 + ops[1].inverted * 2 + ops[2].inverted);
+            }
+            return Operation::kSum;
+        case StepKind::kProduct:
+            // The first factor follows the opening bracket, never a '/'.
+            if (step.count == 2 && !ops[0].inverted) {
+                return ops[1].inverted ? Operation::kQuotient : Operation::kProduct;
+            }
+            if (step.count == 3 && !ops[0].inverted) {
+                return offset(Operation::kProduct3, ops[1].inverted * 2 + ops[2].inverted);
+            }
+            return Operation::kProductN;
+        case StepKind::kPower:
+            if (step.count == 2) {
+                return ops[1].independent ? Operation::kPowerIndependent
+                                          : Operation::kPowerDependent;
+            }
+            return Operation::kPowerChain;
+        case StepKind::kFactorial:
+            return Operation::kFactorial;
     }
-    return total;
+    return Operation::kCopy;
 }
 
-double power(const PlanOperand* op, const PlanOperand* end, Run& run) {
-    double base = read(*op, run);
-    double running = base;
-    for (++op; op != end; ++op) {
-        const double exponent = read(*op, run);
-        if (!(base > 0.0) && !(op->independent && isWhole(exponent))) {
-            run.indefinite = true;
-        }
-        if (!run.indefinite) {
-            running = std::pow(base, exponent);
-        }
-        base = running;
+// Points the plan's steps at this slot's numbers: once after the plan is built, and again when
+// the slot holds a copied plan.
+void resolve(ExpressionSlot& slot) {
+    EvaluationPlan& plan = slot.plan;
+    for (std::size_t i = 0; i < plan.operands.size(); ++i) {
+        const PlanOperand& op = plan.operands[i];
+        plan.resolvedOperands[i] = {numberOf(op, slot), op.inverted, op.independent};
     }
-    run.inputs[kInputRunning] = running;
-    return running;
-}
-
-double runPlan(const EvaluationPlan& plan, Run& run) {
-    const PlanOperand* operands = plan.operands.data();
-    double result = 0.0;
-    for (const PlanStep& step : plan.steps) {
-        const PlanOperand* first = operands + step.first;
-        switch (step.kind) {
-            case StepKind::kSingle:
-                result = read(*first, run);
-                break;
-            case StepKind::kSumOfTwo: {
-                const double a = signedRead(first[0], run);
-                result = (0.0 + a) + signedRead(first[1], run);
-                break;
-            }
-            case StepKind::kSum:
-                result = sum(first, first + step.count, run);
-                break;
-            case StepKind::kProductOfTwo: {
-                const double a = read(first[0], run);
-                result = (1.0 * a) * read(first[1], run);
-                break;
-            }
-            case StepKind::kProduct:
-                result = product(first, first + step.count, run);
-                break;
-            case StepKind::kPower:
-                result = power(first, first + step.count, run);
-                break;
-            case StepKind::kFactorial:
-                result = wrappedFactorial(truncateToInt32(read(*first, run)));
-                break;
-        }
-        run.values[step.open] = result;
+    for (std::size_t i = 0; i < plan.steps.size(); ++i) {
+        const PlanStep& step = plan.steps[i];
+        const PlanOperand* ops = plan.operands.data() + step.first;
+        ResolvedStep& resolved = plan.resolvedSteps[i];
+        resolved.operation = static_cast<std::uint8_t>(operationFor(step, ops));
+        resolved.first = step.first;
+        resolved.count = step.count;
+        const double* zero = &slot.inputs[kInputZero];
+        resolved.a = step.count > 0 ? numberOf(ops[0], slot) : zero;
+        resolved.b = step.count > 1 ? numberOf(ops[1], slot) : zero;
+        resolved.c = step.count > 2 ? numberOf(ops[2], slot) : zero;
+        resolved.result = step.kind == StepKind::kFunction ? &slot.functionValues[step.target]
+                                                           : &slot.values[step.target];
     }
-    // The last step computed the outer pair, values[0]; its result is still in a register.
-    return plan.reachesOuterPair ? result : 0.0;
+    plan.resolvedFor = &slot;
 }
 
 }  // namespace
@@ -197,18 +416,21 @@ double Formula::evaluate(double x, int slotIndex, double y) {
         return 0.0;
     }
     ExpressionSlot& slot = slots[static_cast<std::size_t>(slotIndex)];
-    if (!slot.plan.valid) {
+    EvaluationPlan& plan = slot.plan;
+    if (!plan.valid) {
         return 0.0;  // nothing prepared: the rewriting algorithm finds an empty text too
     }
-    Run run{{x, y, 0.0, 0.0},
-            {nullptr, slot.constants.data(), slot.values.data()},
-            slot.values.data(),
-            logFactor,
-            false};
-    run.bases[0] = run.inputs;
-    const double result = runPlan(slot.plan, run);
+    if (plan.resolvedFor != &slot) {
+        resolve(slot);
+    }
+    slot.inputs[kInputX] = x;
+    slot.inputs[kInputY] = y;
+    Run run{plan.resolvedOperands.data(), &slot.inputs[kInputRunning], logFactor, false};
+    const ResolvedStep* steps = plan.resolvedSteps.data();
+    // The last step computed the outer pair, values[0]; its result is still in a register.
+    const double result = runSteps(steps, steps + plan.resolvedSteps.size(), run);
     indefinite = run.indefinite;
-    return result;
+    return plan.reachesOuterPair ? result : 0.0;
 }
 
 }  // namespace curvemill

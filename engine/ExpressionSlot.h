@@ -25,6 +25,11 @@ struct ExpressionSlot {
     // Result of each computed bracket pair by the position of its opening bracket; values[0] is
     // the value of the whole formula after an evaluation.
     std::array<double, kSlotCapacity> values{};
+    // x, y, a zero and a power chain's running result, where the plan's operands find them.
+    std::array<double, kInputCount> inputs{};
+    // Each function's value by the position of its code, kept apart from values, which holds
+    // bracket results only.
+    std::array<double, kSlotCapacity> functionValues{};
     // Steps worked out from the text once, when the slot is prepared; evaluate only runs them.
     EvaluationPlan plan;
 };

@@ -39,7 +39,8 @@ PlanFunction functionOf(char c) {
     }
 }
 
-// Where the operand at `position` of the (partly rewritten) text takes its number from.
+// Where the operand at `position` of the (partly rewritten) text takes its number from; a
+// function code reads its function's value, which a step of its own works out first.
 PlanOperand operandAt(const Text& text, int position) {
     PlanOperand op;
     const char c = text[static_cast<std::size_t>(position)];
@@ -63,10 +64,9 @@ PlanOperand operandAt(const Text& text, int position) {
             op.index = here;
             break;
         default:
-            op.function = functionOf(c);
-            if (op.function != PlanFunction::kNone) {
-                op.source = OperandSource::kValues;
-                op.index = static_cast<std::uint16_t>(position + 1);
+            if (functionOf(c) != PlanFunction::kNone) {
+                op.source = OperandSource::kFunctions;
+                op.index = here;
             }
             break;
     }
@@ -126,7 +126,7 @@ class Recorder {
 
     // Records the step of the pair open..close, exactly as the rewriting reads it.
     void pair(int open, int close) {
-        const std::size_t first = plan_.operands.size();
+        pending_.clear();
         StepKind kind = StepKind::kSingle;
         switch (at(nextOf(text, open, close, ")+-*/^!"))) {
             case '+':
@@ -151,23 +151,37 @@ class Recorder {
                 operand(open + 1, false);
                 break;
         }
-        step(kind, open, first);
+        step(kind, open);
     }
 
   private:
     char at(int position) const { return text[static_cast<std::size_t>(position)]; }
 
-    void operand(int position, bool inverted, bool independent = false) {
-        PlanOperand op = operandAt(text, position);
+    // values[index] only repeats x, y or a constant: read that at once and keep the store of
+    // values[index] off the path from x to the result.
+    PlanOperand throughCopies(PlanOperand op) const {
         if (op.source == OperandSource::kValues && copies_[op.index]) {
-            // values[index] only repeats x, y or a constant: read that at once and keep the
-            // store of values[index] off the path from x to the result.
-            op.source = copied_[op.index].source;
-            op.index = copied_[op.index].index;
+            return copied_[op.index];
+        }
+        return op;
+    }
+
+    void operand(int position, bool inverted, bool independent = false) {
+        PlanOperand op = throughCopies(operandAt(text, position));
+        if (op.source == OperandSource::kFunctions) {
+            // The function's argument pair was computed and marked 'f' one place to the right.
+            PlanStep apply;
+            apply.kind = StepKind::kFunction;
+            apply.function = functionOf(at(position));
+            apply.target = op.index;
+            apply.first = static_cast<std::uint16_t>(plan_.operands.size());
+            apply.count = 1;
+            plan_.operands.push_back(throughCopies(operandAt(text, position + 1)));
+            plan_.steps.push_back(apply);
         }
         op.inverted = inverted;
         op.independent = independent;
-        plan_.operands.push_back(op);
+        pending_.push_back(op);
     }
 
     // Terms of a sum or factors of a product, from `j` on, each after the next separator.
@@ -193,23 +207,18 @@ class Recorder {
         }
     }
 
-    void step(StepKind kind, int open, std::size_t first) {
+    void step(StepKind kind, int open) {
         PlanStep step;
         step.kind = kind;
-        step.open = static_cast<std::uint16_t>(open);
-        step.first = static_cast<std::uint16_t>(first);
-        step.count = static_cast<std::uint16_t>(plan_.operands.size() - first);
-        if (step.count == 2 && kind == StepKind::kSum) {
-            step.kind = StepKind::kSumOfTwo;
-        } else if (step.count == 2 && kind == StepKind::kProduct &&
-                   !plan_.operands.back().inverted) {
-            step.kind = StepKind::kProductOfTwo;
-        }
+        step.target = static_cast<std::uint16_t>(open);
+        step.first = static_cast<std::uint16_t>(plan_.operands.size());
+        step.count = static_cast<std::uint16_t>(pending_.size());
+        plan_.operands.insert(plan_.operands.end(), pending_.begin(), pending_.end());
         plan_.steps.push_back(step);
-        const PlanOperand& only = plan_.operands.back();
-        if (kind == StepKind::kSingle && only.function == PlanFunction::kNone &&
-            only.source != OperandSource::kValues &&
-            !(only.source == OperandSource::kInputs && only.index == kInputRunning)) {
+        const PlanOperand& only = pending_.back();
+        if (kind == StepKind::kSingle &&
+            (only.source == OperandSource::kConstants ||
+             (only.source == OperandSource::kInputs && only.index != kInputRunning))) {
             copies_[static_cast<std::size_t>(open)] = true;
             copied_[static_cast<std::size_t>(open)] = only;
         }
@@ -217,6 +226,8 @@ class Recorder {
 
     EvaluationPlan& plan_;
     const Text& saved_;
+    // The operands of the pair being recorded; its function steps come first in the plan.
+    std::vector<PlanOperand> pending_;
     // Pairs computed as a plain copy of x, y, a zero or a constant, and what they copy.
     std::array<bool, kSlotCapacity> copies_{};
     std::array<PlanOperand, kSlotCapacity> copied_{};
@@ -229,9 +240,7 @@ void buildEvaluationPlan(ExpressionSlot& slot) {
     plan.steps.clear();
     plan.operands.clear();
     plan.reachesOuterPair = false;
-    // Enough for any text that fits the slot, so even building never reallocates twice.
-    plan.steps.reserve(kSlotCapacity / 2 + 2);
-    plan.operands.reserve(kSlotCapacity);
+    plan.resolvedFor = nullptr;
 
     Text saved = slot.text;
     saved.back() = '\0';
@@ -267,6 +276,9 @@ void buildEvaluationPlan(ExpressionSlot& slot) {
         std::fill(text.begin() + open + 1, text.begin() + close + 1, '@');
         start = close + 1;
     }
+    // Evaluate resolves into these without allocating.
+    plan.resolvedSteps.assign(plan.steps.size(), ResolvedStep{});
+    plan.resolvedOperands.assign(plan.operands.size(), ResolvedOperand{});
     plan.valid = true;
 }
 

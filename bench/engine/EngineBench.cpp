@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/Arithmetic.h"
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
 #include "engine/Preparation.h"
@@ -30,6 +31,15 @@ struct LibmPow {
     static double pow(double base, double exponent) {
         volatile double hidden = exponent;
         return std::pow(base, hidden);
+    }
+};
+
+// The evaluator's own power arithmetic: a square is one multiplication, any other exponent a
+// genuine pow call (the exponent is hidden, as the evaluator reads it from memory).
+struct SamePow {
+    static double pow(double base, double exponent) {
+        volatile double hidden = exponent;
+        return curvemill::raisePower(base, hidden);
     }
 };
 
@@ -68,21 +78,23 @@ struct BenchFormula {
     bool twoVariables;
     NativeFunction native;
     NativeFunction nativeLibmPow;  // null when the formula has no '^'
+    NativeFunction nativeSamePow;  // null when the formula has no '^'
     double from;                   // x and y are swept over [from, to)
     double to;
 };
 
 const std::array<BenchFormula, 6> kFormulas{{
-    {"sinc", "sin(x)/x*80", "sin(x)/x*80", false, sinc<FoldedPow>, nullptr, -10, 10},
-    {"quadratic", "x^2+3*x-5", "x^2+3*x-5", false, quadratic<FoldedPow>, quadratic<LibmPow>, -10,
-     10},
+    {"sinc", "sin(x)/x*80", "sin(x)/x*80", false, sinc<FoldedPow>, nullptr, nullptr, -10, 10},
+    {"quadratic", "x^2+3*x-5", "x^2+3*x-5", false, quadratic<FoldedPow>, quadratic<LibmPow>,
+     quadratic<SamePow>, -10, 10},
     {"sqrt_ln_cos", "Sqr(x)*ln(x)+cos(x)", "sqrt(x)*ln(x)+cos(x)", false, sqrtLnCos<FoldedPow>,
-     nullptr, 0.01, 20},
+     nullptr, nullptr, 0.01, 20},
     {"rational", "(x^3-2*x^2+x-1)/(x^2+1)*sin(3*x)-atan(x/2)",
      "(x^3-2*x^2+x-1)/(x^2+1)*sin(3*x)-atan(x/2)", false, rational<FoldedPow>, rational<LibmPow>,
-     -10, 10},
-    {"circle", "x^2+y^2-16", "x^2+y^2-16", true, circle<FoldedPow>, circle<LibmPow>, -5, 5},
-    {"saddle", "sin(x)*cos(y)", "sin(x)*cos(y)", true, saddle<FoldedPow>, nullptr, -5, 5},
+     rational<SamePow>, -10, 10},
+    {"circle", "x^2+y^2-16", "x^2+y^2-16", true, circle<FoldedPow>, circle<LibmPow>,
+     circle<SamePow>, -5, 5},
+    {"saddle", "sin(x)*cos(y)", "sin(x)*cos(y)", true, saddle<FoldedPow>, nullptr, nullptr, -5, 5},
 }};
 
 // 1000 x values; y runs through 37 values so that (x, y) pairs vary over a whole grid.
@@ -166,6 +178,8 @@ int main(int argc, char** argv) {
         if (f.nativeLibmPow != nullptr) {
             benchmark::RegisterBenchmark((name + "/native_libm_pow").c_str(), benchNative, f,
                                          f.nativeLibmPow);
+            benchmark::RegisterBenchmark((name + "/native_same_pow").c_str(), benchNative, f,
+                                         f.nativeSamePow);
         }
 #ifdef CURVEMILL_BENCH_MUPARSER
         benchmark::RegisterBenchmark((name + "/muparser").c_str(), benchMuparser, f);

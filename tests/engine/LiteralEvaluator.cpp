@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "engine/Arithmetic.h"
+
 namespace curvemill::reference {
 namespace {
 
@@ -262,7 +264,7 @@ class LiteralRun {
                 }
             }
             if (!indefinite_) {
-                running_ = std::pow(base, exponent);
+                running_ = raisePower(base, exponent);
             }
             text_[open + 1] = 'v';
             text_[caret] = '@';
