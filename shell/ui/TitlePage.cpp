@@ -38,6 +38,28 @@ TitlePage::TitlePage(QWidget* parent) : QWidget(parent) {
         later->setEnabled(false);
         later->setToolTip(QStringLiteral("Click Here To Begin (not available in this version)"));
     }
+    makeHiddenButtons();
+}
+
+void TitlePage::makeHiddenButtons() {
+    const auto add = [this](int id, QSize size) {
+        auto* button = new QToolButton(this);
+        button->setObjectName(QString::number(id));
+        button->setFixedSize(size);
+        button->hide();
+        connect(button, &QToolButton::clicked, this, [this, id] { Q_EMIT commandTriggered(id); });
+        buttons_.insert(id, button);
+        return button;
+    };
+    for (int id : kTitleSmallButtons) {
+        add(id, QSize(111, 40));
+    }
+    QToolButton* back = add(kTitleMoveBack, QSize(40, 40));
+    back->setArrowType(Qt::LeftArrow);
+    back->setToolTip(QStringLiteral("Move Back"));
+    QToolButton* forward = add(kTitleMoveForward, QSize(40, 40));
+    forward->setArrowType(Qt::RightArrow);
+    forward->setToolTip(QStringLiteral("Move Forward"));
 }
 
 QToolButton* TitlePage::makeButton(int id, const QString& text, const QPixmap& picture,
@@ -62,22 +84,8 @@ QToolButton* TitlePage::makeButton(int id, const QString& text, const QPixmap& p
         "QToolButton:pressed { background: #cdd8ef; }"
         "QToolButton:disabled { color: #8a8f9a; }"));
     connect(button, &QToolButton::clicked, this, [this, id] { Q_EMIT commandTriggered(id); });
+    buttons_.insert(id, button);
     return button;
-}
-
-QToolButton* TitlePage::button(int id) const {
-    switch (id) {
-        case kTitleProductButton:
-            return product_;
-        case kTitleTwoDGraphButton:
-            return twoD_;
-        case kTitleEquationButton:
-            return equation_;
-        case kTitleThreeDGraphButton:
-            return threeD_;
-        default:
-            return nullptr;
-    }
 }
 
 void TitlePage::resizeEvent(QResizeEvent* event) {

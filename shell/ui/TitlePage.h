@@ -1,6 +1,7 @@
 // The title page: the product picture in the middle and one picture button per kind of graph.
 #pragma once
 
+#include <QMap>
 #include <QWidget>
 
 class QToolButton;
@@ -12,13 +13,19 @@ inline constexpr int kTitleProductButton = 117;
 inline constexpr int kTitleTwoDGraphButton = 112;
 inline constexpr int kTitleEquationButton = 111;
 inline constexpr int kTitleThreeDGraphButton = 113;
+// Small buttons of 111 by 40 and the two arrows of 40 by 40; created hidden, nothing shows them
+// yet.
+inline constexpr int kTitleSmallButtons[] = {114, 115, 116, 119};
+inline constexpr int kTitleMoveBack = 182;
+inline constexpr int kTitleMoveForward = 183;
 
 class TitlePage : public QWidget {
     Q_OBJECT
   public:
     explicit TitlePage(QWidget* parent = nullptr);
 
-    QToolButton* button(int id) const;
+    // Any of the page's buttons, shown or hidden; null for an unknown id.
+    QToolButton* button(int id) const { return buttons_.value(id); }
 
   Q_SIGNALS:
     void commandTriggered(int id);
@@ -31,11 +38,13 @@ class TitlePage : public QWidget {
 
   private:
     QToolButton* makeButton(int id, const QString& text, const QPixmap& picture, QSize size);
+    void makeHiddenButtons();
 
     QToolButton* product_ = nullptr;
     QToolButton* twoD_ = nullptr;
     QToolButton* equation_ = nullptr;
     QToolButton* threeD_ = nullptr;
+    QMap<int, QToolButton*> buttons_;
     bool painted_ = false;
 };
 
