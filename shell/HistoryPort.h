@@ -16,6 +16,13 @@ struct TypedEntry {
     char section = 'y';
 };
 
+// The graph dialog a history list works for: its boxes as they stand now, and how a picked entry
+// fills them. Either may be left empty.
+struct HistoryClient {
+    std::function<TypedEntry()> currentInput;
+    std::function<void(const TypedEntry&)> select;
+};
+
 class HistoryPort {
   public:
     virtual ~HistoryPort() = default;
@@ -31,11 +38,12 @@ class HistoryPort {
     // Called whenever hasUnsavedEntries may have changed, so the menu can follow.
     virtual void setChangedCallback(std::function<void()> callback) = 0;
     virtual void recordEntry(const TypedEntry& entry) = 0;
-    // "History" in a graph dialog: the "Previous Entries" list of the dialog's kind; a picked
-    // entry is handed to `select`, which fills the dialog's boxes.
-    virtual void showPreviousEntries(std::function<void(const TypedEntry&)> select) = 0;
-    // "History 1": the "List of Functions" window.
-    virtual void showListOfFunctions() = 0;
+    // "History" in a graph dialog: the "Previous Entries" list of the client's kind, opened with
+    // the client's input located in it (or said to be missing); an input without a formula just
+    // opens the list. Both lists pick for this client from now on.
+    virtual void showPreviousEntries(HistoryClient client) = 0;
+    // "History 1": the "List of Functions" window, the same way.
+    virtual void showListOfFunctions(HistoryClient client) = 0;
     // Before a failure report: every history window out of sight.
     virtual void hideWindows() = 0;
     // The history list's keys (Find, Find Next, Delete Item) pressed in the main window.

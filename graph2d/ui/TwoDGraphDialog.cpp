@@ -180,6 +180,11 @@ void TwoDGraphDialog::setEntry(const QString& formula, const QString& xBegin, co
     xEndEdit_->setText(xEnd);
 }
 
+TwoDGraphInput TwoDGraphDialog::currentInput() const {
+    return {formulaEdit_->text().toStdString(), xBeginEdit_->text().toStdString(),
+            xEndEdit_->text().toStdString()};
+}
+
 void TwoDGraphDialog::copyRangeFrom(const TwoDGraphDialog& other) {
     xBeginEdit_->setText(other.xBeginEdit_->text());
     xEndEdit_->setText(other.xEndEdit_->text());

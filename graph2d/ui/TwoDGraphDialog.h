@@ -49,15 +49,22 @@ inline constexpr const char* kMsgSameFunction = "YOU MUST SELECT A DIFFERENT FUN
 
 enum class TwoDGraphRole { Main, Second };
 
+// The three boxes' texts as they stand, for the history to locate.
+struct TwoDGraphInput {
+    std::string formula;
+    std::string xBegin;
+    std::string xEnd;
+};
+
 // What the dialog hands to the history; a hook left empty is not offered to the user.
 struct TwoDGraphHistoryHooks {
     // An accepted entry as typed.
     std::function<void(const std::string& formula, const std::string& xBegin,
                        const std::string& xEnd)>
         record;
-    // "History": the previous entries of 2D functions.
+    // "History": the previous entries of 2D functions, with the boxes' entry located.
     std::function<void()> showPreviousEntries;
-    // "History 1": the list of functions.
+    // "History 1": the list of functions, the same way.
     std::function<void()> showListOfFunctions;
 };
 
@@ -72,6 +79,7 @@ class TwoDGraphDialog : public QDialog, public FailureScope {
     void setHistoryHooks(TwoDGraphHistoryHooks hooks);
     // Fills the boxes, as when an entry is picked from the history.
     void setEntry(const QString& formula, const QString& xBegin, const QString& xEnd);
+    TwoDGraphInput currentInput() const;
     // Takes the X range as typed in `other`: both functions are drawn over one X range.
     void copyRangeFrom(const TwoDGraphDialog& other);
     bool isRunning() const { return worker_.joinable(); }

@@ -1,5 +1,7 @@
 #include "history/ui/HistoryService.h"
 
+#include <optional>
+
 #include <QApplication>
 #include <QDesktopServices>
 #include <QMessageBox>
@@ -126,24 +128,39 @@ void HistoryService::recordEntry(const TypedEntry& entry) {
     notifyChanged();
 }
 
-void HistoryService::showPreviousEntries(std::function<void(const TypedEntry&)> select) {
-    auto handler = [select = std::move(select)](const HistoryEntry& entry) {
-        if (select) {
-            select(toTyped(entry));
-        }
-    };
-    // "List of Functions" picks for the same input as long as it is the latest one.
-    textWindow_->setSelectHandler(handler);
-    reportWindow_->setSelectHandler(handler);
-    reportWindow_->show();
-    reportWindow_->raise();
-    reportWindow_->activateWindow();
+void HistoryService::showPreviousEntries(HistoryClient client) {
+    showFor(*reportWindow_, std::move(client));
 }
 
-void HistoryService::showListOfFunctions() {
-    textWindow_->show();
-    textWindow_->raise();
-    textWindow_->activateWindow();
+void HistoryService::showListOfFunctions(HistoryClient client) {
+    showFor(*textWindow_, std::move(client));
+}
+
+void HistoryService::showFor(HistoryWindow& window, HistoryClient client) {
+    std::function<void(const HistoryEntry&)> select;
+    if (client.select) {
+        select = [pick = client.select](const HistoryEntry& entry) { pick(toTyped(entry)); };
+    }
+    std::function<HistoryEntry()> source;
+    if (client.currentInput) {
+        source = [read = client.currentInput] { return toEntry(read()); };
+    }
+    // Whichever list the user opened, the other one picks for the same input too.
+    for (HistoryWindow* each : {textWindow_.get(), reportWindow_.get()}) {
+        each->setSelectHandler(select);
+        each->setInputSource(source);
+    }
+    const std::optional<HistoryEntry> input =
+        source ? std::optional<HistoryEntry>(source()) : std::nullopt;
+    if (input) {
+        setShownKind(kindOf(*input));
+    }
+    window.show();
+    window.raise();
+    window.activateWindow();
+    if (input && !input->formula.empty()) {
+        window.locate(*input);
+    }
 }
 
 void HistoryService::hideWindows() {
@@ -168,12 +185,6 @@ void HistoryService::runListCommand(int commandId) {
 void HistoryService::setShownKind(EntryKind kind) {
     textWindow_->setShownKind(kind);
     reportWindow_->setShownKind(kind);
-}
-
-bool HistoryService::locateInput(const TypedEntry& input) {
-    reportWindow_->show();
-    reportWindow_->raise();
-    return reportWindow_->locate(toEntry(input));
 }
 
 void HistoryService::refreshWindows() {

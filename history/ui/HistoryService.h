@@ -40,22 +40,21 @@ class HistoryService : public QObject, public HistoryPort {
     bool hasUnsavedEntries() const override;
     void setChangedCallback(std::function<void()> callback) override;
     void recordEntry(const TypedEntry& entry) override;
-    void showPreviousEntries(std::function<void(const TypedEntry&)> select) override;
-    void showListOfFunctions() override;
+    void showPreviousEntries(HistoryClient client) override;
+    void showListOfFunctions(HistoryClient client) override;
     void hideWindows() override;
     void runListCommand(int commandId) override;
 
     // The kind both lists show: 2D unless a two-range input (3D or equation) is active.
     void setShownKind(EntryKind kind);
-    // Shows the "Previous Entries" list with the input's own entry selected, or says it is not
-    // in the list.
-    bool locateInput(const TypedEntry& input);
     void setDialogParent(QWidget* parent) { dialogParent_ = parent; }
 
     HistoryWindow& listOfFunctions() { return *textWindow_; }
     HistoryWindow& previousEntries() { return *reportWindow_; }
 
   private:
+    // Both lists work for `client` from now on; `window` comes up with its input located.
+    void showFor(HistoryWindow& window, HistoryClient client);
     void refreshWindows();
     void notifyChanged();
     void showSaveFailure(const std::string& message);

@@ -82,6 +82,7 @@ void HistoryWindow::createActions(Style style) {
         {kHighlightSelectedItem, "Highlight Selected Item", {}},
         {kFind, "Find", QKeySequence(Qt::CTRL | Qt::Key_F)},
         {kFindNext, "Find Next", QKeySequence(Qt::Key_F3)},
+        {kLocateInput, "Locate Current Input", QKeySequence(Qt::CTRL | Qt::Key_L)},
         {kDeleteItem, "Delete Item", QKeySequence(Qt::Key_Delete)},
         style == Style::TextList ? Command{kDeleteList, "Delete List", {}}
                                  : Command{kDeleteListReport, "Delete &List", {}},
@@ -99,6 +100,7 @@ void HistoryWindow::createActions(Style style) {
     // Greyed until the list differs from the file by a deletion.
     actions_[kLoadOriginalList]->setEnabled(false);
     actions_[kFindNext]->setEnabled(false);
+    actions_[kLocateInput]->setEnabled(false);
 }
 
 void HistoryWindow::createMenus(Style style) {
@@ -115,6 +117,8 @@ void HistoryWindow::createMenus(Style style) {
     QMenu* search = menuBar()->addMenu(QStringLiteral("&Search"));
     search->addAction(actions_[kFind]);
     search->addAction(actions_[kFindNext]);
+    search->addSeparator();
+    search->addAction(actions_[kLocateInput]);
 
     contextMenu_ = new QMenu(this);
     contextMenu_->setObjectName(QString::number(kContextMenu));
@@ -151,6 +155,11 @@ void HistoryWindow::refresh() {
 void HistoryWindow::setSelectHandler(std::function<void(const HistoryEntry&)> handler) {
     selectHandler_ = std::move(handler);
     updateSelectionActions();
+}
+
+void HistoryWindow::setInputSource(std::function<HistoryEntry()> source) {
+    inputSource_ = std::move(source);
+    actions_[kLocateInput]->setEnabled(inputSource_ != nullptr);
 }
 
 void HistoryWindow::setReloadEnabled(bool enabled) {
@@ -201,6 +210,9 @@ void HistoryWindow::runCommand(int commandId) {
                 break;
             case kFindNext:
                 findNext();
+                break;
+            case kLocateInput:
+                locateCurrentInput();
                 break;
             case kDeleteItem:
                 deleteItem();
@@ -294,10 +306,23 @@ void HistoryWindow::search(std::size_t start) {
     actions_[kFindNext]->setEnabled(true);
 }
 
+void HistoryWindow::locateCurrentInput() {
+    if (inputSource_) {
+        locate(inputSource_());
+    }
+}
+
 bool HistoryWindow::locate(const HistoryEntry& input) {
+    constexpr std::size_t kBoxReadLength = 100;
+    HistoryEntry read = input;
+    for (std::string* text : {&read.formula, &read.xBegin, &read.xEnd, &read.yBegin, &read.yEnd}) {
+        if (text->size() > kBoxReadLength) {
+            text->resize(kBoxReadLength);
+        }
+    }
     bool found = false;
     guarded([&] {
-        if (auto index = locateEntry(store_, input, kind_)) {
+        if (auto index = locateEntry(store_, read, kind_)) {
             view_->setCurrentRow(rowOfIndex(*index));
             found = true;
         } else {

@@ -34,10 +34,14 @@ class HistoryWindow : public QMainWindow, public FailureScope {
     void setShownKind(EntryKind kind);
     // Rebuilds the list from the store; nothing is selected afterwards.
     void refresh();
-    // Selects the entry equal to `input`, or says that it is not in the list.
+    // Selects the entry equal to `input` (each text read up to 100 characters, as from the input's
+    // boxes) and scrolls it into view, or says that it is not in the list.
     bool locate(const HistoryEntry& input);
     // Receives the entry on "Select" and on a double click; without one "Select" stays grey.
     void setSelectHandler(std::function<void(const HistoryEntry&)> handler);
+    // What "Locate Current Input" looks for: the input's boxes as they stand when it is chosen.
+    // Without one the command stays grey.
+    void setInputSource(std::function<HistoryEntry()> source);
     void setReloadEnabled(bool enabled);
     // Runs one of the list's commands, in the window's failure guard.
     void runCommand(int commandId);
@@ -67,6 +71,7 @@ class HistoryWindow : public QMainWindow, public FailureScope {
     void toggleHighlight();
     void find();
     void findNext();
+    void locateCurrentInput();
     void search(std::size_t start);
     void deleteItem();
     void deleteList();
@@ -81,6 +86,7 @@ class HistoryWindow : public QMainWindow, public FailureScope {
     // Store index of each row of the view.
     std::vector<std::size_t> rowIndex_;
     std::function<void(const HistoryEntry&)> selectHandler_;
+    std::function<HistoryEntry()> inputSource_;
     // The string of the last Find, searched again by Find Next from after the last hit.
     std::string lastSearch_;
     std::size_t lastHit_ = 0;

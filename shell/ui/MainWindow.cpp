@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QMessageBox>
+#include <QPointer>
 #include <QProcess>
 #include <QProgressBar>
 #include <QStackedWidget>
@@ -17,6 +18,7 @@
 #include "graph2d/ui/TwoDGraphDialog.h"
 #include "shell/CalculatorLocator.h"
 #include "shell/HistoryPort.h"
+#include "shell/ui/AboutDialog.h"
 #include "shell/ui/CommandActions.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/ProductWebPage.h"
@@ -96,14 +98,25 @@ TwoDGraphDialog* MainWindow::twoDGraphDialog(bool second) {
                                      const std::string& xEnd) {
                 history->recordEntry(TypedEntry{formula, xBegin, xEnd, "$", "$", 'y'});
             };
-            hooks.showPreviousEntries = [history, dialog] {
-                history->showPreviousEntries([dialog](const TypedEntry& entry) {
-                    dialog->setEntry(QString::fromStdString(entry.formula),
-                                     QString::fromStdString(entry.xBegin),
-                                     QString::fromStdString(entry.xEnd));
-                });
-            };
-            hooks.showListOfFunctions = [history] { history->showListOfFunctions(); };
+            // The lists may outlive the dialog (a new history port deletes it).
+            const QPointer<TwoDGraphDialog> guard(dialog);
+            const HistoryClient client{
+                [guard] {
+                    if (guard.isNull()) {
+                        return TypedEntry{};
+                    }
+                    const TwoDGraphInput input = guard->currentInput();
+                    return TypedEntry{input.formula, input.xBegin, input.xEnd, "$", "$", 'y'};
+                },
+                [guard](const TypedEntry& entry) {
+                    if (!guard.isNull()) {
+                        guard->setEntry(QString::fromStdString(entry.formula),
+                                        QString::fromStdString(entry.xBegin),
+                                        QString::fromStdString(entry.xEnd));
+                    }
+                }};
+            hooks.showPreviousEntries = [history, client] { history->showPreviousEntries(client); };
+            hooks.showListOfFunctions = [history, client] { history->showListOfFunctions(client); };
             dialog->setHistoryHooks(std::move(hooks));
         }
         connect(dialog, &TwoDGraphDialog::curvesChanged, this, [this] {
@@ -244,12 +257,8 @@ void MainWindow::demonstrateFailure() {
 }
 
 void MainWindow::showAbout() {
-    QMessageBox::about(
-        this, QStringLiteral("About CurveMill"),
-        QStringLiteral("<h3>CurveMill</h3><p>Plots and examines mathematical functions: type a "
-                       "formula such as <tt>sin(x)/x*80</tt>, give its range and see its "
-                       "graph.</p><p><a href=\"%1\">%1</a><br>Support: &lt;%2&gt;</p>")
-            .arg(QString::fromLatin1(kProductWebAddress), QStringLiteral("support@curvemill.org")));
+    AboutDialog about(this);
+    about.exec();
 }
 
 void MainWindow::findInHistory() {

@@ -214,10 +214,10 @@ class HistoryWindowsTest : public QObject {
         QVERIFY(store_.entries()[1].marked);
         QTreeWidget* tree = static_cast<EntryReportList*>(report.view())->tree();
         QVERIFY(tree->topLevelItem(1)->font(0).bold());
-        QVERIFY(service.locateInput({"sin(2*x)", "-3", "3"}));
+        QVERIFY(report.locate({"sin(2*x)", "-3", "3", "$", "$", 'y'}));
         QCOMPARE(report.view()->currentRow(), 2);
         answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::Ok); });
-        QVERIFY(!service.locateInput({"sin(2*x)", "-3", "4"}));
+        QVERIFY(!report.locate({"sin(2*x)", "-3", "4", "$", "$", 'y'}));
         QCOMPARE(seen_, QStringList{"THIS ENTRY IS NOT INCLUDED IN THE LIST"});
     }
 

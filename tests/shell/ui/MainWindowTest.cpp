@@ -1,6 +1,7 @@
 #include <fenv.h>
 
 #include <QAction>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QProgressBar>
@@ -11,14 +12,26 @@
 #include <QToolButton>
 #include <QtTest>
 
+#include <filesystem>
+#include <fstream>
+
+#include <QTreeWidget>
+
 #include "engine/Formula.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
+#include "history/EntriesFile.h"
+#include "history/ui/EntryListView.h"
+#include "history/ui/EntryReportList.h"
+#include "history/ui/HistoryCommands.h"
+#include "history/ui/HistoryService.h"
+#include "history/ui/HistoryWindow.h"
 #include "shell/CommandState.h"
 #include "shell/CommandTable.h"
 #include "shell/FaultTranslation.h"
 #include "shell/HistoryPort.h"
+#include "shell/ui/AboutDialog.h"
 #include "shell/ui/CommandActions.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/GuardedApplication.h"
@@ -59,8 +72,8 @@ class FakeHistory : public HistoryPort {
         unsaved = true;
         changed();
     }
-    void showPreviousEntries(std::function<void(const TypedEntry&)>) override {}
-    void showListOfFunctions() override {}
+    void showPreviousEntries(HistoryClient) override {}
+    void showListOfFunctions(HistoryClient) override {}
     void hideWindows() override {}
     void runListCommand(int) override {}
 
@@ -171,6 +184,15 @@ class MainWindowTest : public QObject {
         QCOMPARE(page->button(111)->geometry().left() < area.width() / 4, true);
         QCOMPARE(page->button(113)->geometry().bottom() < area.height() / 2, true);
         QCOMPARE(page->button(117)->geometry().center(), area.center());
+        for (int id : {114, 115, 116, 119, 182, 183}) {
+            QToolButton* small = page->button(id);
+            QVERIFY2(small != nullptr && small->objectName() == QString::number(id),
+                     qPrintable(QString::number(id)));
+            QVERIFY(small->isHidden());
+            QCOMPARE(small->size(), id >= 182 ? QSize(40, 40) : QSize(111, 40));
+        }
+        QCOMPARE(page->button(182)->toolTip(), QStringLiteral("Move Back"));
+        QCOMPARE(page->button(183)->toolTip(), QStringLiteral("Move Forward"));
         QVERIFY(!action(40005)->isEnabled());
         QVERIFY(!action(40110)->isEnabled());
         QTest::mouseClick(page->button(112), Qt::LeftButton);
@@ -270,6 +292,109 @@ class MainWindowTest : public QObject {
         QTest::qWait(30);
         QVERIFY(!none.seen);
         QCOMPARE(history.exitSaves, 2);
+    }
+
+    // "History" and "History 1" open their list with the dialog's boxes located in it.
+    void historyButtonsLocateTheInput_data() {
+        QTest::addColumn<int>("button");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("end");
+        QTest::addColumn<int>("row");
+        QTest::newRow("report list, last entry") << 1063 << "sin(x)/x*80"
+                                                 << "20" << 60;
+        QTest::newRow("text list, first entry") << 1037 << "x^0"
+                                                << "1" << 0;
+        QTest::newRow("range differs") << 1063 << "sin(x)/x*80"
+                                       << "21" << -1;
+        QTest::newRow("empty formula") << 1037 << ""
+                                       << "20" << -1;
+    }
+    void historyButtonsLocateTheInput() {
+        QFETCH(int, button);
+        QFETCH(QString, typed);
+        QFETCH(QString, end);
+        QFETCH(int, row);
+        const auto dir = std::filesystem::temp_directory_path() / "curvemill-shell-locate";
+        std::filesystem::create_directories(dir);
+        {
+            std::ofstream file(dir / "Graph.dat");
+            for (int i = 0; i < 60; ++i) {
+                file << -(i + 1) << ' ' << i + 1 << " $ $ x^" << i << ' ';
+            }
+            file << "-20 20 $ $ sin(x)/x*80 ";
+        }
+        HistoryStore store;
+        loadEntries(store, kLoadAtStartup, dir);
+        std::filesystem::remove_all(dir);
+        HistoryService service(store, reporter, dir);
+        window->setHistoryPort(&service);
+        action(cmd::kTwoDGraph)->trigger();
+        TwoDGraphDialog* dialog = window->twoDGraphDialog(false);
+        dialog->setEntry(typed, "-" + end, end);
+
+        const bool report = button == 1063;
+        HistoryWindow& list = report ? service.previousEntries() : service.listOfFunctions();
+        ModalAnswer answer;
+        bool listWasOpen = false;
+        answer.answered = [&] { listWasOpen = list.isVisible(); };
+        dialog->findChild<QPushButton*>(QString::number(button))->click();
+        QVERIFY(list.isVisible());
+        QCOMPARE(list.view()->currentRow(), row);
+        const bool missing = row < 0 && !typed.isEmpty();
+        QCOMPARE(answer.seen, missing);
+        if (missing) {
+            QCOMPARE(answer.text, QStringLiteral("THIS ENTRY IS NOT INCLUDED IN THE LIST"));
+            QCOMPARE(answer.icon, QMessageBox::Information);
+            QVERIFY(listWasOpen);
+        }
+        if (report && row >= 0) {
+            QTreeWidget* tree = static_cast<EntryReportList*>(list.view())->tree();
+            QVERIFY(tree->viewport()->rect().contains(tree->visualItemRect(tree->currentItem())));
+        }
+        // Picking another entry fills the dialog that asked, and the list can find the input
+        // again.
+        list.view()->setCurrentRow(5);
+        list.runCommand(history_commands::kSelect);
+        QCOMPARE(dialog->currentInput().formula, std::string("x^5"));
+        list.view()->setCurrentRow(-1);
+        list.runCommand(history_commands::kLocateInput);
+        QCOMPARE(list.view()->currentRow(), 5);
+        window->setHistoryPort(&history);
+    }
+
+    void aboutShowsTheProgramAndCloses() {
+        QStringList texts;
+        QString caption;
+        ProcedureName name = nullptr;
+        bool hasIcon = false;
+        QTimer poll;
+        connect(&poll, &QTimer::timeout, [&] {
+            auto* about = qobject_cast<AboutDialog*>(QApplication::activeModalWidget());
+            if (about == nullptr) {
+                return;
+            }
+            poll.stop();
+            caption = about->windowTitle();
+            name = about->procedureName();
+            for (QLabel* label : about->findChildren<QLabel*>()) {
+                texts << label->text();
+                hasIcon = hasIcon || !label->pixmap().isNull();
+            }
+            QTest::mouseClick(about->findChild<QPushButton*>("1"), Qt::LeftButton);
+        });
+        poll.start(5);
+        action(40132)->trigger();
+        QCOMPARE(caption, QStringLiteral("About CurveMill"));
+        QCOMPARE(QString(name), QStringLiteral("About Dialog Procedure"));
+        QVERIFY(hasIcon);
+        const QString all = texts.join('\n');
+        QVERIFY2(
+            all.contains(QRegularExpression("^CurveMill$", QRegularExpression::MultilineOption)) &&
+                all.contains(QRegularExpression("Version \\d+\\.\\d+\\.\\d+")) &&
+                all.contains("href=\"https://www.curvemill.org/\"") &&
+                all.contains("support@curvemill.org"),
+            qPrintable(all));
+        QCOMPARE(QApplication::activeModalWidget(), nullptr);
     }
 
     void calculatorMissingIsSaid() {
