@@ -29,7 +29,8 @@ bool sameBits(double a, double b) {
 [[noreturn]] void mismatch(const std::string& typed, char mode, double x, double y, double fast,
                            bool fastIndefinite, double literal, bool literalIndefinite) {
     std::fprintf(stderr,
-                 "evaluators differ for \"%s\" (mode %c) at x=%.17g y=%.17g: %.17g%s vs %.17g%s\n",
+                 "evaluators (or their values tables) differ for \"%s\" (mode %c) at x=%.17g "
+                 "y=%.17g: %.17g%s vs %.17g%s\n",
                  typed.c_str(), mode, x, y, fast, fastIndefinite ? " indefinite" : "", literal,
                  literalIndefinite ? " indefinite" : "");
     std::abort();
@@ -57,8 +58,12 @@ void runMode(const std::string& typed, char mode, bool lenient) {
         const bool fastIndefinite = formula.indefinite;
         const auto literal =
             curvemill::reference::evaluateLiterally(literalSlot, formula.logFactor, x, y);
-        if (fastIndefinite != literal.indefinite ||
-            (!literal.indefinite && !sameBits(fast, literal.value))) {
+        bool same = fastIndefinite == literal.indefinite &&
+                    (literal.indefinite || sameBits(fast, literal.value));
+        for (int i = 0; same && !literal.indefinite && i < slot.length; ++i) {
+            same = sameBits(slot.values[i], literalSlot.values[i]);
+        }
+        if (!same) {
             mismatch(typed, mode, x, y, fast, fastIndefinite, literal.value, literal.indefinite);
         }
     }
