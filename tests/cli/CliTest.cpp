@@ -1,61 +1,12 @@
 // Runs the built curvemill-cli on argument lists and pins its output and exit status.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <string>
 #include <vector>
 
+#include "CliRun.h"
+
 namespace {
-
-struct RunResult {
-    int exitCode = -1;
-    std::string out;
-    std::string err;
-};
-
-std::string readAll(int fd) {
-    std::string text;
-    char buffer[4096];
-    for (ssize_t n; (n = read(fd, buffer, sizeof buffer)) > 0;) {
-        text.append(buffer, static_cast<std::size_t>(n));
-    }
-    close(fd);
-    return text;
-}
-
-RunResult runCli(const std::vector<std::string>& args) {
-    int outPipe[2];
-    int errPipe[2];
-    if (pipe(outPipe) != 0 || pipe(errPipe) != 0) {
-        return {};
-    }
-    const pid_t child = fork();
-    if (child == 0) {
-        dup2(outPipe[1], STDOUT_FILENO);
-        dup2(errPipe[1], STDERR_FILENO);
-        close(outPipe[0]);
-        close(errPipe[0]);
-        std::vector<char*> argv{const_cast<char*>(CURVEMILL_CLI_PATH)};
-        for (const std::string& a : args) {
-            argv.push_back(const_cast<char*>(a.c_str()));
-        }
-        argv.push_back(nullptr);
-        execv(CURVEMILL_CLI_PATH, argv.data());
-        _exit(127);
-    }
-    close(outPipe[1]);
-    close(errPipe[1]);
-    RunResult result;
-    // The outputs are a few lines, far below a pipe's buffer, so reading one after the other
-    // cannot block the child.
-    result.out = readAll(outPipe[0]);
-    result.err = readAll(errPipe[0]);
-    int status = 0;
-    waitpid(child, &status, 0);
-    result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return result;
-}
 
 struct CliCase {
     std::vector<std::string> args;
@@ -67,16 +18,13 @@ class CliTest : public ::testing::TestWithParam<CliCase> {};
 
 TEST_P(CliTest, PrintsAndExitsAsScriptsExpect) {
     const CliCase& c = GetParam();
-    const RunResult r = runCli(c.args);
+    const CliRun r = runCli(c.args);
     EXPECT_EQ(r.exitCode, c.exitCode) << r.err;
     EXPECT_EQ(r.out, c.out);
-    if (c.exitCode == 2) {
-        EXPECT_NE(r.err, "");
-    } else {
-        EXPECT_EQ(r.err, "");
-    }
+    EXPECT_EQ(r.err.empty(), c.exitCode != 2) << r.err;
 }
 
+// Names the cases in test lists and failure messages.
 void PrintTo(const CliCase& c, std::ostream* os) {
     for (const std::string& a : c.args) {
         *os << '[' << a << "] ";
@@ -96,60 +44,48 @@ std::string sumOfX(int n) {
 const std::string kLongest = sumOfX(50) + "        ";
 const std::string kTooLong = sumOfX(51);
 
-const std::vector<CliCase> kCheckCases{
-    CliCase{{"check", "x+2*x"}, "(x+(2*x))\n", 0},
-    CliCase{{"check", "2.5*pi"}, "(2.5*p)\n", 0},
-    CliCase{{"check", "--", "-x^2"}, "(-(x^2))\n", 0},
-    CliCase{{"check", "--mode", "e", "x*y"}, "(x*y)\n", 0},
-    CliCase{{"check", "--mode=n", "pi/2"}, "(p/2)\n", 0},
-    CliCase{{"check", "--lenient", "()"}, "(())\n", 0},
-    CliCase{{"check", "sin x"}, "INVALID ENTRY\n", 1},
-    CliCase{{"check", "()"}, "A WRONG CHARACTER BEFORE A BRACKET\n", 1},
-    CliCase{{"check", "--mode", "n", "x"}, "NUMBER IS NOT A CONSTANT\n", 1},
-    CliCase{{"check", "!x"}, "\n", 1},
-    CliCase{{"check", "-x"}, "", 2},
-    CliCase{{"check", "--mode", "z", "x"}, "", 2},
-    CliCase{{"check", "--mode"}, "", 2},
-    CliCase{{"check", "--bogus", "x"}, "", 2},
-    CliCase{{"check", "--lenient=1", "x"}, "", 2},
-    CliCase{{"check"}, "", 2},
-    CliCase{{"check", "x", "y"}, "", 2},
-    CliCase{{"check", kLongest}, std::string("(").append(sumOfX(50)).append(")\n"), 0},
-    CliCase{{"check", kTooLong}, "", 2},
-};
-INSTANTIATE_TEST_SUITE_P(Check, CliTest, ::testing::ValuesIn(kCheckCases));
+INSTANTIATE_TEST_SUITE_P(
+    Check, CliTest,
+    ::testing::Values(
+        CliCase{{"check", "x+2*x"}, "(x+(2*x))\n", 0}, CliCase{{"check", "2.5*pi"}, "(2.5*p)\n", 0},
+        CliCase{{"check", "--", "-x^2"}, "(-(x^2))\n", 0},
+        CliCase{{"check", "--mode", "e", "x*y"}, "(x*y)\n", 0},
+        CliCase{{"check", "--mode=n", "pi/2"}, "(p/2)\n", 0},
+        CliCase{{"check", "--lenient", "()"}, "(())\n", 0},
+        CliCase{{"check", "sin x"}, "INVALID ENTRY\n", 1},
+        CliCase{{"check", "()"}, "A WRONG CHARACTER BEFORE A BRACKET\n", 1},
+        CliCase{{"check", "--mode", "n", "x"}, "NUMBER IS NOT A CONSTANT\n", 1},
+        CliCase{{"check", "!x"}, "\n", 1}, CliCase{{"check", "-x"}, "", 2},
+        CliCase{{"check", "--mode", "z", "x"}, "", 2}, CliCase{{"check", "--mode"}, "", 2},
+        CliCase{{"check", "--bogus", "x"}, "", 2}, CliCase{{"check", "--lenient=1", "x"}, "", 2},
+        CliCase{{"check"}, "", 2}, CliCase{{"check", "x", "y"}, "", 2},
+        CliCase{{"check", kLongest}, std::string("(").append(sumOfX(50)).append(")\n"), 0},
+        CliCase{{"check", kTooLong}, "", 2}, CliCase{{}, "", 2},
+        CliCase{{"frobnicate", "x"}, "", 2}));
 
-const std::vector<CliCase> kEvalCases{
-    CliCase{{"eval", "x^2", "-3"}, "9\n", 0},
-    CliCase{{"eval", "x", "pi/2"}, "1.5707963267948966\n", 0},
-    CliCase{{"eval", "1/0", "0"}, "10000000000\n", 0},
-    CliCase{{"eval", "--", "-x^2", "3"}, "-9\n", 0},
-    CliCase{{"eval", "x*y", "2", "3"}, "6\n", 0},
-    CliCase{{"eval", "--mode", "f", "x", "2", "3"}, "2\n", 0},
-    CliCase{{"eval", "--mode", "e", "x+y", "2"}, "2\n", 0},
-    CliCase{{"eval", "--log-base", "100", "log(10000)", "0"}, "2\n", 0},
-    CliCase{{"eval", "--log-base=0", "log(10)", "0"}, "-0\n", 0},
-    CliCase{{"eval", "(-2)^x", "2"}, "INDEFINITE\n", 0},
-    CliCase{{"eval", "2x", "1"}, "INVALID ENTRY\n", 1},
-    CliCase{{"eval", "x", "2*x"}, "ERROR IN X EDIT BOX:\nNUMBER IS NOT A CONSTANT\n", 1},
-    CliCase{{"eval", "x", ""}, "ERROR IN X EDIT BOX:\nBOX IS EMPTY\n", 1},
-    CliCase{{"eval", "x*y", "1", "log(5)"},
-            "ERROR IN Y EDIT BOX:\nNUMBER MAY NOT BE A VALID CONSTANT\n",
-            1},
-    CliCase{{"eval", "--log-base", "abc", "x", "1"}, "ENTER A VALID NUMBER\n", 1},
-    CliCase{{"eval", "--log-base", "-2", "x", "1"}, "LOG BASE MUST BE A POSITIVE NUMBER\n", 1},
-    CliCase{{"eval", "x"}, "", 2},
-    CliCase{{"eval", "x", "1", "2", "3"}, "", 2},
-    CliCase{{"eval", "--mode", "n", "x", "1"}, "", 2},
-    CliCase{{"eval", "--log-base"}, "", 2},
-};
-INSTANTIATE_TEST_SUITE_P(Eval, CliTest, ::testing::ValuesIn(kEvalCases));
-
-const std::vector<CliCase> kDispatchCases{
-    CliCase{{}, "", 2},
-    CliCase{{"frobnicate", "x"}, "", 2},
-};
-INSTANTIATE_TEST_SUITE_P(Dispatch, CliTest, ::testing::ValuesIn(kDispatchCases));
+INSTANTIATE_TEST_SUITE_P(
+    Eval, CliTest,
+    ::testing::Values(
+        CliCase{{"eval", "x^2", "-3"}, "9\n", 0},
+        CliCase{{"eval", "x", "pi/2"}, "1.5707963267948966\n", 0},
+        CliCase{{"eval", "1/0", "0"}, "10000000000\n", 0},
+        CliCase{{"eval", "--", "-x^2", "3"}, "-9\n", 0},
+        CliCase{{"eval", "x*y", "2", "3"}, "6\n", 0},
+        CliCase{{"eval", "--mode", "f", "x", "2", "3"}, "2\n", 0},
+        CliCase{{"eval", "--mode", "e", "x+y", "2"}, "2\n", 0},
+        CliCase{{"eval", "--log-base", "100", "log(10000)", "0"}, "2\n", 0},
+        CliCase{{"eval", "--log-base=0", "log(10)", "0"}, "-0\n", 0},
+        CliCase{{"eval", "(-2)^x", "2"}, "INDEFINITE\n", 0},
+        CliCase{{"eval", "2x", "1"}, "INVALID ENTRY\n", 1},
+        CliCase{{"eval", "x", "2*x"}, "ERROR IN X EDIT BOX:\nNUMBER IS NOT A CONSTANT\n", 1},
+        CliCase{{"eval", "x", ""}, "ERROR IN X EDIT BOX:\nBOX IS EMPTY\n", 1},
+        CliCase{{"eval", "x*y", "1", "log(5)"},
+                "ERROR IN Y EDIT BOX:\nNUMBER MAY NOT BE A VALID CONSTANT\n",
+                1},
+        CliCase{{"eval", "--log-base", "abc", "x", "1"}, "ENTER A VALID NUMBER\n", 1},
+        CliCase{{"eval", "--log-base", "-2", "x", "1"}, "LOG BASE MUST BE A POSITIVE NUMBER\n", 1},
+        CliCase{{"eval", "x"}, "", 2}, CliCase{{"eval", "x", "1", "2", "3"}, "", 2},
+        CliCase{{"eval", "--mode", "n", "x", "1"}, "", 2}, CliCase{{"eval", "--log-base"}, "", 2}));
 
 // Help goes to stdout with status 0; its wording is free, its presence is not.
 TEST(CliHelp, EveryCommandAndTheProgramHaveHelp) {
@@ -157,7 +93,7 @@ TEST(CliHelp, EveryCommandAndTheProgramHaveHelp) {
         {"--help"}, {"check", "--help"}, {"eval", "--help"}, {"eval", "--mode", "e", "--help"}};
     for (const auto& call : calls) {
         SCOPED_TRACE(call.back());
-        const RunResult r = runCli(call);
+        const CliRun r = runCli(call);
         EXPECT_EQ(r.exitCode, 0);
         EXPECT_EQ(r.out.rfind("usage: curvemill-cli", 0), 0u) << r.out;
     }
