@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <numeric>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,46 +17,34 @@ namespace curvemill {
 namespace {
 
 TEST(Bracketing, GivesEveryTighterOperatorItsOwnPair) {
-    struct Case {
-        const char* typed;
-        char mode;
-        const char* bracketed;
-    };
-    const Case cases[] = {
-        {"x", 'f', "(x)"},
-        {"x+2*x", 'f', "(x+(2*x))"},
-        {"x*2+1", 'f', "((x*2)+1)"},
-        {"x*2/e", 'f', "(x*2/e)"},
-        {"x*y^2", 'e', "(x*(y^2))"},
-        {"x^2*3", 'f', "((x^2)*3)"},
-        {"2^3!", 'f', "(2^(3!))"},
-        {"x!^2", 'f', "((x!)^2)"},
-        {"-x^2", 'f', "(-(x^2))"},
-        {"-2*3", 'f', "(-(2*3))"},
-        {"sin(x)^2", 'f', "(s(x)^2)"},
-        {"x!!", 'f', "((x!)!)"},
-        {"(x)", 'f', "((x))"},
-        {"2.5*pi", 'f', "(2.5*p)"},
-        {"(x+1)*(x-1)^2", 'f', "((x+1)*((x-1)^2))"},
-        {"2^x^3+1", 'f', "((2^x^3)+1)"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.typed);
+    const std::pair<const char*, const char*> cases[] = {{"x", "(x)"},
+                                                         {"x+2*x", "(x+(2*x))"},
+                                                         {"x*2+1", "((x*2)+1)"},
+                                                         {"x*2/e", "(x*2/e)"},
+                                                         {"x*y^2", "(x*(y^2))"},
+                                                         {"x^2*3", "((x^2)*3)"},
+                                                         {"2^3!", "(2^(3!))"},
+                                                         {"x!^2", "((x!)^2)"},
+                                                         {"-x^2", "(-(x^2))"},
+                                                         {"-2*3", "(-(2*3))"},
+                                                         {"sin(x)^2", "(s(x)^2)"},
+                                                         {"x!!", "((x!)!)"},
+                                                         {"(x)", "((x))"},
+                                                         {"2.5*pi", "(2.5*p)"},
+                                                         {"(x+1)*(x-1)^2", "((x+1)*((x-1)^2))"},
+                                                         {"2^x^3+1", "((2^x^3)+1)"}};
+    for (const auto& [typed, bracketed] : cases) {
+        SCOPED_TRACE(typed);
         Formula formula;
-        std::string text = c.typed;
-        ASSERT_TRUE(checkFormula(formula, text, c.mode, false)) << formula.errorText;
-        ExpressionSlot& slot = formula.slots[static_cast<std::size_t>(slotForMode(c.mode))];
-        EXPECT_EQ(bracketFormula(slot), static_cast<int>(std::strlen(c.bracketed)));
-        EXPECT_STREQ(slot.text.data(), c.bracketed);
-        EXPECT_EQ(slot.length, static_cast<int>(std::strlen(c.bracketed)));
+        std::string text = typed;
+        // The two-variable mode accepts every text of the one-variable mode.
+        ASSERT_TRUE(checkFormula(formula, text, kModeTwoVariables, false)) << formula.errorText;
+        ExpressionSlot& slot = formula.slots[kTwoVariableSlot];
+        const int length = static_cast<int>(std::strlen(bracketed));
+        EXPECT_EQ(bracketFormula(slot), length);
+        EXPECT_STREQ(slot.text.data(), bracketed);
+        EXPECT_EQ(slot.length, length);
     }
-}
-
-TEST(Bracketing, InsertCharShiftsTheTail) {
-    ExpressionSlot slot;
-    std::strcpy(slot.text.data(), "x+1");
-    EXPECT_EQ(insertChar(slot, 1, 3, '!'), 4);
-    EXPECT_STREQ(slot.text.data(), "x!+1");
 }
 
 TEST(Encoding, ReplacesConstantsAndNumbersByTheirValues) {
@@ -83,23 +72,13 @@ TEST(Encoding, ReplacesConstantsAndNumbersByTheirValues) {
             EXPECT_EQ(slot.constants[static_cast<std::size_t>(position)], value) << position;
             sum += value;
         }
-        double all = 0;
-        for (double v : slot.constants) {
-            all += v;
-        }
+        const double all = std::accumulate(slot.constants.begin(), slot.constants.end(), 0.0);
         EXPECT_EQ(all, sum) << "stale constants left in the table";
     }
 }
 
 // The longest texts bracketing can make of 99 typed characters: one new pair per operator.
 TEST(SlotCapacity, WorstFormulasOfNinetyNineCharactersFitAndEvaluate) {
-    struct Case {
-        std::string typed;
-        int bracketedLength;
-        double x;
-        double value;
-    };
-    std::string factorials = "x" + std::string(98, '!');
     std::string mixed = "1";
     while (mixed.size() + 6 <= 99) {
         mixed += "-2*2^2";
@@ -108,14 +87,19 @@ TEST(SlotCapacity, WorstFormulasOfNinetyNineCharactersFitAndEvaluate) {
     while (powers.size() + 4 <= 99) {
         powers += "+x!^1";
     }
-    const Case cases[] = {
+    const struct {
+        std::string typed;
+        int bracketedLength;
+        double x;
+        double value;
+    } cases[] = {
         // Every '!' but the last gains a pair (the last one finds the outer pair around it).
         // 3 -> 6 -> 720 -> 0 (720! wraps to 0) -> 1 -> 1 ...
-        {factorials, 99 + 2 + 2 * 97, 3.0, 1.0},
+        {"x" + std::string(98, '!'), 99 + 2 + 2 * 97, 3.0, 1.0},
         {mixed, 97 + 2 + 4 * 16, 0.0, 1.0 - 16 * 8.0},
         {powers, static_cast<int>(powers.size()) + 2 + 4 * 19, 3.0, 3.0 + 19 * 6.0},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.typed);
         ASSERT_LE(c.typed.size(), 99u);
         Formula formula;
