@@ -27,15 +27,14 @@ TEST(CurveRuns, MapsPointsAndBreaksWhereTheCurveMustNotBeJoined) {
     ASSERT_EQ(view.toPixelY(3.75), 40.0);
     ASSERT_EQ(view.toPixelY(-3.75), 340.0);
 
-    const auto joined = runsOf(view, {point(1, 0), point(2, 1), point(3, -1), point(4, 0)});
-    ASSERT_EQ(joined.size(), 1u);
-    EXPECT_EQ(joined[0], (std::vector<PixelPoint>{{105, 190}, {145, 150}, {185, 230}, {225, 190}}));
-
     const struct {
         const char* name;
         std::vector<PlotPoint> points;
         std::vector<std::vector<PixelPoint>> runs;
     } cases[] = {
+        {"plain records are joined",
+         {point(1, 0), point(2, 1), point(3, -1), point(4, 0)},
+         {{{105, 190}, {145, 150}, {185, 230}, {225, 190}}}},
         {"a break pair lifts the pen",
          {point(1, 0), point(2, 1, true), point(3, -1, true), point(4, 0)},
          {{{105, 190}, {145, 150}}, {{185, 230}, {225, 190}}}},
@@ -76,11 +75,7 @@ TEST(CurveRuns, FarValuesAreClampedAndNeverOverflow) {
 
 TEST(CurveRuns, LongCurvesComeInBlocksAndCloseNeighboursMerge) {
     const GraphView view = testView();
-    std::vector<PlotPoint> zigzag;
-    for (int i = 0; i < 3000; ++i) {
-        zigzag.push_back(point(10.0 * i / 2999, i % 2 ? 1 : -1));
-    }
-    const auto blocks = runsOf(view, zigzag);
+    const auto blocks = runsOf(view, line(3000, 0, 10, [](int i) { return i % 2 ? 1 : -1; }));
     ASSERT_EQ(blocks.size(), 3u);
     std::size_t total = 0;
     for (std::size_t i = 0; i < blocks.size(); ++i) {
@@ -92,11 +87,7 @@ TEST(CurveRuns, LongCurvesComeInBlocksAndCloseNeighboursMerge) {
     }
     EXPECT_EQ(total, 3000u + blocks.size() - 1);
 
-    std::vector<PlotPoint> flat;
-    for (int i = 0; i < 3000; ++i) {
-        flat.push_back(point(10.0 * i / 2999, 1));
-    }
-    const auto merged = runsOf(view, flat);
+    const auto merged = runsOf(view, line(3000, 0, 10, [](int) { return 1; }));
     ASSERT_EQ(merged.size(), 1u);
     EXPECT_LT(merged[0].size(), 420u);
     // A run starts with both ends of its first segment; after that no two points share a pixel.
@@ -107,10 +98,7 @@ TEST(CurveRuns, LongCurvesComeInBlocksAndCloseNeighboursMerge) {
 
 TEST(CurveRuns, VisibleStretchReachesOneRecordBeyondEachEdge) {
     GraphView view = testView();
-    std::vector<PlotPoint> points;
-    for (int i = 0; i <= 10; ++i) {
-        points.push_back(point(i, 0));
-    }
+    const auto points = line(11, 0, 10, [](int) { return 0; });
     // Zoomed in twice and scrolled so that x 2.5 .. 7.5 is shown.
     view.xZoom = 2.0;
     view.scrollX = 200.0;
@@ -120,11 +108,8 @@ TEST(CurveRuns, VisibleStretchReachesOneRecordBeyondEachEdge) {
 
 TEST(AreaPolygons, SplitAtTheAxisCrossingAndBoundedByThePlottingRows) {
     const GraphView view = testView();
-    std::vector<PlotPoint> line;
-    for (int i = 0; i < 10; ++i) {
-        line.push_back(point(i + 0.5, i - 4.5));
-    }
-    const auto polygons = buildAreaPolygons(view, line.data(), 10, 0, 9);
+    const auto rising = line(10, 0.5, 9.5, [](int i) { return i - 4.5; });
+    const auto polygons = buildAreaPolygons(view, rising.data(), 10, 0, 9);
     ASSERT_EQ(polygons.size(), 2u);
     const PixelPoint crossing{265, 190};  // x = 5 on the axis row
     EXPECT_FALSE(polygons[0].aboveAxis);
@@ -142,10 +127,7 @@ TEST(AreaPolygons, SplitAtTheAxisCrossingAndBoundedByThePlottingRows) {
 
 TEST(AreaPolygons, LongAreasRestartAndOutsideColumnsAreLeftOut) {
     const GraphView view = testView();
-    std::vector<PlotPoint> wave;
-    for (int i = 0; i <= 2000; ++i) {
-        wave.push_back(point(-2.0 + 14.0 * i / 2000, 2.0));
-    }
+    const auto wave = line(2001, -2, 12, [](int) { return 2; });
     const auto polygons = buildAreaPolygons(view, wave.data(), 2001, 0, 2000);
     ASSERT_GT(polygons.size(), 1u);
     for (const AreaPolygon& polygon : polygons) {

@@ -1,5 +1,7 @@
+// Sampling a function: regular samples, turning points, poles, indefinite stretches and stopping.
 #include <atomic>
 #include <cmath>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -22,19 +24,25 @@ struct Sampled {
     bool completed = false;
 };
 
-// Prepares `text` as the main function and samples it with N = `n` over [a, b].
-void sample(Sampled& s, const std::string& text, double a, double b, int n = 10000) {
+// Prepares `text` as the main function and samples it with N = 10000 over [a, b].
+void sample(Sampled& s, const std::string& text, double a, double b) {
     ASSERT_TRUE(prepareFormula(s.formula, text, 'f')) << s.formula.errorText;
     s.graph.xBegin = a;
     s.graph.xEnd = b;
-    s.graph.pointsPerRun = n;
+    s.graph.pointsPerRun = 10000;
     SamplingControl control;
     control.progress = [&s](int p) { s.percents.push_back(p); };
     s.completed = sampleCurve(s.graph, s.formula, control);
 }
 
-const PlotPoint* pointsOf(const Curve& c) {
-    return c.points.data();
+std::vector<int> indicesWhere(const Curve& c, const std::function<bool(const PlotPoint&)>& test) {
+    std::vector<int> out;
+    for (int i = 0; i < c.pointCount; ++i) {
+        if (test(c.points[i])) {
+            out.push_back(i);
+        }
+    }
+    return out;
 }
 
 TEST(CurveSampler, MonotonicCurvesGetRegularSamplesPlusFinalRecord) {
@@ -47,17 +55,23 @@ TEST(CurveSampler, MonotonicCurvesGetRegularSamplesPlusFinalRecord) {
         // The loop steps x by dx = 3/10000 while x <= 2; rounding may add one pass.
         ASSERT_GE(c.pointCount, 10001 + 1);
         ASSERT_LE(c.pointCount, 10002 + 1);
-        const PlotPoint* p = pointsOf(c);
-        const double dx = 3.0 / 10000;
         for (int i = 0; i + 1 < c.pointCount; ++i) {
-            ASSERT_NEAR(p[i].x, -1.0 + i * dx, 1e-9) << i;
-            ASSERT_EQ(p[i].peakKind, 0) << i;
-            ASSERT_EQ(p[i].isBreak, 0) << i;
-            ASSERT_EQ(p[i].isVertex, i % 10 == 0 ? 1 : 0) << i;
+            const PlotPoint& p = c.points[i];
+            ASSERT_NEAR(p.x, -1.0 + i * 3.0 / 10000, 1e-9) << i;
+            ASSERT_EQ(p.peakKind, 0) << i;
+            ASSERT_EQ(p.isBreak, 0) << i;
+            ASSERT_EQ(p.isVertex, i % 10 == 0 ? 1 : 0) << i;
         }
-        EXPECT_EQ(p[c.pointCount - 1].x, 2.0);
+        EXPECT_EQ(c.points[c.pointCount - 1].x, 2.0);
         EXPECT_EQ(s.graph.definedSpan.begin, -1.0);
         EXPECT_EQ(s.graph.definedSpan.end, 2.0);
+        // Each whole percent once; the last regular sample lies within one step of X_END.
+        ASSERT_FALSE(s.percents.empty());
+        EXPECT_EQ(s.percents.front(), 0);
+        EXPECT_GE(s.percents.back(), 99);
+        for (std::size_t i = 1; i < s.percents.size(); ++i) {
+            ASSERT_GT(s.percents[i], s.percents[i - 1]);
+        }
     }
 }
 
@@ -67,45 +81,22 @@ TEST(CurveSampler, ConstantHasEqualExtremesAndNoTurns) {
     ASSERT_TRUE(s.completed);
     EXPECT_EQ(s.graph.main.yMin, 3.5);
     EXPECT_EQ(s.graph.main.yMax, 3.5);
-    for (const PlotPoint& p : s.graph.main) {
-        ASSERT_EQ(p.peakKind, 0);
-    }
-}
-
-TEST(CurveSampler, ProgressReportsEachWholePercentOnce) {
-    Sampled s;
-    sample(s, "x^2", -3.0, 5.0);
-    ASSERT_FALSE(s.percents.empty());
-    EXPECT_EQ(s.percents.front(), 0);
-    // The final record at X_END is not a regular sample; the last one lies within one step of it.
-    EXPECT_GE(s.percents.back(), 99);
-    for (std::size_t i = 1; i < s.percents.size(); ++i) {
-        ASSERT_GT(s.percents[i], s.percents[i - 1]);
-    }
+    EXPECT_TRUE(
+        indicesWhere(s.graph.main, [](const PlotPoint& p) { return p.peakKind != 0; }).empty());
 }
 
 TEST(CurveSampler, TurningPointsAreRefinedFromBothSidesAndMarked) {
     Sampled s;
-    sample(s, "sin(x)", -10.0, 10.0, 10000);
+    sample(s, "sin(x)", -10.0, 10.0);
     ASSERT_TRUE(s.completed);
-    // Turning points of sin in [-10, 10]: (k + 1/2) * pi for k = -3 .. 2.
-    std::vector<double> maxima;
-    std::vector<double> minima;
     const Curve& c = s.graph.main;
-    for (int i = 0; i < c.pointCount; ++i) {
-        const PlotPoint& p = c.points[i];
-        if (p.peakKind == kRefinedMaximum) {
-            maxima.push_back(p.x);
-        } else if (p.peakKind == kRefinedMinimum) {
-            minima.push_back(p.x);
-        }
-    }
-    ASSERT_EQ(maxima.size(), 2u * 3);
-    ASSERT_EQ(minima.size(), 2u * 3);
-    for (const auto* list : {&maxima, &minima}) {
-        for (std::size_t k = 0; k < list->size(); k += 2) {
-            const double x1 = (*list)[k];
-            const double x2 = (*list)[k + 1];
+    // Turning points of sin in [-10, 10]: (k + 1/2) * pi for k = -3 .. 2, each bracketed twice.
+    for (const int kind : {kRefinedMaximum, kRefinedMinimum}) {
+        const auto marked = indicesWhere(c, [&](const PlotPoint& p) { return p.peakKind == kind; });
+        ASSERT_EQ(marked.size(), 2u * 3) << kind;
+        for (std::size_t k = 0; k < marked.size(); k += 2) {
+            const double x1 = c.points[marked[k]].x;
+            const double x2 = c.points[marked[k + 1]].x;
             const double turn = std::round(x1 / kPi - 0.5) * kPi + kPi / 2;
             // sin is flat to 1e-16 within 1e-8 of its top, which bounds what any bracket can see.
             EXPECT_LE(x1, x2);
@@ -126,12 +117,7 @@ TEST(CurveSampler, TanPolesAreBreaksOnBothSides) {
     ASSERT_TRUE(s.completed);
     const Curve& c = s.graph.main;
     // Poles at -3pi/2, -pi/2, pi/2, 3pi/2.
-    std::vector<int> breaks;
-    for (int i = 0; i < c.pointCount; ++i) {
-        if (c.points[i].isBreak) {
-            breaks.push_back(i);
-        }
-    }
+    const auto breaks = indicesWhere(c, [](const PlotPoint& p) { return p.isBreak != 0; });
     ASSERT_EQ(breaks.size(), 8u);
     for (std::size_t k = 0; k < breaks.size(); k += 2) {
         const PlotPoint& left = c.points[breaks[k]];
@@ -150,50 +136,38 @@ TEST(CurveSampler, TanPolesAreBreaksOnBothSides) {
 }
 
 TEST(CurveSampler, IndefiniteStretchesGetEdgesAndSpans) {
-    {
-        SCOPED_TRACE("wholly indefinite");
-        Sampled s;
-        sample(s, "Sqr(x)", -5.0, -1.0);
-        ASSERT_TRUE(s.completed);
-        for (const PlotPoint& p : s.graph.main) {
-            ASSERT_EQ(p.isIndefinite, 1);
-        }
-        EXPECT_EQ(s.graph.definedSpan.begin, -1.0);
-        EXPECT_EQ(s.graph.definedSpan.end, -1.0);
-    }
-    {
-        SCOPED_TRACE("defined from 0 on");
-        Sampled s;
-        sample(s, "Sqr(x)", -1.0, 1.0);
-        ASSERT_TRUE(s.completed);
-        const Curve& c = s.graph.main;
-        int firstDefined = 0;
-        while (c.points[firstDefined].isIndefinite) {
-            ++firstDefined;
-        }
-        // The edge found between the last indefinite and the first regular sample lies at 0.
-        EXPECT_GE(c.points[firstDefined].x, 0.0);
-        EXPECT_LT(c.points[firstDefined].x, 1e-12);
-        EXPECT_LT(c.points[firstDefined].x, c.points[firstDefined + 1].x - 1e-12);
-        EXPECT_EQ(s.graph.definedSpan.begin, c.points[firstDefined].x);
-        EXPECT_EQ(s.graph.definedSpan.end, 1.0);
-    }
-    {
-        SCOPED_TRACE("defined up to 0");
-        Sampled s;
-        sample(s, "Sqr(-x)", -1.0, 1.0);
-        ASSERT_TRUE(s.completed);
-        const Curve& c = s.graph.main;
-        int firstIndefinite = 0;
-        while (!c.points[firstIndefinite].isIndefinite) {
-            ++firstIndefinite;
-        }
-        const double edge = c.points[firstIndefinite - 1].x;
-        EXPECT_LE(edge, 0.0);
-        EXPECT_GT(edge, -1e-12);
-        EXPECT_EQ(s.graph.definedSpan.begin, -1.0);
-        EXPECT_EQ(s.graph.definedSpan.end, edge);
-    }
+    const auto indefinite = [](const PlotPoint& p) { return p.isIndefinite != 0; };
+    Sampled whole;
+    sample(whole, "Sqr(x)", -5.0, -1.0);
+    ASSERT_TRUE(whole.completed);
+    EXPECT_EQ(indicesWhere(whole.graph.main, indefinite).size(),
+              static_cast<std::size_t>(whole.graph.main.pointCount));
+    EXPECT_EQ(whole.graph.definedSpan.begin, -1.0);
+    EXPECT_EQ(whole.graph.definedSpan.end, -1.0);
+
+    // The edge found between the last indefinite and the first regular sample lies at 0.
+    Sampled from;
+    sample(from, "Sqr(x)", -1.0, 1.0);
+    const Curve& c = from.graph.main;
+    const auto before = indicesWhere(c, indefinite);
+    ASSERT_FALSE(before.empty());
+    const int first = before.back() + 1;
+    EXPECT_GE(c.points[first].x, 0.0);
+    EXPECT_LT(c.points[first].x, 1e-12);
+    EXPECT_LT(c.points[first].x, c.points[first + 1].x - 1e-12);
+    EXPECT_EQ(from.graph.definedSpan.begin, c.points[first].x);
+    EXPECT_EQ(from.graph.definedSpan.end, 1.0);
+
+    Sampled upTo;
+    sample(upTo, "Sqr(-x)", -1.0, 1.0);
+    const auto after = indicesWhere(upTo.graph.main, indefinite);
+    ASSERT_GT(after.size(), 0u);
+    ASSERT_GT(after[0], 0);
+    const double edge = upTo.graph.main.points[after[0] - 1].x;
+    EXPECT_LE(edge, 0.0);
+    EXPECT_GT(edge, -1e-12);
+    EXPECT_EQ(upTo.graph.definedSpan.begin, -1.0);
+    EXPECT_EQ(upTo.graph.definedSpan.end, edge);
 }
 
 TEST(CurveSampler, NarrowRangeIsSampledEvenly) {
@@ -211,15 +185,13 @@ TEST(CurveSampler, NarrowRangeIsSampledEvenly) {
 }
 
 TEST(CurveSampler, RangesTheDialogWouldRefuseStillEnd) {
-    const struct {
-        double a;
-        double b;
-    } cases[] = {{-INFINITY, INFINITY}, {0.0, INFINITY}, {1.0, -1.0}, {2.0, 2.0}, {NAN, 1.0},
-                 {-1e308, 1e308}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.a << " .. " << c.b);
+    const std::pair<double, double> ranges[] = {
+        {-INFINITY, INFINITY}, {0.0, INFINITY}, {1.0, -1.0}, {2.0, 2.0}, {NAN, 1.0},
+        {-1e308, 1e308}};
+    for (const auto& [a, b] : ranges) {
+        SCOPED_TRACE(testing::Message() << a << " .. " << b);
         Sampled s;
-        sample(s, "tan(x)", c.a, c.b);
+        sample(s, "tan(x)", a, b);
         EXPECT_TRUE(s.completed);
         EXPECT_GE(s.graph.main.pointCount, 1);
         EXPECT_LE(static_cast<std::size_t>(s.graph.main.pointCount), s.graph.main.points.size());
@@ -235,11 +207,7 @@ TEST(CurveSampler, StopRemovesTheSecondFunctionButLeavesTheMainCurve) {
     std::atomic<bool> stop{false};
     SamplingControl control;
     control.stopRequested = &stop;
-    control.progress = [&stop](int p) {
-        if (p >= 50) {
-            stop = true;
-        }
-    };
+    control.progress = [&stop](int p) { stop = stop || p >= 50; };
     ASSERT_TRUE(prepareFormula(s.formula, "x^3", 'F'));
     s.graph.computingSecond = true;
     s.graph.second.points.resize(10);  // the dialog allocates before the run
@@ -270,25 +238,20 @@ TEST(CurveSampler, DerivativeAndDrawingStep) {
     EXPECT_NEAR(d.yMax, 4.0, 1e-3);
 
     Curve& main = s.graph.main;
+    const auto isVertex = [](const PlotPoint& p) { return p.isVertex != 0; };
     applyOptimizeDrawing(main, false);
-    for (const PlotPoint& p : main) {
-        ASSERT_EQ(p.isVertex, 1);
-    }
+    EXPECT_EQ(indicesWhere(main, isVertex).size(), static_cast<std::size_t>(main.pointCount));
     applyOptimizeDrawing(main, true);
-    int vertices = 0;
+    const auto vertices = indicesWhere(main, isVertex);
+    // Every tenth record, the lowest one and the last one are kept, and not much else.
     int lowest = 0;
     for (int i = 0; i < main.pointCount; ++i) {
-        vertices += main.points[i].isVertex;
-        if (i % 10 == 0) {
-            ASSERT_EQ(main.points[i].isVertex, 1) << i;
-        }
-        if (main.points[i].y < main.points[lowest].y) {
-            lowest = i;
-        }
+        ASSERT_TRUE(i % 10 != 0 || main.points[i].isVertex) << i;
+        lowest = main.points[i].y < main.points[lowest].y ? i : lowest;
     }
     EXPECT_EQ(main.points[lowest].isVertex, 1);
-    EXPECT_EQ(main.points[main.pointCount - 1].isVertex, 1);
-    EXPECT_LE(vertices, main.pointCount / 10 + 6);
+    EXPECT_EQ(vertices.back(), main.pointCount - 1);
+    EXPECT_LE(vertices.size(), static_cast<std::size_t>(main.pointCount / 10 + 6));
 }
 
 }  // namespace

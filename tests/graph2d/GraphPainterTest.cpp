@@ -1,6 +1,3 @@
-#include <cmath>
-#include <vector>
-
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
@@ -28,20 +25,14 @@ class GraphPainterTest : public ::testing::Test {
 
     // Draws `graph` into a 530 x 380 image whose plotting area shows x 0..10, y -3.75..3.75.
     QImage render(TwoDGraph& graph, bool areaPainted = false) {
-        GraphView view = testView();
-        view.areaPainted = areaPainted;
-        view.gridOn = false;
-        view_ = view;
+        view_ = testView();
+        view_.areaPainted = areaPainted;
+        view_.gridOn = false;
         QImage image(530, 380, QImage::Format_RGB32);
         image.fill(Qt::black);
         QPainter painter(&image);
         drawGraph(painter, graph, view_);
         return image;
-    }
-
-    static void setCurve(Curve& curve, const std::vector<PlotPoint>& points) {
-        curve.points = points;
-        curve.pointCount = static_cast<int>(points.size());
     }
 
     static int countColour(const QImage& image, QColor colour, QRect area) {
@@ -93,11 +84,7 @@ TEST_F(GraphPainterTest, SteepSegmentStopsAtTheTopRowAndHighCurvesLeaveNoTrace) 
 
 TEST_F(GraphPainterTest, AreaAcrossTheAxisIsPaintedInBothColours) {
     TwoDGraph graph;
-    std::vector<PlotPoint> line;
-    for (int i = 0; i <= 100; ++i) {
-        line.push_back(point(i / 10.0, i / 10.0 - 5));
-    }
-    setCurve(graph.main, line);
+    setCurve(graph.main, line(101, 0, 10, [](int i) { return i / 10.0 - 5; }));
     graph.areaFirst = 0;
     graph.areaLast = 100;
     graph.areaText = std::string("S(0, 10) = 0");

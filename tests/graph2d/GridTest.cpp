@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -48,13 +49,10 @@ TEST(GridSteps, ChooserTakesTheFirstCandidateOfTheZoomedLists) {
 }
 
 TEST(GridLayout, OriginUsesTheWholePartRule) {
-    const struct {
-        double begin;
-        double origin;
-    } cases[] = {{5.5, 5.0}, {5.0, 4.0}, {-5.5, -5.0}, {-5.0, -4.0}, {0.7, 0.0}, {-0.7, 0.0}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.begin);
-        EXPECT_EQ(gridOrigin(c.begin, 1.0), c.origin);
+    const std::pair<double, double> cases[] = {{5.5, 5.0},   {5.0, 4.0}, {-5.5, -5.0},
+                                               {-5.0, -4.0}, {0.7, 0.0}, {-0.7, 0.0}};
+    for (const auto& [begin, origin] : cases) {
+        EXPECT_EQ(gridOrigin(begin, 1.0), origin) << begin;
     }
     EXPECT_EQ(gridOrigin(-10.0, 2.0), -8.0);
 }

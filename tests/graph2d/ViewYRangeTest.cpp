@@ -1,4 +1,6 @@
 #include <cmath>
+#include <tuple>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -10,25 +12,17 @@ namespace {
 
 TEST(ViewYRange, TallRangesAreCutAroundTheAxis) {
     // X range 20 and ratio 10: at most 200 high, h = 100.
-    const struct {
-        const char* name;
-        YRange extent;
-        YRange expected;
-    } cases[] = {
-        {"low enough stays", {-1, 1}, {-1, 1}},
-        {"shoots up", {-10, 1e6}, {-10, 190}},
-        {"shoots down", {-1e6, 10}, {-190, 10}},
-        {"wholly high", {150, 1e6}, {150, 350}},
-        {"wholly low", {-1e6, -150}, {-350, -150}},
-        {"both ways", {-1e6, 1e6}, {-100, 100}},
-        {"exactly R high", {-50, 150}, {-50, 150}},
-        {"high end exactly h", {-1e6, 100}, {-100, 100}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        const YRange r = clampYRange(c.extent, -10.0, 10.0, 10);
-        EXPECT_EQ(r.begin, c.expected.begin);
-        EXPECT_EQ(r.end, c.expected.end);
+    // Rows: stays, shoots up, shoots down / wholly high, wholly low, both ways / exactly R high,
+    // high end exactly h.
+    const std::pair<YRange, YRange> cases[] = {
+        {{-1, 1}, {-1, 1}},       {{-10, 1e6}, {-10, 190}},     {{-1e6, 10}, {-190, 10}},
+        {{150, 1e6}, {150, 350}}, {{-1e6, -150}, {-350, -150}}, {{-1e6, 1e6}, {-100, 100}},
+        {{-50, 150}, {-50, 150}}, {{-1e6, 100}, {-100, 100}}};
+    for (const auto& [extent, expected] : cases) {
+        SCOPED_TRACE(testing::Message() << extent.begin << " .. " << extent.end);
+        const YRange r = clampYRange(extent, -10.0, 10.0, 10);
+        EXPECT_EQ(r.begin, expected.begin);
+        EXPECT_EQ(r.end, expected.end);
     }
 }
 
@@ -36,15 +30,13 @@ TEST(ViewYRange, EveryExistingCurveWidensTheRange) {
     TwoDGraph graph;
     graph.xBegin = 0.0;
     graph.xEnd = 10.0;
-    const auto make = [](Curve& c, double lo, double hi) {
-        c.points.resize(2);
-        c.pointCount = 2;
-        c.yMin = lo;
-        c.yMax = hi;
-    };
-    make(graph.main, -1, 1);
-    make(graph.derivative, -3, 0);
-    make(graph.integral, 0, 4);
+    for (auto [c, lo, hi] : {std::tuple{&graph.main, -1, 1}, std::tuple{&graph.derivative, -3, 0},
+                             std::tuple{&graph.integral, 0, 4}}) {
+        c->points.resize(2);
+        c->pointCount = 2;
+        c->yMin = lo;
+        c->yMax = hi;
+    }
     graph.second.yMin = -50;  // no records: the second function does not exist
     YRange r = viewYRange(graph);
     EXPECT_EQ(r.begin, -3.0);

@@ -1,3 +1,5 @@
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 #include "GeometryFixture.h"
@@ -15,21 +17,17 @@ double visibleCentreX(const GraphView& view) {
 TEST(ViewZoom, InAndOutAgainReturnsToTheSameViewAndStopsAtTheLimits) {
     GraphView view = testView();
     const double centre = visibleCentreX(view);
-    ASSERT_TRUE(zoomIn(view, ZoomAxis::kX));
-    ASSERT_TRUE(zoomIn(view, ZoomAxis::kX));
+    ASSERT_TRUE(zoomIn(view, ZoomAxis::kX) && zoomIn(view, ZoomAxis::kX));
     EXPECT_EQ(view.xZoom, 4.0);
     EXPECT_EQ(view.contentWidth, 1600.0);
     EXPECT_DOUBLE_EQ(visibleCentreX(view), centre);
-    ASSERT_TRUE(zoomOut(view, ZoomAxis::kX));
-    ASSERT_TRUE(zoomOut(view, ZoomAxis::kX));
+    ASSERT_TRUE(zoomOut(view, ZoomAxis::kX) && zoomOut(view, ZoomAxis::kX));
     EXPECT_EQ(view.xZoom, 1.0);
     EXPECT_EQ(view.scrollX, 0.0);
     EXPECT_DOUBLE_EQ(visibleCentreX(view), centre);
     EXPECT_EQ(view.yZoom, 1.0);
 
-    int steps = 0;
-    while (zoomIn(view, ZoomAxis::kBoth) && steps < 100) {
-        ++steps;
+    for (int steps = 0; steps < 100 && zoomIn(view, ZoomAxis::kBoth); ++steps) {
     }
     EXPECT_EQ(view.xZoom, 65536.0);
     EXPECT_EQ(view.yZoom, 65536.0);
@@ -37,8 +35,7 @@ TEST(ViewZoom, InAndOutAgainReturnsToTheSameViewAndStopsAtTheLimits) {
     restoreZoom(view);
     EXPECT_EQ(view.xZoom, 1.0);
     EXPECT_EQ(view.contentHeight, view.contentHeightAtZoom1);
-    while (zoomOut(view, ZoomAxis::kY) && steps < 200) {
-        ++steps;
+    for (int steps = 0; steps < 100 && zoomOut(view, ZoomAxis::kY); ++steps) {
     }
     EXPECT_EQ(view.yZoom, 0.00390625);
     EXPECT_EQ(view.xZoom, 1.0);
@@ -56,7 +53,7 @@ TEST(ViewZoom, StretchesStackFiveDeepAndUndoExactly) {
     }
     EXPECT_FALSE(stack.stretch(view, 100, 100, 400, 300));
     EXPECT_FALSE(StretchStack().stretch(view, 100, 100, 100, 300));
-    while (stack.undo(view)) {
+    for (int undone = 0; undone < 10 && stack.undo(view); ++undone) {
     }
     EXPECT_DOUBLE_EQ(view.xZoom, 1.0);
     EXPECT_DOUBLE_EQ(view.yZoom, 1.0);
@@ -75,18 +72,13 @@ TEST(ScrollBars, OffsetsStayWithinTheEnlargedGraph) {
     EXPECT_EQ(bar.position, 200);
     EXPECT_EQ(verticalScrollBar(view, true).maximum, 300);
 
-    const struct {
-        ScrollAction action;
-        int position;
-        double offset;
-    } steps[] = {
-        {ScrollAction::kLineForward, 0, 202}, {ScrollAction::kPageForward, 0, 400},
-        {ScrollAction::kLineForward, 0, 400}, {ScrollAction::kToPosition, 7, 7},
-        {ScrollAction::kPageBack, 0, 0},      {ScrollAction::kLineBack, 0, 0},
-    };
-    for (const auto& s : steps) {
-        scrollHorizontally(view, s.action, s.position);
-        EXPECT_EQ(view.scrollX, s.offset);
+    using enum ScrollAction;
+    const std::tuple<ScrollAction, int, double> steps[] = {
+        {kLineForward, 0, 202}, {kPageForward, 0, 400}, {kLineForward, 0, 400},
+        {kToPosition, 7, 7},    {kPageBack, 0, 0},      {kLineBack, 0, 0}};
+    for (const auto& [action, position, offset] : steps) {
+        scrollHorizontally(view, action, position);
+        EXPECT_EQ(view.scrollX, offset);
     }
     scrollVertically(view, ScrollAction::kLineBack);
     EXPECT_EQ(view.scrollY, 0.0);
@@ -95,10 +87,8 @@ TEST(ScrollBars, OffsetsStayWithinTheEnlargedGraph) {
 TEST(CurveHit, NearestCurveWithinFivePixels) {
     const GraphView view = testView();
     TwoDGraph graph;
-    graph.main.points = {point(1, 0), point(2, 1)};
-    graph.main.pointCount = 2;
-    graph.derivative.points = {point(1, 0), point(2, 2)};
-    graph.derivative.pointCount = 2;
+    setCurve(graph.main, {point(1, 0), point(2, 1)});
+    setCurve(graph.derivative, {point(1, 0), point(2, 2)});
     // (2, 1) is at column 145, row 150; (2, 2) at row 110.
     CurveHit hit = curveUnderMouse(graph, view, 148, 154);
     EXPECT_EQ(hit.name, "FUNCTION");
