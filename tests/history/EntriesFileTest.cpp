@@ -78,7 +78,7 @@ HistoryStore storeWithNewEntries() {
 }
 
 TEST(EntriesFileTest, SaveAsksOnlyAtExitAndOnlyWhenSomethingChanged) {
-    struct Case {
+    const struct {
         const char* name;
         bool entriesChanged;
         bool ringChanged;
@@ -86,8 +86,7 @@ TEST(EntriesFileTest, SaveAsksOnlyAtExitAndOnlyWhenSomethingChanged) {
         bool answer;
         int questions;
         SaveOutcome outcome;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"command saves without asking", true, false, kSaveOnCommand, false, 0, SaveOutcome::Saved},
         {"exit asks, Yes saves", true, false, kSaveAtExit, true, 1, SaveOutcome::Saved},
         {"exit asks, No keeps the file", true, false, kSaveAtExit, false, 1, SaveOutcome::Declined},
@@ -95,7 +94,7 @@ TEST(EntriesFileTest, SaveAsksOnlyAtExitAndOnlyWhenSomethingChanged) {
         {"nothing changed: no question", false, false, kSaveAtExit, true, 0,
          SaveOutcome::NothingToSave},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         TempDirectory dir;
         dir.write("Graph.dat", "old");
@@ -172,44 +171,30 @@ ChunkWriter halfWriter(void (*afterHalf)()) {
 
 TEST(EntriesFileTest, InterruptedSaveLeavesTheOldFileIntact) {
     const std::string old = "-1 1 $ $ x @ old ";
-    {
-        SCOPED_TRACE("disk full half way");
-        TempDirectory dir;
-        dir.write("Graph.dat", old);
-        HistoryStore store = storeWithNewEntries();
-        const SaveResult result =
-            saveEntries(store, kSaveOnCommand, {}, dir.path(), halfWriter([] {}));
-        EXPECT_EQ(result.outcome, SaveOutcome::Failed);
-        EXPECT_EQ(dir.read("Graph.dat"), old);
-        EXPECT_FALSE(fs::exists(dir.path() / "Graph.dat.tmp"));
+    TempDirectory dir;
+    dir.write("Graph.dat", old);
+    HistoryStore store = storeWithNewEntries();
+    // Disk full half way.
+    EXPECT_EQ(saveEntries(store, kSaveOnCommand, {}, dir.path(), halfWriter([] {})).outcome,
+              SaveOutcome::Failed);
+    EXPECT_EQ(dir.read("Graph.dat"), old);
+    EXPECT_FALSE(fs::exists(dir.path() / "Graph.dat.tmp"));
+
+    // Process killed half way.
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        saveEntries(store, kSaveOnCommand, {}, dir.path(), halfWriter([] { raise(SIGKILL); }));
+        _exit(0);
     }
-    {
-        SCOPED_TRACE("process killed half way");
-        TempDirectory dir;
-        dir.write("Graph.dat", old);
-        const pid_t child = fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
-            HistoryStore store = storeWithNewEntries();
-            saveEntries(store, kSaveOnCommand, {}, dir.path(), halfWriter([] { raise(SIGKILL); }));
-            _exit(0);
-        }
-        int status = 0;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
-        ASSERT_TRUE(WIFSIGNALED(status));
-        EXPECT_EQ(dir.read("Graph.dat"), old);
-        // The next save in a new run clears the leftover and succeeds.
-        HistoryStore store = storeWithNewEntries();
-        EXPECT_EQ(saveEntries(store, kSaveOnCommand, {}, dir.path()).outcome, SaveOutcome::Saved);
-        EXPECT_FALSE(fs::exists(dir.path() / "Graph.dat.tmp"));
-    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    EXPECT_EQ(dir.read("Graph.dat"), old);
+    // The next save in a new run clears the leftover and succeeds.
+    EXPECT_EQ(saveEntries(store, kSaveOnCommand, {}, dir.path()).outcome, SaveOutcome::Saved);
+    EXPECT_FALSE(fs::exists(dir.path() / "Graph.dat.tmp"));
 }
-
-}  // namespace
-}  // namespace curvemill
-
-namespace curvemill {
-namespace {
 
 TEST(EntriesFileTest, StarterHistoryLoadsCompletely) {
     HistoryStore store;

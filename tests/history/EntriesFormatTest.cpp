@@ -14,20 +14,43 @@ std::string named(const char* prefix, int number) {
     return std::string(prefix).append(std::to_string(number));
 }
 
-// "section|xBegin|xEnd|yBegin|yEnd|formula" for each entry, head first.
-std::vector<std::string> describe(const HistoryStore& store) {
-    std::vector<std::string> out;
-    for (const HistoryEntry& e : store.entries()) {
-        out.push_back(std::string(1, e.section) + "|" + e.xBegin + "|" + e.xEnd + "|" + e.yBegin +
-                      "|" + e.yEnd + "|" + e.formula);
+std::string join(const std::vector<std::string>& parts, const char* separator) {
+    std::string out;
+    for (const std::string& part : parts) {
+        out += (out.empty() ? "" : separator) + part;
     }
     return out;
 }
 
-std::vector<std::string> slots(const SearchRing& ring) {
-    std::vector<std::string> out;
+// "section|xBegin|xEnd|yBegin|yEnd|formula".
+std::string describe(const HistoryEntry& e) {
+    return std::string(1, e.section) + "|" + e.xBegin + "|" + e.xEnd + "|" + e.yBegin + "|" +
+           e.yEnd + "|" + e.formula;
+}
+
+// Every entry, head first, joined by "; ".
+std::string describe(const HistoryStore& store) {
+    std::vector<std::string> lines;
+    for (const HistoryEntry& e : store.entries()) {
+        lines.push_back(describe(e));
+    }
+    return join(lines, "; ");
+}
+
+// The ring's slots from 0 up, joined by blanks.
+std::string slots(const SearchRing& ring) {
+    std::vector<std::string> words;
     for (int i = 0; i < ring.count(); ++i) {
-        out.push_back(ring.at(i));
+        words.push_back(ring.at(i));
+    }
+    return join(words, " ");
+}
+
+// "w0 w1 ..." with `count` words.
+std::string wordList(int count) {
+    std::string out;
+    for (int i = 0; i < count; ++i) {
+        out += named(i == 0 ? "w" : " w", i);
     }
     return out;
 }
@@ -42,131 +65,60 @@ std::string formulaOfLength(std::size_t length) {
     return text;
 }
 
-struct LoadCase {
-    const char* name;
-    std::string text;
-    char mode;
-    std::vector<std::string> entries;
-    std::vector<std::string> ringSlots;
-};
-
-std::string twentyFiveWords() {
-    std::string text = "-1 1 $ $ x @ ";
-    for (int i = 0; i < 25; ++i) {
-        text += named("w", i) + " ";
-    }
-    return text;
-}
-
-std::vector<std::string> firstTwentyWords() {
-    std::vector<std::string> out;
-    for (int i = 0; i < 20; ++i) {
-        out.push_back(named("w", i));
-    }
-    return out;
-}
-
-const std::vector<LoadCase>& loadCases() {
-    static const std::vector<LoadCase> cases = {
-        {"example file",
-         "-10 10 $ $ sin(x)/x*80 &-5 5 -5 5 x^2+y^2-16 @ sin ",
-         'y',
-         {"y|-10|10|$|$|sin(x)/x*80", "n|-5|5|-5|5|x^2+y^2-16"},
-         {"sin"}},
-        {"mode n leaves the search strings",
-         "-10 10 $ $ sin(x)/x*80 &-5 5 -5 5 x^2+y^2-16 @ sin ",
-         'n',
-         {"y|-10|10|$|$|sin(x)/x*80", "n|-5|5|-5|5|x^2+y^2-16"},
-         {}},
-        {"empty first section: its '&' joins the first X begin",
-         "&-5 5 -5 5 x^2+y^2-16 @ sin ",
-         'y',
-         {},
-         {}},
-        {"'&' inside a field switches the section and is dropped",
-         "-1 1 $ $ x -10 1&0 $ $ x^2 @ ",
-         'y',
-         {"y|-1|1|$|$|x", "n|-10|10|$|$|x^2"},
-         {}},
-        {"the character after '&' is not tested again",
-         "-1 1 $ $ x &&2 3 $ $ x @ s ",
-         'y',
-         {"y|-1|1|$|$|x"},
-         {}},
-        {"'@' inside a field ends the records",
-         "-1 1 $ $ x -2 2@ $ $ cos(x) ",
-         'y',
-         {"y|-1|1|$|$|x"},
-         {"$", "$", "cos(x)"}},
-        {"98 characters load",
-         "-1 1 $ $ " + formulaOfLength(98) + " @ ",
-         'y',
-         {"y|-1|1|$|$|" + formulaOfLength(98)},
-         {}},
-        {"99 characters end the load",
-         "-1 1 $ $ x -1 1 $ $ " + formulaOfLength(99) + " @ a ",
-         'y',
-         {"y|-1|1|$|$|x"},
-         {}},
-        {"X begin equal to X end stops, earlier records stay",
-         "-1 1 $ $ x 2 2 $ $ x^2 3 4 $ $ x @ ",
-         'y',
-         {"y|-1|1|$|$|x"},
-         {}},
-        {"'$' with a real Y end is a two-range entry and fails",
-         "-1 1 $ 5 x*y 0 1 $ $ x @ ",
-         'y',
-         {},
-         {}},
-        {"Y end not above Y begin fails", "-1 1 2 1 x*y @ ", 'y', {}, {}},
-        {"range that is no constant fails", "0 x $ $ x @ ", 'y', {}, {}},
-        {"bad formula stops before the search strings",
-         "-1 1 $ $ x 0 1 $ $ sin( -1 1 $ $ x^2 @ s ",
-         'y',
-         {"y|-1|1|$|$|x"},
-         {}},
-        {"an entry without Y range is checked as a function of x", "-1 1 $ $ x*y @ ", 'y', {}, {}},
-        {"the same formula with a Y range passes",
-         "-1 1 -1 1 x*y @ ",
-         'y',
-         {"y|-1|1|-1|1|x*y"},
-         {}},
-        {"a 2D entry in section n keeps its mark",
-         "-1 1 $ $ x &-1 1 $ $ x^2 @ ",
-         'y',
-         {"y|-1|1|$|$|x", "n|-1|1|$|$|x^2"},
-         {}},
-        {"trailing partial record is dropped", "-1 1 $ $ x -2 2 $ ", 'y', {"y|-1|1|$|$|x"}, {}},
-        {"no blank after the last field drops the record", "-1 1 $ $ x", 'y', {}, {}},
-        {"empty file", "", 'y', {}, {}},
-        {"a NUL ends the text of its field",
-         std::string("-1 1 $ $ x\0yz @ ", 16),
-         'y',
-         {"y|-1|1|$|$|x"},
-         {}},
-        {"last word without its blank is dropped",
-         "-1 1 $ $ x @ ab cd",
-         'y',
-         {"y|-1|1|$|$|x"},
-         {"ab"}},
-        {"the byte after '@' is skipped whatever it is",
-         "-1 1 $ $ x @ab cd ",
-         'y',
-         {"y|-1|1|$|$|x"},
-         {"b", "cd"}},
-        {"at most twenty words", twentyFiveWords(), 'y', {"y|-1|1|$|$|x"}, firstTwentyWords()},
-    };
-    return cases;
-}
-
 TEST(EntriesFormatTest, LoaderReadsEveryQuirkOfTheFormat) {
-    for (const LoadCase& c : loadCases()) {
+    const std::string example = "-10 10 $ $ sin(x)/x*80 &-5 5 -5 5 x^2+y^2-16 @ sin ";
+    const std::string exampleEntries = "y|-10|10|$|$|sin(x)/x*80; n|-5|5|-5|5|x^2+y^2-16";
+    const struct {
+        const char* name;
+        std::string text;
+        std::string entries;
+        std::string ring;
+        char mode = 'y';
+    } cases[] = {
+        {"example file", example, exampleEntries, "sin"},
+        {"mode n leaves the search strings", example, exampleEntries, "", 'n'},
+        {"empty first section: its '&' joins the first X begin", "&-5 5 -5 5 x^2+y^2-16 @ sin ", "",
+         ""},
+        {"'&' inside a field switches the section and is dropped", "-1 1 $ $ x -10 1&0 $ $ x^2 @ ",
+         "y|-1|1|$|$|x; n|-10|10|$|$|x^2", ""},
+        {"the character after '&' is not tested again", "-1 1 $ $ x &&2 3 $ $ x @ s ",
+         "y|-1|1|$|$|x", ""},
+        {"'@' inside a field ends the records", "-1 1 $ $ x -2 2@ $ $ cos(x) ", "y|-1|1|$|$|x",
+         "$ $ cos(x)"},
+        {"98 characters load", "-1 1 $ $ " + formulaOfLength(98) + " @ ",
+         "y|-1|1|$|$|" + formulaOfLength(98), ""},
+        {"99 characters end the load", "-1 1 $ $ x -1 1 $ $ " + formulaOfLength(99) + " @ a ",
+         "y|-1|1|$|$|x", ""},
+        {"X begin equal to X end stops, earlier records stay",
+         "-1 1 $ $ x 2 2 $ $ x^2 3 4 $ $ x @ ", "y|-1|1|$|$|x", ""},
+        {"'$' with a real Y end is a two-range entry and fails", "-1 1 $ 5 x*y 0 1 $ $ x @ ", "",
+         ""},
+        {"Y end not above Y begin fails", "-1 1 2 1 x*y @ ", "", ""},
+        {"range that is no constant fails", "0 x $ $ x @ ", "", ""},
+        {"bad formula stops before the search strings", "-1 1 $ $ x 0 1 $ $ sin( -1 1 $ $ x^2 @ s ",
+         "y|-1|1|$|$|x", ""},
+        {"an entry without Y range is checked as a function of x", "-1 1 $ $ x*y @ ", "", ""},
+        {"the same formula with a Y range passes", "-1 1 -1 1 x*y @ ", "y|-1|1|-1|1|x*y", ""},
+        {"a 2D entry in section n keeps its mark", "-1 1 $ $ x &-1 1 $ $ x^2 @ ",
+         "y|-1|1|$|$|x; n|-1|1|$|$|x^2", ""},
+        {"trailing partial record is dropped", "-1 1 $ $ x -2 2 $ ", "y|-1|1|$|$|x", ""},
+        {"no blank after the last field drops the record", "-1 1 $ $ x", "", ""},
+        {"empty file", "", "", ""},
+        {"a NUL ends the text of its field", std::string("-1 1 $ $ x\0yz @ ", 16), "y|-1|1|$|$|x",
+         ""},
+        {"last word without its blank is dropped", "-1 1 $ $ x @ ab cd", "y|-1|1|$|$|x", "ab"},
+        {"the byte after '@' is skipped whatever it is", "-1 1 $ $ x @ab cd ", "y|-1|1|$|$|x",
+         "b cd"},
+        {"at most twenty words", "-1 1 $ $ x @ " + wordList(25) + " ", "y|-1|1|$|$|x",
+         wordList(20)},
+    };
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         HistoryStore store;
         RecordChecker checker;
         readEntries(store, c.text, c.mode, checker);
         EXPECT_EQ(describe(store), c.entries);
-        EXPECT_EQ(slots(store.searchRing()), c.ringSlots);
+        EXPECT_EQ(slots(store.searchRing()), c.ring);
         EXPECT_EQ(store.searchRing().newest(), 0);
         EXPECT_FALSE(store.changed());
         EXPECT_FALSE(store.searchRing().changed());
@@ -186,7 +138,7 @@ TEST(EntriesFormatTest, RecordsBeyondCapacityAreReadAndDropped) {
     EXPECT_EQ(store.entries().back().xEnd, "200");
     EXPECT_EQ(store.twoDCount(), HistoryStore::kCapacity);
     // Dropping is silent: loading goes on to the search strings.
-    EXPECT_EQ(slots(store.searchRing()), std::vector<std::string>{"kept"});
+    EXPECT_EQ(slots(store.searchRing()), "kept");
 }
 
 TEST(EntriesFormatTest, WriterPutsSectionsAndRingInFileOrder) {
@@ -230,16 +182,16 @@ TEST(EntriesFormatTest, WrittenTextReadsBackToTheSameList) {
     // Sections are written one after the other, so only the order within a section survives.
     std::vector<std::string> expected;
     for (char section : {kSectionY, kSectionN}) {
-        for (const std::string& line : describe(original)) {
-            if ((line[0] == kSectionY) == (section == kSectionY)) {
-                expected.push_back(line);
+        for (const HistoryEntry& e : original.entries()) {
+            if ((e.section == kSectionN) == (section == kSectionN)) {
+                expected.push_back(describe(e));
             }
         }
     }
-    EXPECT_EQ(describe(loaded), expected);
+    EXPECT_EQ(describe(loaded), join(expected, "; "));
     // The strings come back into slots 0 upward with slot 0 as the newest: the ring turns by one
     // at every load, as the format has always done.
-    EXPECT_EQ(slots(loaded.searchRing()), original.searchRing().oldestFirst());
+    EXPECT_EQ(slots(loaded.searchRing()), join(original.searchRing().oldestFirst(), " "));
     const std::string loadedText = formatEntries(loaded);
     EXPECT_EQ(loadedText.substr(0, loadedText.find('@')), text.substr(0, text.find('@')));
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace curvemill {
@@ -28,11 +29,10 @@ std::vector<std::string> formulasAndEnds(const HistoryStore& store) {
 
 TEST(HistoryStoreTest, NewEntriesGroupByFormulaNewestFirst) {
     HistoryStore store;
-    EXPECT_TRUE(store.addNewEntry(twoD("a", 1)));
-    EXPECT_TRUE(store.addNewEntry(twoD("b", 1)));
-    EXPECT_TRUE(store.addNewEntry(twoD("a", 2)));
-    EXPECT_TRUE(store.addNewEntry(twoD("c", 1)));
-    EXPECT_TRUE(store.addNewEntry(twoD("a", 3)));
+    for (const auto& [formula, range] :
+         {std::pair{"a", 1}, {"b", 1}, {"a", 2}, {"c", 1}, {"a", 3}}) {
+        EXPECT_TRUE(store.addNewEntry(twoD(formula, range)));
+    }
     EXPECT_EQ(formulasAndEnds(store),
               (std::vector<std::string>{"c:1", "b:1", "a:3", "a:2", "a:1"}));
     EXPECT_TRUE(store.changed());
@@ -103,22 +103,19 @@ TEST(HistoryStoreTest, DeleteListOfOneKindKeepsTheOthers) {
     store.addNewEntry({"x^2+y^2-1", "-2", "2", "-2", "2", kSectionN});
     store.addNewEntry({"x*y", "-1", "1", "-1", "1", kSectionY});
     store.addNewEntry({"x^2-y^2", "-2", "2", "-2", "2", kSectionN});
-    struct Case {
-        EntryKind kind;
-        int removed;
-        std::vector<int> countsAfter;  // 2D, equation, 3D
-    };
-    for (const Case& c :
-         {Case{EntryKind::Equation, 2, {1, 0, 1}}, Case{EntryKind::ThreeD, 1, {1, 2, 0}},
-          Case{EntryKind::TwoD, 1, {0, 2, 1}}}) {
-        SCOPED_TRACE(static_cast<int>(c.kind));
+    // Counts left afterwards: 2D, equation, 3D.
+    const std::pair<EntryKind, std::vector<int>> cases[] = {{EntryKind::Equation, {1, 0, 1}},
+                                                            {EntryKind::ThreeD, {1, 2, 0}},
+                                                            {EntryKind::TwoD, {0, 2, 1}}};
+    for (const auto& [kind, countsAfter] : cases) {
+        SCOPED_TRACE(static_cast<int>(kind));
         HistoryStore copy = store;
-        EXPECT_EQ(copy.removeKind(c.kind), c.removed);
+        const int removed = copy.removeKind(kind);
         EXPECT_EQ((std::vector<int>{copy.twoDCount(), copy.sectionNCount(), copy.sectionYCount()}),
-                  c.countsAfter);
-        EXPECT_EQ(copy.size(), 4 - c.removed);
+                  countsAfter);
+        EXPECT_EQ(removed, 4 - copy.size());
         for (const HistoryEntry& e : copy.entries()) {
-            EXPECT_NE(kindOf(e), c.kind);
+            EXPECT_NE(kindOf(e), kind);
         }
     }
 }
