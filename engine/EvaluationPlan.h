@@ -8,8 +8,7 @@ namespace curvemill {
 
 // Where an operand's number lives.
 enum class OperandSource : std::uint8_t {
-    kInputs,     // the slot's inputs: index 0 x, 1 y, 2 a zero (any other character), 3 the running
-                 // result of a power chain
+    kInputs,     // the slot's inputs, by the kInput indexes below
     kConstants,  // constants[index]
     kValues,     // values[index]
     kFunctions,  // functionValues[index]: the function whose code stands at index, applied to its
@@ -18,9 +17,12 @@ enum class OperandSource : std::uint8_t {
 
 inline constexpr std::uint16_t kInputX = 0;
 inline constexpr std::uint16_t kInputY = 1;
-inline constexpr std::uint16_t kInputZero = 2;
+inline constexpr std::uint16_t kInputZero = 2;  // any other character in an operand place
+// A 'v' operand: the rewriting reads the running result only inside its own power step, which
+// keeps it in a register, so no plan reads this.
 inline constexpr std::uint16_t kInputRunning = 3;
-inline constexpr int kInputCount = 4;
+inline constexpr std::uint16_t kInputLogFactor = 4;  // the formula's logFactor, for log(
+inline constexpr int kInputCount = 5;
 
 // The function a function code applies to its computed argument pair.
 enum class PlanFunction : std::uint8_t {
@@ -67,23 +69,24 @@ struct PlanStep {
     std::uint16_t count = 0;
 };
 
-// A step with its numbers' addresses worked out for one slot, ready to run.
-struct ResolvedStep {
-    std::uint8_t operation = 0;  // the evaluator's own code for the specialised step
-    std::uint16_t first = 0;     // as in PlanStep, for the steps that walk their operands
-    std::uint16_t count = 0;
-    // The first operands' numbers, so that short steps never look at their operand list.
-    const double* a = nullptr;
-    const double* b = nullptr;
-    const double* c = nullptr;
-    double* result = nullptr;
-};
-
 // An operand whose number's address is worked out, for the steps that walk their operands.
 struct ResolvedOperand {
     const double* number = nullptr;
     bool inverted = false;
     bool independent = false;
+};
+
+// A step with its numbers' addresses worked out for one slot, ready to run.
+struct ResolvedStep {
+    std::uint8_t operation = 0;  // the evaluator's own code for the specialised step
+    std::uint16_t count = 0;
+    // The step's operands in resolvedOperands, for the steps that walk them.
+    const ResolvedOperand* operands = nullptr;
+    // The first operands' numbers, so that short steps never look at their operand list.
+    const double* a = nullptr;
+    const double* b = nullptr;
+    const double* c = nullptr;
+    double* result = nullptr;
 };
 
 // Filled by buildEvaluationPlan when a slot is prepared; evaluate runs it without scanning text.
@@ -120,7 +123,8 @@ struct EvaluationPlan {
     // The slot whose numbers resolvedSteps and resolvedOperands point into; anything else (a
     // fresh plan, a copy) is resolved again by the next evaluate.
     const void* resolvedFor = nullptr;
-    // Sized like steps and operands when the plan is built, so resolving never allocates.
+    // Sized like steps (plus an end mark) and operands when the plan is built, so resolving never
+    // allocates.
     std::vector<ResolvedStep> resolvedSteps;
     std::vector<ResolvedOperand> resolvedOperands;
 };

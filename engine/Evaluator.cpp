@@ -17,6 +17,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 
 #include "engine/Arithmetic.h"
 #include "engine/Formula.h"
@@ -71,10 +72,13 @@ enum class Operation : std::uint8_t {
     kQuotient,  // a/b
     kProduct3,  // three factors; +2 bits: b divides, c divides
     kProductN = kProduct3 + 4,
+    kSquare,            // a constant exponent 2
+    kPowerWhole,        // another constant whole exponent
     kPowerIndependent,  // one '^' whose exponent holds no x or y
     kPowerDependent,    // one '^' whose exponent holds x or y
     kPowerChain,
     kFactorial,
+    kEnd,  // after the last step
 };
 
 // The step code of an operation, or of the variant `by` places after it.
@@ -82,10 +86,9 @@ constexpr int code(Operation operation, int by = 0) {
     return static_cast<int>(operation) + by;
 }
 
-struct Run {
-    const ResolvedOperand* operands;
-    double* running;
-    double logFactor;
+// What running the steps gives: the last step's value and whether any step was indefinite.
+struct Outcome {
+    double value;
     bool indefinite;
 };
 
@@ -110,9 +113,9 @@ inline double sum3(const ResolvedStep& s) {
     return ((0.0 + term<NegateA>(s.a)) + term<NegateB>(s.b)) + term<NegateC>(s.c);
 }
 
-double sum(const ResolvedStep& s, const Run& run) {
+double sum(const ResolvedStep& s) {
     double total = 0.0;
-    const ResolvedOperand* op = run.operands + s.first;
+    const ResolvedOperand* op = s.operands;
     for (const ResolvedOperand* end = op + s.count; op != end; ++op) {
         total += op->inverted ? negated(*op->number) : *op->number;
     }
@@ -141,11 +144,11 @@ inline double product3(const ResolvedStep& s, bool& indefinite) {
     return DivideC ? divideBy(total, *s.c, indefinite) : total * *s.c;
 }
 
-double product(const ResolvedStep& s, Run& run) {
+double product(const ResolvedStep& s, bool& indefinite) {
     double total = 1.0;
-    const ResolvedOperand* op = run.operands + s.first;
+    const ResolvedOperand* op = s.operands;
     for (const ResolvedOperand* end = op + s.count; op != end; ++op) {
-        total = op->inverted ? divideBy(total, *op->number, run.indefinite) : total * *op->number;
+        total = op->inverted ? divideBy(total, *op->number, indefinite) : total * *op->number;
     }
     return total;
 }
@@ -160,14 +163,18 @@ inline double power(double base, double exponent, bool& indefinite) {
     return indefinite ? base : raisePower(base, exponent);
 }
 
-double powerChain(const ResolvedStep& s, Run& run) {
-    const ResolvedOperand* op = run.operands + s.first;
+// A constant whole exponent takes any base.
+inline double powerOfWhole(double base, double exponent, bool indefinite) {
+    return indefinite ? base : raisePower(base, exponent);
+}
+
+double powerChain(const ResolvedStep& s, bool& indefinite) {
+    const ResolvedOperand* op = s.operands;
     double running = *op->number;
     for (const ResolvedOperand* end = op + s.count; ++op != end;) {
-        running = op->independent ? power<true>(running, *op->number, run.indefinite)
-                                  : power<false>(running, *op->number, run.indefinite);
+        running = op->independent ? power<true>(running, *op->number, indefinite)
+                                  : power<false>(running, *op->number, indefinite);
     }
-    *run.running = running;
     return running;
 }
 
@@ -178,122 +185,169 @@ inline double checked(bool inside, double value, bool& indefinite) {
     return value;
 }
 
-double runSteps(const ResolvedStep* s, const ResolvedStep* end, Run& run) {
+// Threaded dispatch: every step ends in a jump of its own to the next step's code, so each jump
+// learns its own successor pattern and no loop test or range check runs between steps. The plan
+// ends with a kEnd step. (Labels as values are a GCC and Clang extension.)
+Outcome runSteps(const ResolvedStep* s) {
+    static const void* const kCode[] = {
+        &&copy,
+        &&sinStep,
+        &&cosStep,
+        &&tanStep,
+        &&atanStep,
+        &&asinStep,
+        &&acosStep,
+        &&lnStep,
+        &&logStep,
+        &&sqrtStep,
+        &&sumPP,
+        &&sumPM,
+        &&sumMP,
+        &&sumMM,
+        &&sumPPP,
+        &&sumPPM,
+        &&sumPMP,
+        &&sumPMM,
+        &&sumMPP,
+        &&sumMPM,
+        &&sumMMP,
+        &&sumMMM,
+        &&sumN,
+        &&product2,
+        &&quotient,
+        &&product3MM,
+        &&product3MD,
+        &&product3DM,
+        &&product3DD,
+        &&productN,
+        &&square,
+        &&powerWhole,
+        &&powerIndependent,
+        &&powerDependent,
+        &&powerChainStep,
+        &&factorial,
+        &&end,
+    };
+    static_assert(std::size(kCode) == code(Operation::kEnd) + 1);
     double r = 0.0;
     bool indefinite = false;
-    for (; s != end; ++s) {
-        switch (s->operation) {
-            case code(Operation::kCopy):
-                r = *s->a;
-                break;
-            case code(Operation::kSin):
-                r = std::sin(*s->a);
-                break;
-            case code(Operation::kCos):
-                r = std::cos(*s->a);
-                break;
-            case code(Operation::kTan):
-                r = std::tan(*s->a);
-                break;
-            case code(Operation::kAtan):
-                r = std::atan(*s->a);
-                break;
-            case code(Operation::kAsin):
-                r = checked(std::fabs(*s->a) <= 1.0, std::asin(*s->a), indefinite);
-                break;
-            case code(Operation::kAcos):
-                r = checked(std::fabs(*s->a) <= 1.0, std::acos(*s->a), indefinite);
-                break;
-            case code(Operation::kLn):
-                r = checked(*s->a > 0.0, std::log(*s->a), indefinite);
-                break;
-            case code(Operation::kLog):
-                r = checked(*s->a > 0.0, std::log10(*s->a) * run.logFactor, indefinite);
-                break;
-            case code(Operation::kSqrt):
-                r = checked(*s->a > 0.0, std::sqrt(*s->a), indefinite);
-                break;
-            case code(Operation::kSumPlusPlus):
-                r = sum2<false, false>(*s);
-                break;
-            case code(Operation::kSumPlusMinus):
-                r = sum2<false, true>(*s);
-                break;
-            case code(Operation::kSumMinusPlus):
-                r = sum2<true, false>(*s);
-                break;
-            case code(Operation::kSumMinusMinus):
-                r = sum2<true, true>(*s);
-                break;
-            case code(Operation::kSum3):
-                r = sum3<false, false, false>(*s);
-                break;
-            case code(Operation::kSum3, 1):
-                r = sum3<false, false, true>(*s);
-                break;
-            case code(Operation::kSum3, 2):
-                r = sum3<false, true, false>(*s);
-                break;
-            case code(Operation::kSum3, 3):
-                r = sum3<false, true, true>(*s);
-                break;
-            case code(Operation::kSum3, 4):
-                r = sum3<true, false, false>(*s);
-                break;
-            case code(Operation::kSum3, 5):
-                r = sum3<true, false, true>(*s);
-                break;
-            case code(Operation::kSum3, 6):
-                r = sum3<true, true, false>(*s);
-                break;
-            case code(Operation::kSum3, 7):
-                r = sum3<true, true, true>(*s);
-                break;
-            case code(Operation::kSum):
-                r = sum(*s, run);
-                break;
-            case code(Operation::kProduct):
-                r = *s->a * *s->b;
-                break;
-            case code(Operation::kQuotient):
-                r = divideBy(*s->a, *s->b, indefinite);
-                break;
-            case code(Operation::kProduct3):
-                r = product3<false, false>(*s, indefinite);
-                break;
-            case code(Operation::kProduct3, 1):
-                r = product3<false, true>(*s, indefinite);
-                break;
-            case code(Operation::kProduct3, 2):
-                r = product3<true, false>(*s, indefinite);
-                break;
-            case code(Operation::kProduct3, 3):
-                r = product3<true, true>(*s, indefinite);
-                break;
-            case code(Operation::kProductN):
-                run.indefinite = indefinite;
-                r = product(*s, run);
-                indefinite = run.indefinite;
-                break;
-            case code(Operation::kPowerIndependent):
-                r = power<true>(*s->a, *s->b, indefinite);
-                break;
-            case code(Operation::kPowerDependent):
-                r = power<false>(*s->a, *s->b, indefinite);
-                break;
-            case code(Operation::kPowerChain):
-                run.indefinite = indefinite;
-                r = powerChain(*s, run);
-                indefinite = run.indefinite;
-                break;
-            case code(Operation::kFactorial):
-                r = wrappedFactorial(truncateToInt32(*s->a));
-                break;
-        }
-        *s->result = r;
-    }
-    run.indefinite = indefinite;
-    return r;
+#define CURVEMILL_STEP_DONE \
+    *s->result = r;         \
+    ++s;                    \
+    goto* kCode[s->operation]
+
+    goto* kCode[s->operation];
+copy:
+    r = *s->a;
+    CURVEMILL_STEP_DONE;
+sinStep:
+    r = std::sin(*s->a);
+    CURVEMILL_STEP_DONE;
+cosStep:
+    r = std::cos(*s->a);
+    CURVEMILL_STEP_DONE;
+tanStep:
+    r = std::tan(*s->a);
+    CURVEMILL_STEP_DONE;
+atanStep:
+    r = std::atan(*s->a);
+    CURVEMILL_STEP_DONE;
+asinStep:
+    r = checked(std::fabs(*s->a) <= 1.0, std::asin(*s->a), indefinite);
+    CURVEMILL_STEP_DONE;
+acosStep:
+    r = checked(std::fabs(*s->a) <= 1.0, std::acos(*s->a), indefinite);
+    CURVEMILL_STEP_DONE;
+lnStep:
+    r = checked(*s->a > 0.0, std::log(*s->a), indefinite);
+    CURVEMILL_STEP_DONE;
+logStep:
+    r = checked(*s->a > 0.0, std::log10(*s->a) * *s->b, indefinite);
+    CURVEMILL_STEP_DONE;
+sqrtStep:
+    r = checked(*s->a > 0.0, std::sqrt(*s->a), indefinite);
+    CURVEMILL_STEP_DONE;
+sumPP:
+    r = sum2<false, false>(*s);
+    CURVEMILL_STEP_DONE;
+sumPM:
+    r = sum2<false, true>(*s);
+    CURVEMILL_STEP_DONE;
+sumMP:
+    r = sum2<true, false>(*s);
+    CURVEMILL_STEP_DONE;
+sumMM:
+    r = sum2<true, true>(*s);
+    CURVEMILL_STEP_DONE;
+sumPPP:
+    r = sum3<false, false, false>(*s);
+    CURVEMILL_STEP_DONE;
+sumPPM:
+    r = sum3<false, false, true>(*s);
+    CURVEMILL_STEP_DONE;
+sumPMP:
+    r = sum3<false, true, false>(*s);
+    CURVEMILL_STEP_DONE;
+sumPMM:
+    r = sum3<false, true, true>(*s);
+    CURVEMILL_STEP_DONE;
+sumMPP:
+    r = sum3<true, false, false>(*s);
+    CURVEMILL_STEP_DONE;
+sumMPM:
+    r = sum3<true, false, true>(*s);
+    CURVEMILL_STEP_DONE;
+sumMMP:
+    r = sum3<true, true, false>(*s);
+    CURVEMILL_STEP_DONE;
+sumMMM:
+    r = sum3<true, true, true>(*s);
+    CURVEMILL_STEP_DONE;
+sumN:
+    r = sum(*s);
+    CURVEMILL_STEP_DONE;
+product2:
+    r = *s->a * *s->b;
+    CURVEMILL_STEP_DONE;
+quotient:
+    r = divideBy(*s->a, *s->b, indefinite);
+    CURVEMILL_STEP_DONE;
+product3MM:
+    r = product3<false, false>(*s, indefinite);
+    CURVEMILL_STEP_DONE;
+product3MD:
+    r = product3<false, true>(*s, indefinite);
+    CURVEMILL_STEP_DONE;
+product3DM:
+    r = product3<true, false>(*s, indefinite);
+    CURVEMILL_STEP_DONE;
+product3DD:
+    r = product3<true, true>(*s, indefinite);
+    CURVEMILL_STEP_DONE;
+productN:
+    r = product(*s, indefinite);
+    CURVEMILL_STEP_DONE;
+square:
+    r = powerOfWhole(*s->a, 2.0, indefinite);
+    CURVEMILL_STEP_DONE;
+powerWhole:
+    r = powerOfWhole(*s->a, *s->b, indefinite);
+    CURVEMILL_STEP_DONE;
+powerIndependent:
+    r = power<true>(*s->a, *s->b, indefinite);
+    CURVEMILL_STEP_DONE;
+powerDependent:
+    r = power<false>(*s->a, *s->b, indefinite);
+    CURVEMILL_STEP_DONE;
+powerChainStep:
+    r = powerChain(*s, indefinite);
+    CURVEMILL_STEP_DONE;
+factorial:
+    r = wrappedFactorial(truncateToInt32(*s->a));
+    CURVEMILL_STEP_DONE;
+end:
+#undef CURVEMILL_STEP_DONE
+    return {r, indefinite};
 }
 
 const double* numberOf(const PlanOperand& op, ExpressionSlot& slot) {
@@ -340,7 +394,7 @@ Operation offset(Operation first, int by) {
 }
 
 // The specialised operation that runs `step`, whose operands are ops[0 .. step.count-1].
-Operation operationFor(const PlanStep& step, const PlanOperand* ops) {
+Operation operationFor(const PlanStep& step, const PlanOperand* ops, const double* constants) {
     switch (step.kind) {
         case StepKind::kSingle:
             return Operation::kCopy;
@@ -365,6 +419,16 @@ Operation operationFor(const PlanStep& step, const PlanOperand* ops) {
             }
             return Operation::kProductN;
         case StepKind::kPower:
+            // Constants never change once the plan is built.
+            if (step.count == 2 && ops[1].source == OperandSource::kConstants) {
+                const double exponent = constants[ops[1].index];
+                if (exponent == 2.0) {
+                    return Operation::kSquare;
+                }
+                if (isWhole(exponent)) {
+                    return Operation::kPowerWhole;
+                }
+            }
             if (step.count == 2) {
                 return ops[1].independent ? Operation::kPowerIndependent
                                           : Operation::kPowerDependent;
@@ -388,8 +452,9 @@ void resolve(ExpressionSlot& slot) {
         const PlanStep& step = plan.steps[i];
         const PlanOperand* ops = plan.operands.data() + step.first;
         ResolvedStep& resolved = plan.resolvedSteps[i];
-        resolved.operation = static_cast<std::uint8_t>(operationFor(step, ops));
-        resolved.first = step.first;
+        resolved.operation =
+            static_cast<std::uint8_t>(operationFor(step, ops, slot.constants.data()));
+        resolved.operands = plan.resolvedOperands.data() + step.first;
         resolved.count = step.count;
         const double* zero = &slot.inputs[kInputZero];
         resolved.a = step.count > 0 ? numberOf(ops[0], slot) : zero;
@@ -397,7 +462,11 @@ void resolve(ExpressionSlot& slot) {
         resolved.c = step.count > 2 ? numberOf(ops[2], slot) : zero;
         resolved.result = step.kind == StepKind::kFunction ? &slot.functionValues[step.target]
                                                            : &slot.values[step.target];
+        if (step.kind == StepKind::kFunction && step.function == PlanFunction::kLog) {
+            resolved.b = &slot.inputs[kInputLogFactor];
+        }
     }
+    plan.resolvedSteps.back().operation = static_cast<std::uint8_t>(Operation::kEnd);
     plan.resolvedFor = &slot;
 }
 
@@ -425,12 +494,11 @@ double Formula::evaluate(double x, int slotIndex, double y) {
     }
     slot.inputs[kInputX] = x;
     slot.inputs[kInputY] = y;
-    Run run{plan.resolvedOperands.data(), &slot.inputs[kInputRunning], logFactor, false};
-    const ResolvedStep* steps = plan.resolvedSteps.data();
+    slot.inputs[kInputLogFactor] = logFactor;
     // The last step computed the outer pair, values[0]; its result is still in a register.
-    const double result = runSteps(steps, steps + plan.resolvedSteps.size(), run);
-    indefinite = run.indefinite;
-    return plan.reachesOuterPair ? result : 0.0;
+    const Outcome outcome = runSteps(plan.resolvedSteps.data());
+    indefinite = outcome.indefinite;
+    return plan.reachesOuterPair ? outcome.value : 0.0;
 }
 
 }  // namespace curvemill

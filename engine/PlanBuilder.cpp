@@ -277,7 +277,7 @@ void buildEvaluationPlan(ExpressionSlot& slot) {
         start = close + 1;
     }
     // Evaluate resolves into these without allocating.
-    plan.resolvedSteps.assign(plan.steps.size(), ResolvedStep{});
+    plan.resolvedSteps.assign(plan.steps.size() + 1, ResolvedStep{});
     plan.resolvedOperands.assign(plan.operands.size(), ResolvedOperand{});
     plan.valid = true;
 }
