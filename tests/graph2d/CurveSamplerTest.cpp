@@ -46,23 +46,34 @@ std::vector<int> indicesWhere(const Curve& c, const std::function<bool(const Plo
 }
 
 TEST(CurveSampler, MonotonicCurvesGetRegularSamplesPlusFinalRecord) {
-    for (const char* text : {"x", "x^3", "e^x", "-2*x+1"}) {
-        SCOPED_TRACE(text);
+    const struct {
+        const char* text;
+        double yMin;
+        double yMax;
+    } cases[] = {{"x", -1, 2},
+                 {"x^3", -1, 8},
+                 {"e^x", std::exp(-1.0), std::exp(2.0)},
+                 {"-2*x+1", -3, 3},
+                 {"3.5", 3.5, 3.5}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.text);
         Sampled s;
-        sample(s, text, -1.0, 2.0);
+        sample(s, c.text, -1.0, 2.0);
         ASSERT_TRUE(s.completed);
-        const Curve& c = s.graph.main;
+        const Curve& m = s.graph.main;
         // The loop steps x by dx = 3/10000 while x <= 2; rounding may add one pass.
-        ASSERT_GE(c.pointCount, 10001 + 1);
-        ASSERT_LE(c.pointCount, 10002 + 1);
-        for (int i = 0; i + 1 < c.pointCount; ++i) {
-            const PlotPoint& p = c.points[i];
+        ASSERT_GE(m.pointCount, 10001 + 1);
+        ASSERT_LE(m.pointCount, 10002 + 1);
+        for (int i = 0; i + 1 < m.pointCount; ++i) {
+            const PlotPoint& p = m.points[i];
             ASSERT_NEAR(p.x, -1.0 + i * 3.0 / 10000, 1e-9) << i;
             ASSERT_EQ(p.peakKind, 0) << i;
             ASSERT_EQ(p.isBreak, 0) << i;
             ASSERT_EQ(p.isVertex, i % 10 == 0 ? 1 : 0) << i;
         }
-        EXPECT_EQ(c.points[c.pointCount - 1].x, 2.0);
+        EXPECT_EQ(m.points[m.pointCount - 1].x, 2.0);
+        EXPECT_DOUBLE_EQ(m.yMin, c.yMin);
+        EXPECT_DOUBLE_EQ(m.yMax, c.yMax);
         EXPECT_EQ(s.graph.definedSpan.begin, -1.0);
         EXPECT_EQ(s.graph.definedSpan.end, 2.0);
         // Each whole percent once; the last regular sample lies within one step of X_END.
@@ -73,16 +84,6 @@ TEST(CurveSampler, MonotonicCurvesGetRegularSamplesPlusFinalRecord) {
             ASSERT_GT(s.percents[i], s.percents[i - 1]);
         }
     }
-}
-
-TEST(CurveSampler, ConstantHasEqualExtremesAndNoTurns) {
-    Sampled s;
-    sample(s, "3.5", -4.0, 4.0);
-    ASSERT_TRUE(s.completed);
-    EXPECT_EQ(s.graph.main.yMin, 3.5);
-    EXPECT_EQ(s.graph.main.yMax, 3.5);
-    EXPECT_TRUE(
-        indicesWhere(s.graph.main, [](const PlotPoint& p) { return p.peakKind != 0; }).empty());
 }
 
 TEST(CurveSampler, TurningPointsAreRefinedFromBothSidesAndMarked) {
