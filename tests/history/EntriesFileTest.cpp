@@ -78,6 +78,7 @@ HistoryStore storeWithNewEntries() {
 }
 
 TEST(EntriesFileTest, SaveAsksOnlyAtExitAndOnlyWhenSomethingChanged) {
+    using enum SaveOutcome;
     const struct {
         const char* name;
         bool entriesChanged;
@@ -87,12 +88,11 @@ TEST(EntriesFileTest, SaveAsksOnlyAtExitAndOnlyWhenSomethingChanged) {
         int questions;
         SaveOutcome outcome;
     } cases[] = {
-        {"command saves without asking", true, false, kSaveOnCommand, false, 0, SaveOutcome::Saved},
-        {"exit asks, Yes saves", true, false, kSaveAtExit, true, 1, SaveOutcome::Saved},
-        {"exit asks, No keeps the file", true, false, kSaveAtExit, false, 1, SaveOutcome::Declined},
-        {"a new search string is a change", false, true, kSaveAtExit, true, 1, SaveOutcome::Saved},
-        {"nothing changed: no question", false, false, kSaveAtExit, true, 0,
-         SaveOutcome::NothingToSave},
+        {"command saves without asking", true, false, kSaveOnCommand, false, 0, Saved},
+        {"exit asks, Yes saves", true, false, kSaveAtExit, true, 1, Saved},
+        {"exit asks, No keeps the file", true, false, kSaveAtExit, false, 1, Declined},
+        {"a new search string is a change", false, true, kSaveAtExit, true, 1, Saved},
+        {"nothing changed: no question", false, false, kSaveAtExit, true, 0, NothingToSave},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -111,7 +111,7 @@ TEST(EntriesFileTest, SaveAsksOnlyAtExitAndOnlyWhenSomethingChanged) {
             dir.path());
         EXPECT_EQ(result.outcome, c.outcome);
         EXPECT_EQ(questions, c.questions);
-        const bool saved = c.outcome == SaveOutcome::Saved;
+        const bool saved = c.outcome == Saved;
         EXPECT_EQ(dir.read("Graph.dat"),
                   saved ? "-10 10 $ $ sin(x)/x*80 &-5 5 -5 5 x^2+y^2-16 @ sin " : "old");
         EXPECT_EQ(store.changed(), c.entriesChanged && !saved);

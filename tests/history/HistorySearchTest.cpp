@@ -21,7 +21,9 @@ HistoryStore sampleStore() {
 
 TEST(HistorySearchTest, FindWalksEntriesOfTheShownKindAndWrapsOnRequest) {
     const HistoryStore store = sampleStore();
-    struct Case {
+    using enum EntryKind;
+    using enum FindStatus;
+    const struct {
         const char* name;
         std::string text;
         EntryKind kind;
@@ -30,23 +32,19 @@ TEST(HistorySearchTest, FindWalksEntriesOfTheShownKindAndWrapsOnRequest) {
         FindStatus status;
         std::size_t index;
         int questions;
+    } cases[] = {
+        {"first hit from the head", "sin", TwoD, 0, false, Found, 0, 0},
+        {"hit at the start entry counts", "sin", TwoD, 3, false, Found, 3, 0},
+        {"other kinds are passed over", "sin", TwoD, 1, false, Found, 3, 0},
+        {"3D kind", "cos", ThreeD, 0, false, Found, 1, 0},
+        {"equation kind", "sin", Equation, 0, false, Found, 4, 0},
+        {"only above the start: Yes finds it", "cos", TwoD, 3, true, Found, 2, 1},
+        {"only above the start: No ends", "cos", TwoD, 3, false, Declined, 0, 1},
+        {"case-sensitive", "SIN", TwoD, 0, true, NotFound, 0, 1},
+        {"nowhere", "tan", TwoD, 0, true, NotFound, 0, 1},
+        {"start past the tail", "sin", TwoD, 9, true, Found, 0, 1},
     };
-    const Case cases[] = {
-        {"first hit from the head", "sin", EntryKind::TwoD, 0, false, FindStatus::Found, 0, 0},
-        {"hit at the start entry counts", "sin", EntryKind::TwoD, 3, false, FindStatus::Found, 3,
-         0},
-        {"other kinds are passed over", "sin", EntryKind::TwoD, 1, false, FindStatus::Found, 3, 0},
-        {"3D kind", "cos", EntryKind::ThreeD, 0, false, FindStatus::Found, 1, 0},
-        {"equation kind", "sin", EntryKind::Equation, 0, false, FindStatus::Found, 4, 0},
-        {"only above the start: Yes finds it", "cos", EntryKind::TwoD, 3, true, FindStatus::Found,
-         2, 1},
-        {"only above the start: No ends", "cos", EntryKind::TwoD, 3, false, FindStatus::Declined, 0,
-         1},
-        {"case-sensitive", "SIN", EntryKind::TwoD, 0, true, FindStatus::NotFound, 0, 1},
-        {"nowhere", "tan", EntryKind::TwoD, 0, true, FindStatus::NotFound, 0, 1},
-        {"start past the tail", "sin", EntryKind::TwoD, 9, true, FindStatus::Found, 0, 1},
-    };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         int questions = 0;
         const FindResult result = findWithWrap(store, c.text, c.kind, c.start, [&] {
@@ -54,7 +52,7 @@ TEST(HistorySearchTest, FindWalksEntriesOfTheShownKindAndWrapsOnRequest) {
             return c.answerWrap;
         });
         EXPECT_EQ(result.status, c.status);
-        if (c.status == FindStatus::Found) {
+        if (c.status == Found) {
             EXPECT_EQ(result.index, c.index);
         }
         EXPECT_EQ(questions, c.questions);
@@ -80,17 +78,16 @@ namespace {
 TEST(ListLineTest, LineAndItsThreePiecesAroundAHit) {
     const HistoryEntry entry{"sin(x)/x*80", "-10", "10", "$", "$"};
     EXPECT_EQ(listLine(entry), "(sin(x)/x*80)  From:-10  To:10");
-    struct Case {
+    const struct {
         std::size_t position, length;
         const char *before, *hit, *after;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {0, 3, "(", "sin", "(x)/x*80)  From:-10  To:10"},
         {9, 2, "(sin(x)/x*", "80", ")  From:-10  To:10"},
         {10, 2, "(sin(x)/x*80)  From:-10  To:10", "", ""},  // runs past the formula
         {3, 0, "(sin(x)/x*80)  From:-10  To:10", "", ""},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.position);
         const ListLinePieces pieces = splitAtHit(entry, c.position, c.length);
         EXPECT_EQ(pieces.before, c.before);
