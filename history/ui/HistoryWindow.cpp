@@ -326,6 +326,8 @@ bool HistoryWindow::locate(const HistoryEntry& input) {
             view_->setCurrentRow(rowOfIndex(*index));
             found = true;
         } else {
+            // A selection left from before would point at an entry that is not the input.
+            view_->setCurrentRow(-1);
             QMessageBox::information(this, windowTitle(), QString::fromLatin1(kMsgEntryNotInList));
         }
     });
