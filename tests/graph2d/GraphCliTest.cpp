@@ -21,7 +21,7 @@ std::vector<std::string> words(const std::string& line) {
     return out;
 }
 
-TEST(GraphCli, SummaryLines) {
+TEST(GraphCli, SummaryLinesAndRecordsAsCsv) {
     // dx = 1 exactly: 10001 regular samples, then the final record at X_END.
     CliRun run = runCli(words("sample 2*x --x-begin 0 --x-end 10000 --points 10000 --summary"));
     EXPECT_EQ(run.exitCode, 0);
@@ -34,10 +34,8 @@ TEST(GraphCli, SummaryLines) {
     EXPECT_NE(run.out.find("\nyMin -1000\nyMax 1000\ndefinedSpan -10 10\nviewY -100 100\n"),
               std::string::npos)
         << run.out;
-}
 
-TEST(GraphCli, RecordsAsCsv) {
-    const CliRun run = runCli(words("sample 2*x --x-begin 0 --x-end 10000 --points 10000"));
+    run = runCli(words("sample 2*x --x-begin 0 --x-end 10000 --points 10000"));
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(
         run.out.rfind("x,y,isBreak,isIndefinite,isVertex,peakKind\n0,0,0,0,1,0\n1,2,0,0,0,0\n", 0),
