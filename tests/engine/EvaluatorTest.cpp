@@ -63,7 +63,7 @@ TEST(Evaluator, LogUsesTheChosenBase) {
     EXPECT_NEAR(formula.evaluate(0), std::log10(8.0), 1e-15);
 }
 
-TEST(Evaluator, FillsValuesByOpeningBracketAndLeavesTheTextAlone) {
+TEST(Evaluator, FillsValuesByOpeningBracketKeepsTheTextAndObeysTheStopFlag) {
     Formula formula;
     ASSERT_TRUE(prepareFormula(formula, "x+2*x", kModeFunction));  // (x+(k*x))
     const ExpressionSlot& slot = formula.slots[kFunctionSlot];
@@ -72,6 +72,13 @@ TEST(Evaluator, FillsValuesByOpeningBracketAndLeavesTheTextAlone) {
     EXPECT_EQ(slot.values[3], 10);
     EXPECT_STREQ(slot.text.data(), "(x+(k*x))");
     EXPECT_STREQ(slot.savedText.data(), "(x+(k*x))");
+
+    formula.keepComputing = false;  // the stop flag ends evaluation at once
+    EXPECT_EQ(formula.evaluate(2), 0.0);
+    EXPECT_TRUE(formula.indefinite);
+    formula.keepComputing = true;
+    EXPECT_EQ(formula.evaluate(2), 6.0);
+    EXPECT_FALSE(formula.indefinite);
 }
 
 TEST(Evaluator, ChoosesTheSlot) {
@@ -100,17 +107,6 @@ TEST(Evaluator, LenientTextsWithStrayBracketsEvaluateWithoutFault) {
         EXPECT_EQ(formula.evaluate(3), c.expected);
         EXPECT_EQ(formula.evaluate(3), c.expected) << "a second run must see the same text";
     }
-}
-
-TEST(Evaluator, StopFlagEndsEvaluationAtOnce) {
-    Formula formula;
-    ASSERT_TRUE(prepareFormula(formula, "x+1", kModeFunction));
-    formula.keepComputing = false;
-    EXPECT_EQ(formula.evaluate(2), 0.0);
-    EXPECT_TRUE(formula.indefinite);
-    formula.keepComputing = true;
-    EXPECT_EQ(formula.evaluate(2), 3.0);
-    EXPECT_FALSE(formula.indefinite);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -17,23 +18,26 @@
 namespace curvemill {
 namespace {
 
+// `text` prepared as the main function and sampled with N = 10000 over [a, b].
 struct Sampled {
+    Sampled(const std::string& text, double a, double b) {
+        EXPECT_TRUE(prepareFormula(formula, text, 'f')) << formula.errorText;
+        graph.xBegin = a;
+        graph.xEnd = b;
+        graph.pointsPerRun = 10000;
+        SamplingControl control;
+        control.progress = [this](int p) { percents.push_back(p); };
+        completed = sampleCurve(graph, formula, control);
+    }
+    std::pair<double, double> span() const {
+        return {graph.definedSpan.begin, graph.definedSpan.end};
+    }
+
     TwoDGraph graph;
     Formula formula;
     std::vector<int> percents;
     bool completed = false;
 };
-
-// Prepares `text` as the main function and samples it with N = 10000 over [a, b].
-void sample(Sampled& s, const std::string& text, double a, double b) {
-    ASSERT_TRUE(prepareFormula(s.formula, text, 'f')) << s.formula.errorText;
-    s.graph.xBegin = a;
-    s.graph.xEnd = b;
-    s.graph.pointsPerRun = 10000;
-    SamplingControl control;
-    control.progress = [&s](int p) { s.percents.push_back(p); };
-    s.completed = sampleCurve(s.graph, s.formula, control);
-}
 
 std::vector<int> indicesWhere(const Curve& c, const std::function<bool(const PlotPoint&)>& test) {
     std::vector<int> out;
@@ -57,8 +61,7 @@ TEST(CurveSampler, MonotonicCurvesGetRegularSamplesPlusFinalRecord) {
                  {"3.5", 3.5, 3.5}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.text);
-        Sampled s;
-        sample(s, c.text, -1.0, 2.0);
+        Sampled s(c.text, -1.0, 2.0);
         ASSERT_TRUE(s.completed);
         const Curve& m = s.graph.main;
         // The loop steps x by dx = 3/10000 while x <= 2; rounding may add one pass.
@@ -74,8 +77,7 @@ TEST(CurveSampler, MonotonicCurvesGetRegularSamplesPlusFinalRecord) {
         EXPECT_EQ(m.points[m.pointCount - 1].x, 2.0);
         EXPECT_DOUBLE_EQ(m.yMin, c.yMin);
         EXPECT_DOUBLE_EQ(m.yMax, c.yMax);
-        EXPECT_EQ(s.graph.definedSpan.begin, -1.0);
-        EXPECT_EQ(s.graph.definedSpan.end, 2.0);
+        EXPECT_EQ(s.span(), std::make_pair(-1.0, 2.0));
         // Each whole percent once; the last regular sample lies within one step of X_END.
         ASSERT_FALSE(s.percents.empty());
         EXPECT_EQ(s.percents.front(), 0);
@@ -87,8 +89,7 @@ TEST(CurveSampler, MonotonicCurvesGetRegularSamplesPlusFinalRecord) {
 }
 
 TEST(CurveSampler, TurningPointsAreRefinedFromBothSidesAndMarked) {
-    Sampled s;
-    sample(s, "sin(x)", -10.0, 10.0);
+    Sampled s("sin(x)", -10.0, 10.0);
     ASSERT_TRUE(s.completed);
     const Curve& c = s.graph.main;
     // Turning points of sin in [-10, 10]: (k + 1/2) * pi for k = -3 .. 2, each bracketed twice.
@@ -113,8 +114,7 @@ TEST(CurveSampler, TurningPointsAreRefinedFromBothSidesAndMarked) {
 }
 
 TEST(CurveSampler, TanPolesAreBreaksOnBothSides) {
-    Sampled s;
-    sample(s, "tan(x)", -5.0, 5.0);
+    Sampled s("tan(x)", -5.0, 5.0);
     ASSERT_TRUE(s.completed);
     const Curve& c = s.graph.main;
     // Poles at -3pi/2, -pi/2, pi/2, 3pi/2.
@@ -132,23 +132,19 @@ TEST(CurveSampler, TanPolesAreBreaksOnBothSides) {
         EXPECT_GT(left.y, 5000.0);
         EXPECT_LT(right.y, -5000.0);
     }
-    EXPECT_EQ(s.graph.definedSpan.begin, -5.0);
-    EXPECT_EQ(s.graph.definedSpan.end, c.points[breaks[0] - 1].x);
+    EXPECT_EQ(s.span(), std::make_pair(-5.0, c.points[breaks[0] - 1].x));
 }
 
 TEST(CurveSampler, IndefiniteStretchesGetEdgesAndSpans) {
     const auto indefinite = [](const PlotPoint& p) { return p.isIndefinite != 0; };
-    Sampled whole;
-    sample(whole, "Sqr(x)", -5.0, -1.0);
+    Sampled whole("Sqr(x)", -5.0, -1.0);
     ASSERT_TRUE(whole.completed);
     EXPECT_EQ(indicesWhere(whole.graph.main, indefinite).size(),
               static_cast<std::size_t>(whole.graph.main.pointCount));
-    EXPECT_EQ(whole.graph.definedSpan.begin, -1.0);
-    EXPECT_EQ(whole.graph.definedSpan.end, -1.0);
+    EXPECT_EQ(whole.span(), std::make_pair(-1.0, -1.0));
 
     // The edge found between the last indefinite and the first regular sample lies at 0.
-    Sampled from;
-    sample(from, "Sqr(x)", -1.0, 1.0);
+    Sampled from("Sqr(x)", -1.0, 1.0);
     const Curve& c = from.graph.main;
     const auto before = indicesWhere(c, indefinite);
     ASSERT_FALSE(before.empty());
@@ -156,26 +152,22 @@ TEST(CurveSampler, IndefiniteStretchesGetEdgesAndSpans) {
     EXPECT_GE(c.points[first].x, 0.0);
     EXPECT_LT(c.points[first].x, 1e-12);
     EXPECT_LT(c.points[first].x, c.points[first + 1].x - 1e-12);
-    EXPECT_EQ(from.graph.definedSpan.begin, c.points[first].x);
-    EXPECT_EQ(from.graph.definedSpan.end, 1.0);
+    EXPECT_EQ(from.span(), std::make_pair(c.points[first].x, 1.0));
 
-    Sampled upTo;
-    sample(upTo, "Sqr(-x)", -1.0, 1.0);
+    Sampled upTo("Sqr(-x)", -1.0, 1.0);
     const auto after = indicesWhere(upTo.graph.main, indefinite);
     ASSERT_GT(after.size(), 0u);
     ASSERT_GT(after[0], 0);
     const double edge = upTo.graph.main.points[after[0] - 1].x;
     EXPECT_LE(edge, 0.0);
     EXPECT_GT(edge, -1e-12);
-    EXPECT_EQ(upTo.graph.definedSpan.begin, -1.0);
-    EXPECT_EQ(upTo.graph.definedSpan.end, edge);
+    EXPECT_EQ(upTo.span(), std::make_pair(-1.0, edge));
 }
 
 TEST(CurveSampler, NarrowRangeIsSampledEvenly) {
-    Sampled s;
     const double a = 1e6;
     const double b = std::nextafter(std::nextafter(a, 2e6), 2e6);
-    sample(s, "x*2", a, b);
+    Sampled s("x*2", a, b);
     ASSERT_TRUE(s.completed);
     const Curve& c = s.graph.main;
     ASSERT_EQ(c.pointCount, 3);
@@ -191,8 +183,7 @@ TEST(CurveSampler, RangesTheDialogWouldRefuseStillEnd) {
         {-1e308, 1e308}};
     for (const auto& [a, b] : ranges) {
         SCOPED_TRACE(testing::Message() << a << " .. " << b);
-        Sampled s;
-        sample(s, "tan(x)", a, b);
+        Sampled s("tan(x)", a, b);
         EXPECT_TRUE(s.completed);
         EXPECT_GE(s.graph.main.pointCount, 1);
         EXPECT_LE(static_cast<std::size_t>(s.graph.main.pointCount), s.graph.main.points.size());
@@ -200,8 +191,7 @@ TEST(CurveSampler, RangesTheDialogWouldRefuseStillEnd) {
 }
 
 TEST(CurveSampler, StopRemovesTheSecondFunctionButLeavesTheMainCurve) {
-    Sampled s;
-    sample(s, "x^2", -2.0, 2.0);
+    Sampled s("x^2", -2.0, 2.0);
     ASSERT_TRUE(s.completed);
     const Curve before = s.graph.main;
 
@@ -227,8 +217,7 @@ TEST(CurveSampler, StopRemovesTheSecondFunctionButLeavesTheMainCurve) {
 }
 
 TEST(CurveSampler, DerivativeAndDrawingStep) {
-    Sampled s;
-    sample(s, "x^2", -2.0, 2.0);
+    Sampled s("x^2", -2.0, 2.0);
     ASSERT_TRUE(buildDerivativeCurve(s.graph, s.formula, {}));
     const Curve& d = s.graph.derivative;
     ASSERT_EQ(d.pointCount, s.graph.main.pointCount - 1);
