@@ -78,7 +78,8 @@ struct ResolvedOperand {
 
 // A step with its numbers' addresses worked out for one slot, ready to run.
 struct ResolvedStep {
-    std::uint8_t operation = 0;  // the evaluator's own code for the specialised step
+    // Where the evaluator's code for the specialised step starts: one jump runs it.
+    const void* code = nullptr;
     std::uint16_t count = 0;
     // The step's operands in resolvedOperands, for the steps that walk them.
     const ResolvedOperand* operands = nullptr;

@@ -178,6 +178,130 @@ double powerChain(const ResolvedStep& s, bool& indefinite) {
     return running;
 }
 
+const double* numberOf(const PlanOperand& op, ExpressionSlot& slot) {
+    switch (op.source) {
+        case OperandSource::kInputs:
+            return &slot.inputs[op.index];
+        case OperandSource::kConstants:
+            return &slot.constants[op.index];
+        case OperandSource::kValues:
+            return &slot.values[op.index];
+        case OperandSource::kFunctions:
+            return &slot.functionValues[op.index];
+    }
+    return &slot.inputs[kInputZero];
+}
+
+Operation functionOperation(PlanFunction function) {
+    switch (function) {
+        case PlanFunction::kSin:
+            return Operation::kSin;
+        case PlanFunction::kCos:
+            return Operation::kCos;
+        case PlanFunction::kTan:
+            return Operation::kTan;
+        case PlanFunction::kAtan:
+            return Operation::kAtan;
+        case PlanFunction::kAsin:
+            return Operation::kAsin;
+        case PlanFunction::kAcos:
+            return Operation::kAcos;
+        case PlanFunction::kLn:
+            return Operation::kLn;
+        case PlanFunction::kLog:
+            return Operation::kLog;
+        case PlanFunction::kSqrt:
+        case PlanFunction::kNone:
+            break;
+    }
+    return Operation::kSqrt;
+}
+
+Operation offset(Operation first, int by) {
+    return static_cast<Operation>(static_cast<int>(first) + by);
+}
+
+// The specialised operation that runs `step`, whose operands are ops[0 .. step.count-1].
+Operation operationFor(const PlanStep& step, const PlanOperand* ops, const double* constants) {
+    switch (step.kind) {
+        case StepKind::kSingle:
+            return Operation::kCopy;
+        case StepKind::kFunction:
+            return functionOperation(step.function);
+        case StepKind::kSum:
+            if (step.count == 2) {
+                return offset(Operation::kSumPlusPlus, ops[0].inverted * 2 + ops[1].inverted);
+            }
+            if (step.count == 3) {
+                return offset(Operation::kSum3,
+                              ops[0].inverted * 4 + ops[1].inverted * 2 + ops[2].inverted);
+            }
+            return Operation::kSum;
+        case StepKind::kProduct:
+            // The first factor follows the opening bracket, never a '/'.
+            if (step.count == 2 && !ops[0].inverted) {
+                return ops[1].inverted ? Operation::kQuotient : Operation::kProduct;
+            }
+            if (step.count == 3 && !ops[0].inverted) {
+                return offset(Operation::kProduct3, ops[1].inverted * 2 + ops[2].inverted);
+            }
+            return Operation::kProductN;
+        case StepKind::kPower:
+            // Constants never change once the plan is built.
+            if (step.count == 2 && ops[1].source == OperandSource::kConstants) {
+                const double exponent = constants[ops[1].index];
+                if (exponent == 2.0) {
+                    return Operation::kSquare;
+                }
+                if (isWhole(exponent)) {
+                    return Operation::kPowerWhole;
+                }
+            }
+            if (step.count == 2) {
+                return ops[1].independent ? Operation::kPowerIndependent
+                                          : Operation::kPowerDependent;
+            }
+            return Operation::kPowerChain;
+        case StepKind::kFactorial:
+            return Operation::kFactorial;
+    }
+    return Operation::kCopy;
+}
+
+// Points the plan's steps at this slot's numbers: once after the plan is built, and again when
+// the slot holds a copied plan.
+// `code` holds the address of each operation's code in the evaluator's dispatch.
+[[gnu::noinline]] void resolve(ExpressionSlot& slot, const void* const* code) {
+    EvaluationPlan& plan = slot.plan;
+    for (std::size_t i = 0; i < plan.operands.size(); ++i) {
+        const PlanOperand& op = plan.operands[i];
+        plan.resolvedOperands[i] = {numberOf(op, slot), op.inverted, op.independent};
+    }
+    // The end mark is the step past the last, resolved in the same loop.
+    for (std::size_t i = 0; i < plan.resolvedSteps.size(); ++i) {
+        ResolvedStep& resolved = plan.resolvedSteps[i];
+        if (i == plan.steps.size()) {
+            resolved.code = code[static_cast<int>(Operation::kEnd)];
+            break;
+        }
+        const PlanStep& step = plan.steps[i];
+        const PlanOperand* ops = plan.operands.data() + step.first;
+        resolved.code = code[static_cast<int>(operationFor(step, ops, slot.constants.data()))];
+        resolved.operands = plan.resolvedOperands.data() + step.first;
+        resolved.count = step.count;
+        const double* zero = &slot.inputs[kInputZero];
+        resolved.a = step.count > 0 ? numberOf(ops[0], slot) : zero;
+        resolved.b = step.count > 1 ? numberOf(ops[1], slot) : zero;
+        resolved.c = step.count > 2 ? numberOf(ops[2], slot) : zero;
+        resolved.result = step.kind == StepKind::kFunction ? &slot.functionValues[step.target]
+                                                           : &slot.values[step.target];
+        if (step.kind == StepKind::kFunction && step.function == PlanFunction::kLog) {
+            resolved.b = &slot.inputs[kInputLogFactor];
+        }
+    }
+    plan.resolvedFor = &slot;
+}
+
 inline double checked(bool inside, double value, bool& indefinite) {
     if (!inside) {
         indefinite = true;
@@ -185,10 +309,10 @@ inline double checked(bool inside, double value, bool& indefinite) {
     return value;
 }
 
-// Threaded dispatch: every step ends in a jump of its own to the next step's code, so each jump
-// learns its own successor pattern and no loop test or range check runs between steps. The plan
-// ends with a kEnd step. (Labels as values are a GCC and Clang extension.)
-Outcome runSteps(const ResolvedStep* s) {
+// Threaded dispatch: each step holds the address of its operation's code and ends in a jump to the
+// next step's, so no loop test, range check or table look-up runs between steps; the plan ends
+// with a kEnd step. (Labels as values are a GCC and Clang extension.)
+Outcome runSteps(ExpressionSlot& slot, double x, double y, double logFactor) {
     static const void* const kCode[] = {
         &&copy,
         &&sinStep,
@@ -229,14 +353,21 @@ Outcome runSteps(const ResolvedStep* s) {
         &&end,
     };
     static_assert(std::size(kCode) == code(Operation::kEnd) + 1);
+    if (slot.plan.resolvedFor != &slot) {
+        resolve(slot, kCode);
+    }
+    slot.inputs[kInputX] = x;
+    slot.inputs[kInputY] = y;
+    slot.inputs[kInputLogFactor] = logFactor;
+    const ResolvedStep* s = slot.plan.resolvedSteps.data();
     double r = 0.0;
     bool indefinite = false;
 #define CURVEMILL_STEP_DONE \
     *s->result = r;         \
     ++s;                    \
-    goto* kCode[s->operation]
+    goto * s->code
 
-    goto* kCode[s->operation];
+    goto * s->code;
 copy:
     r = *s->a;
     CURVEMILL_STEP_DONE;
@@ -350,126 +481,6 @@ end:
     return {r, indefinite};
 }
 
-const double* numberOf(const PlanOperand& op, ExpressionSlot& slot) {
-    switch (op.source) {
-        case OperandSource::kInputs:
-            return &slot.inputs[op.index];
-        case OperandSource::kConstants:
-            return &slot.constants[op.index];
-        case OperandSource::kValues:
-            return &slot.values[op.index];
-        case OperandSource::kFunctions:
-            return &slot.functionValues[op.index];
-    }
-    return &slot.inputs[kInputZero];
-}
-
-Operation functionOperation(PlanFunction function) {
-    switch (function) {
-        case PlanFunction::kSin:
-            return Operation::kSin;
-        case PlanFunction::kCos:
-            return Operation::kCos;
-        case PlanFunction::kTan:
-            return Operation::kTan;
-        case PlanFunction::kAtan:
-            return Operation::kAtan;
-        case PlanFunction::kAsin:
-            return Operation::kAsin;
-        case PlanFunction::kAcos:
-            return Operation::kAcos;
-        case PlanFunction::kLn:
-            return Operation::kLn;
-        case PlanFunction::kLog:
-            return Operation::kLog;
-        case PlanFunction::kSqrt:
-        case PlanFunction::kNone:
-            break;
-    }
-    return Operation::kSqrt;
-}
-
-Operation offset(Operation first, int by) {
-    return static_cast<Operation>(static_cast<int>(first) + by);
-}
-
-// The specialised operation that runs `step`, whose operands are ops[0 .. step.count-1].
-Operation operationFor(const PlanStep& step, const PlanOperand* ops, const double* constants) {
-    switch (step.kind) {
-        case StepKind::kSingle:
-            return Operation::kCopy;
-        case StepKind::kFunction:
-            return functionOperation(step.function);
-        case StepKind::kSum:
-            if (step.count == 2) {
-                return offset(Operation::kSumPlusPlus, ops[0].inverted * 2 + ops[1].inverted);
-            }
-            if (step.count == 3) {
-                return offset(Operation::kSum3,
-                              ops[0].inverted * 4 + ops[1].inverted * 2 + ops[2].inverted);
-            }
-            return Operation::kSum;
-        case StepKind::kProduct:
-            // The first factor follows the opening bracket, never a '/'.
-            if (step.count == 2 && !ops[0].inverted) {
-                return ops[1].inverted ? Operation::kQuotient : Operation::kProduct;
-            }
-            if (step.count == 3 && !ops[0].inverted) {
-                return offset(Operation::kProduct3, ops[1].inverted * 2 + ops[2].inverted);
-            }
-            return Operation::kProductN;
-        case StepKind::kPower:
-            // Constants never change once the plan is built.
-            if (step.count == 2 && ops[1].source == OperandSource::kConstants) {
-                const double exponent = constants[ops[1].index];
-                if (exponent == 2.0) {
-                    return Operation::kSquare;
-                }
-                if (isWhole(exponent)) {
-                    return Operation::kPowerWhole;
-                }
-            }
-            if (step.count == 2) {
-                return ops[1].independent ? Operation::kPowerIndependent
-                                          : Operation::kPowerDependent;
-            }
-            return Operation::kPowerChain;
-        case StepKind::kFactorial:
-            return Operation::kFactorial;
-    }
-    return Operation::kCopy;
-}
-
-// Points the plan's steps at this slot's numbers: once after the plan is built, and again when
-// the slot holds a copied plan.
-void resolve(ExpressionSlot& slot) {
-    EvaluationPlan& plan = slot.plan;
-    for (std::size_t i = 0; i < plan.operands.size(); ++i) {
-        const PlanOperand& op = plan.operands[i];
-        plan.resolvedOperands[i] = {numberOf(op, slot), op.inverted, op.independent};
-    }
-    for (std::size_t i = 0; i < plan.steps.size(); ++i) {
-        const PlanStep& step = plan.steps[i];
-        const PlanOperand* ops = plan.operands.data() + step.first;
-        ResolvedStep& resolved = plan.resolvedSteps[i];
-        resolved.operation =
-            static_cast<std::uint8_t>(operationFor(step, ops, slot.constants.data()));
-        resolved.operands = plan.resolvedOperands.data() + step.first;
-        resolved.count = step.count;
-        const double* zero = &slot.inputs[kInputZero];
-        resolved.a = step.count > 0 ? numberOf(ops[0], slot) : zero;
-        resolved.b = step.count > 1 ? numberOf(ops[1], slot) : zero;
-        resolved.c = step.count > 2 ? numberOf(ops[2], slot) : zero;
-        resolved.result = step.kind == StepKind::kFunction ? &slot.functionValues[step.target]
-                                                           : &slot.values[step.target];
-        if (step.kind == StepKind::kFunction && step.function == PlanFunction::kLog) {
-            resolved.b = &slot.inputs[kInputLogFactor];
-        }
-    }
-    plan.resolvedSteps.back().operation = static_cast<std::uint8_t>(Operation::kEnd);
-    plan.resolvedFor = &slot;
-}
-
 }  // namespace
 
 double Formula::evaluate(double x, int slotIndex, double y) {
@@ -489,14 +500,8 @@ double Formula::evaluate(double x, int slotIndex, double y) {
     if (!plan.valid) {
         return 0.0;  // nothing prepared: the rewriting algorithm finds an empty text too
     }
-    if (plan.resolvedFor != &slot) {
-        resolve(slot);
-    }
-    slot.inputs[kInputX] = x;
-    slot.inputs[kInputY] = y;
-    slot.inputs[kInputLogFactor] = logFactor;
     // The last step computed the outer pair, values[0]; its result is still in a register.
-    const Outcome outcome = runSteps(plan.resolvedSteps.data());
+    const Outcome outcome = runSteps(slot, x, y, logFactor);
     indefinite = outcome.indefinite;
     return plan.reachesOuterPair ? outcome.value : 0.0;
 }
