@@ -77,9 +77,7 @@ TEST(CommandTable, EveryCommandHasItsTextKeyAndTooltip) {
         const CommandRow* found = findCommand(row.id);
         ASSERT_NE(found, nullptr);
         EXPECT_EQ(found->menu, row.menu);
-        if (found->place == CommandPlace::Menu) {
-            EXPECT_EQ(found->text, row.text);
-        } else if (!row.text.empty()) {
+        if (found->place == CommandPlace::Menu || !row.text.empty()) {
             EXPECT_EQ(found->text, row.text);
         }
         EXPECT_EQ(found->key, row.key);

@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -5,97 +7,83 @@
 
 #include "engine/Formula.h"
 #include "engine/ui/LogBaseDialog.h"
+#include "tests/shell/DialogControls.h"
 #include "tests/shell/ModalAnswer.h"
 
 using namespace curvemill;
-using curvemill::testing::ModalAnswer;
+using namespace curvemill::testing;
+using namespace Qt::Literals::StringLiterals;
 
 class LogBaseDialogTest : public QObject {
     Q_OBJECT
-
-    template <class T>
-    static T* control(QWidget& dialog, int id) {
-        return dialog.findChild<T*>(QString::number(id));
-    }
 
   private Q_SLOTS:
     void opensWithTheBaseInForce() {
         Formula formula;
         LogBaseDialog dialog(formula);
         dialog.show();
-        QVERIFY(control<QRadioButton>(dialog, 1045)->isChecked());
-        QVERIFY(!control<QLineEdit>(dialog, 1047)->isEnabled());
-        QCOMPARE(control<QLineEdit>(dialog, 1047)->maxLength(), 70);
+        auto* edit = control<QLineEdit>(dialog, kLogBaseEdit);
+        QVERIFY(control<QRadioButton>(dialog, kLogBaseTenRadio)->isChecked());
+        QVERIFY(!edit->isEnabled());
+        QCOMPARE(edit->maxLength(), 70);
         dialog.hide();
 
         formula.logBase = 2.5;
         dialog.show();
-        QVERIFY(control<QRadioButton>(dialog, 1046)->isChecked());
-        QVERIFY(control<QLineEdit>(dialog, 1047)->isEnabled());
-        QCOMPARE(control<QLineEdit>(dialog, 1047)->text(), QStringLiteral("2.500000"));
-
-        QTest::mouseClick(control<QRadioButton>(dialog, 1045), Qt::LeftButton);
-        QVERIFY(!control<QLineEdit>(dialog, 1047)->isEnabled());
+        QVERIFY(control<QRadioButton>(dialog, kLogBaseOtherRadio)->isChecked());
+        QVERIFY(edit->isEnabled());
+        QCOMPARE(edit->text(), u"2.500000"_s);
+        QTest::mouseClick(control(dialog, kLogBaseTenRadio), Qt::LeftButton);
+        QVERIFY(!edit->isEnabled());
     }
 
-    void okWithAnotherBase_data() {
+    // From base 7: "ten" picks base 10, anything else is typed as another base; Escape cancels.
+    void choosingTheBase_data() {
         QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("key");
         QTest::addColumn<QString>("message");
         QTest::addColumn<double>("base");
-        QTest::newRow("valid") << "2"
-                               << "" << 2.0;
-        QTest::newRow("zero accepted") << "0"
-                                       << "" << 0.0;
-        QTest::newRow("letters") << "two"
-                                 << "ENTER A VALID NUMBER" << 7.0;
-        QTest::newRow("empty") << ""
-                               << "ENTER A VALID NUMBER" << 7.0;
-        QTest::newRow("negative") << "-3"
-                                  << "LOG BASE MUST BE A POSITIVE NUMBER" << 10.0;
+        QTest::newRow("valid") << u"2"_s << int(Qt::Key_Return) << u""_s << 2.0;
+        QTest::newRow("zero accepted") << u"0"_s << int(Qt::Key_Return) << u""_s << 0.0;
+        QTest::newRow("base ten") << u"ten"_s << int(Qt::Key_Return) << u""_s << 10.0;
+        QTest::newRow("cancelled") << u"3"_s << int(Qt::Key_Escape) << u""_s << 7.0;
+        QTest::newRow("letters") << u"two"_s << int(Qt::Key_Return) << u"ENTER A VALID NUMBER"_s
+                                 << 7.0;
+        QTest::newRow("empty") << u""_s << int(Qt::Key_Return) << u"ENTER A VALID NUMBER"_s << 7.0;
+        QTest::newRow("negative") << u"-3"_s << int(Qt::Key_Return)
+                                  << u"LOG BASE MUST BE A POSITIVE NUMBER"_s << 10.0;
     }
-    void okWithAnotherBase() {
+    void choosingTheBase() {
         QFETCH(QString, typed);
+        QFETCH(int, key);
         QFETCH(QString, message);
         QFETCH(double, base);
         Formula formula;
         formula.logBase = 7.0;
+        formula.logFactor = 1.0 / std::log10(7.0);
         LogBaseDialog dialog(formula);
         dialog.show();
-        auto* edit = control<QLineEdit>(dialog, 1047);
-        edit->selectAll();
-        QTest::keyClick(edit, Qt::Key_Delete);
-        QTest::keyClicks(edit, typed);
+        if (typed == u"ten"_s) {
+            QTest::mouseClick(control(dialog, kLogBaseTenRadio), Qt::LeftButton);
+        } else {
+            retype(dialog, kLogBaseEdit, typed);
+        }
         ModalAnswer answer;
-        QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("1")), Qt::LeftButton);
+        QTest::keyClick(&dialog, Qt::Key(key));
         if (message.isEmpty()) {
             QVERIFY(!answer.seen);
-            QCOMPARE(dialog.result(), int(QDialog::Accepted));
+            QVERIFY(!dialog.isVisible());
         } else {
             QTRY_VERIFY(answer.seen);
             QCOMPARE(answer.text, message);
             QCOMPARE(answer.icon, QMessageBox::Critical);
             QVERIFY(dialog.isVisible());
-            QCOMPARE(dialog.focusWidget(), edit);
+            QCOMPARE(dialog.focusWidget(), control(dialog, kLogBaseEdit));
         }
         QCOMPARE(formula.logBase, base);
-    }
-
-    void baseTenAndCancel() {
-        Formula formula;
-        formula.logBase = 2.0;
-        formula.logFactor = 1.0 / std::log10(2.0);
-        {
-            LogBaseDialog dialog(formula);
-            dialog.show();
-            QTest::keyClick(&dialog, Qt::Key_Escape);
-            QCOMPARE(formula.logBase, 2.0);
+        if (message.isEmpty() && base > 0.0) {
+            QVERIFY(qAbs(formula.logFactor - 1.0 / std::log10(base)) < 1e-12);
         }
-        LogBaseDialog dialog(formula);
-        dialog.show();
-        QTest::mouseClick(control<QRadioButton>(dialog, 1045), Qt::LeftButton);
-        QTest::keyClick(&dialog, Qt::Key_Return);
-        QCOMPARE(formula.logBase, 10.0);
-        QCOMPARE(formula.logFactor, 1.0);
     }
 };
 

@@ -20,16 +20,14 @@
 #include "history/ui/HistoryWindow.h"
 #include "history/ui/LoadingDialog.h"
 #include "shell/FailureReporter.h"
+#include "tests/shell/RecordingReporter.h"
 
 using namespace curvemill;
 using namespace curvemill::history_commands;
+using curvemill::testing::RecordingReporter;
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-struct RecordingReporter : FailureReporter {
-    void reportFailure(ProcedureName name, FailureCode) override { names << QString(name); }
-    QStringList names;
-};
 
 // Answers the next modal widget of type T (a message box unless told): `act` gets it once it is
 // up. Texts of boxes are collected.
@@ -77,7 +75,7 @@ class HistoryWindowsTest : public QObject {
         seen_.clear();
     }
     void cleanup() {
-        QVERIFY(reporter_.names.isEmpty());
+        QVERIFY(reporter_.names.empty());
         std::filesystem::remove_all(dir_);
     }
 
@@ -85,13 +83,12 @@ class HistoryWindowsTest : public QObject {
         QTest::addColumn<int>("kind");
         QTest::addColumn<QStringList>("headers");
         QTest::addColumn<QStringList>("firstRow");
+        const QStringList twoRanges{"Formula", "X Beg", "X End", "Y Beg", "Y End"};
         QTest::newRow("2D") << int(EntryKind::TwoD) << QStringList{"Formula", "From", "To"}
                             << QStringList{"sin(x)", "-1", "1"};
-        QTest::newRow("3D") << int(EntryKind::ThreeD)
-                            << QStringList{"Formula", "X Beg", "X End", "Y Beg", "Y End"}
+        QTest::newRow("3D") << int(EntryKind::ThreeD) << twoRanges
                             << QStringList{"x*y", "-1", "1", "-1", "1"};
-        QTest::newRow("equation") << int(EntryKind::Equation)
-                                  << QStringList{"Formula", "X Beg", "X End", "Y Beg", "Y End"}
+        QTest::newRow("equation") << int(EntryKind::Equation) << twoRanges
                                   << QStringList{"x^2+y^2-16", "-5", "5", "-5", "5"};
     }
     void reportListShowsOneKind() {
@@ -128,9 +125,9 @@ class HistoryWindowsTest : public QObject {
         window.view()->setCurrentRow(2);
         QCOMPARE(enabled(), (QList<bool>{true, true, true}));
         window.runCommand(kSelect);
-        QCOMPARE(picked, QString("sin(2*x)"));
+        QCOMPARE(picked, u"sin(2*x)"_s);
         window.runCommand(kMoveToTop);
-        QCOMPARE(QString(store_.entries()[0].formula.c_str()), QString("sin(2*x)"));
+        QCOMPARE(store_.entries()[0].formula, "sin(2*x)");
         QCOMPARE(enabled(), (QList<bool>{false, false, false}));
         QVERIFY(!window.action(kLoadOriginalList)->isEnabled());
         window.view()->setCurrentRow(0);
@@ -138,14 +135,13 @@ class HistoryWindowsTest : public QObject {
         QCOMPARE(store_.twoDCount(), 2);
         QCOMPARE(enabled(), (QList<bool>{false, false, false}));
         QVERIFY(window.action(kLoadOriginalList)->isEnabled());
-    }
 
-    void failuresAreReportedUnderTheWindowsNames() {
-        HistoryWindow window(HistoryWindow::Style::TextList, store_, reporter_, dir_);
+        // A fault while picking is reported under the window's name.
         window.setSelectHandler([](const HistoryEntry&) { throw std::runtime_error("bad"); });
         window.view()->setCurrentRow(0);
         window.runCommand(kSelect);
-        QCOMPARE(reporter_.names, QStringList{"History Window Procedure"});
+        QCOMPARE(reporter_.names.size(), std::size_t(1));
+        QCOMPARE(QString(reporter_.names[0]), u"History Window Procedure"_s);
         reporter_.names.clear();
     }
 
@@ -181,7 +177,7 @@ class HistoryWindowsTest : public QObject {
         answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::Yes); });
         answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::Ok); });
         window.runCommand(kFind);
-        QCOMPARE(seen_.last(), QString("UNABLE TO FIND STRING"));
+        QCOMPARE(seen_.last(), QString(kMsgStringNotFound));
     }
 
     void deleteListAsksAndReloadRestores() {
@@ -207,18 +203,25 @@ class HistoryWindowsTest : public QObject {
     }
 
     void highlightAndLocate() {
-        HistoryService service(store_, reporter_, dir_);
-        HistoryWindow& report = service.previousEntries();
+        HistoryWindow report(HistoryWindow::Style::ReportList, store_, reporter_, dir_);
         report.view()->setCurrentRow(1);
         report.runCommand(kHighlightSelectedItem);
         QVERIFY(store_.entries()[1].marked);
         QTreeWidget* tree = static_cast<EntryReportList*>(report.view())->tree();
         QVERIFY(tree->topLevelItem(1)->font(0).bold());
-        QVERIFY(report.locate({"sin(2*x)", "-3", "3", "$", "$", 'y'}));
-        QCOMPARE(report.view()->currentRow(), 2);
+
+        // The input's boxes are read up to 100 characters each.
+        const std::string longest(100, 'x');
+        store_.addNewEntry({longest, "-1", "1", "$", "$", 'y'});
+        report.refresh();
+        QVERIFY(!report.action(kLocateInput)->isEnabled());
+        report.setInputSource([&] { return HistoryEntry{longest + "+1", "-1", "1", "$", "$"}; });
+        report.runCommand(kLocateInput);
+        QCOMPARE(report.view()->currentRow(), 0);
         answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::Ok); });
-        QVERIFY(!report.locate({"sin(2*x)", "-3", "4", "$", "$", 'y'}));
-        QCOMPARE(seen_, QStringList{"THIS ENTRY IS NOT INCLUDED IN THE LIST"});
+        QVERIFY(!report.locate({"sin(2*x)", "-3", "4", "$", "$"}));
+        QCOMPARE(seen_, QStringList{kMsgEntryNotInList});
+        QCOMPARE(report.view()->currentRow(), -1);
     }
 
     void loadingDialogIsUpBeforeTheFileIsRead() {
