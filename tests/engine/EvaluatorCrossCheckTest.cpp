@@ -29,8 +29,11 @@ struct Point {
     double y;
 };
 
-constexpr std::array<Point, 6> kPointsX{{{0, 0}, {1, 0}, {-1, 0}, {-2.5, 0}, {3, 0}, {0.5, 0}}};
-constexpr std::array<Point, 6> kPointsXY{{{0, 0}, {1, -1}, {-2, 0.5}, {2, 3}, {-0.5, -4}, {3, 0}}};
+// 1.0004963 is an x where glibc's pow(x, 2) and x * x differ in the last bit.
+constexpr std::array<Point, 7> kPointsX{
+    {{0, 0}, {1, 0}, {-1, 0}, {-2.5, 0}, {3, 0}, {0.5, 0}, {1.0004963, 0}}};
+constexpr std::array<Point, 7> kPointsXY{
+    {{0, 0}, {1, -1}, {-2, 0.5}, {2, 3}, {-0.5, -4}, {3, 0}, {1.0004963, -1.0004963}}};
 
 // Compares one evaluation of both evaluators; returns a description of the first difference,
 // or an empty text.

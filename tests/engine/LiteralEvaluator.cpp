@@ -6,8 +6,6 @@
 #include <stdexcept>
 #include <string>
 
-#include "engine/Arithmetic.h"
-
 namespace curvemill::reference {
 namespace {
 
@@ -18,6 +16,13 @@ std::int32_t truncateToInt32(double v) {
         return INT32_MIN;
     }
     return static_cast<std::int32_t>(v);
+}
+
+// pow as the program defines it: a square is the one correctly rounded multiplication (glibc's
+// pow(x, 2) can be a last bit off), any other exponent goes to the C library. Written out here
+// rather than shared with the engine, so that a change of the engine's arithmetic shows up.
+double powerOf(double base, double exponent) {
+    return exponent == 2.0 ? base * base : std::pow(base, exponent);
 }
 
 bool isOperatorStop(char c) {
@@ -264,7 +269,7 @@ class LiteralRun {
                 }
             }
             if (!indefinite_) {
-                running_ = raisePower(base, exponent);
+                running_ = powerOf(base, exponent);
             }
             text_[open + 1] = 'v';
             text_[caret] = '@';
