@@ -14,7 +14,6 @@
 // - any other character in an operand place (empty or stray brackets of a lenient text) reads as 0.
 // The slot text is never written, so it needs no restoring; savedText is filled once when the plan
 // is built, which is what every evaluation's copy would hold.
-#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <iterator>
@@ -62,16 +61,17 @@ enum class Operation : std::uint8_t {
     kLn,
     kLog,
     kSqrt,
-    kSumPlusPlus,  // a+b, with the signs of the two terms
+    kSinOfLast,  // the same nine functions of the last step's result, still in a register
+    kSumPlusPlus = kSinOfLast + 9,  // a+b, with the signs of the two terms
     kSumPlusMinus,
     kSumMinusPlus,
     kSumMinusMinus,
-    kSum3,  // three terms; +3 bits of signs, a's sign the highest
-    kSum = kSum3 + 8,
-    kProduct,   // a*b
-    kQuotient,  // a/b
-    kProduct3,  // three factors; +2 bits: b divides, c divides
-    kProductN = kProduct3 + 4,
+    kSum3,                 // three terms; +3 bits of signs, a's sign the highest
+    kProduct = kSum3 + 8,  // a*b
+    kQuotient,             // a/b
+    kProduct3,             // three factors; +2 bits: b divides, c divides
+    kSum = kProduct3 + 4,
+    kProductN,
     kSquare,            // a constant exponent 2
     kPowerWhole,        // another constant whole exponent
     kPowerIndependent,  // one '^' whose exponent holds no x or y
@@ -92,25 +92,32 @@ struct Outcome {
     bool indefinite;
 };
 
-// -v as a number of its own: a compiler that turns t + (-v) into t - v changes which NaN comes out
-// (x86 hands on the NaN operand as it is), and the rewriting algorithm negates the term first.
+// -v as a number of its own. A compiler turns t + (-v) into t - v, which on x86 hands on a NaN
+// operand as it is instead of with its sign flipped, and the rewriting algorithm negates the term
+// first; the empty asm hides the negation from that folding.
 inline double negated(double v) {
-    return std::bit_cast<double>(std::bit_cast<std::uint64_t>(v) ^ 0x8000000000000000u);
+    double n = -v;
+#if defined(__x86_64__) || defined(__i386__)
+    asm("" : "+x"(n));
+#else
+    asm("" : "+m"(n));
+#endif
+    return n;
 }
 
 template <bool Negated>
-inline double term(const double* number) {
-    return Negated ? negated(*number) : *number;
+inline double term(double v) {
+    return Negated ? negated(v) : v;
 }
 
 template <bool NegateA, bool NegateB>
-inline double sum2(const ResolvedStep& s) {
-    return (0.0 + term<NegateA>(s.a)) + term<NegateB>(s.b);
+inline double sum2(double a, double b) {
+    return (0.0 + term<NegateA>(a)) + term<NegateB>(b);
 }
 
 template <bool NegateA, bool NegateB, bool NegateC>
-inline double sum3(const ResolvedStep& s) {
-    return ((0.0 + term<NegateA>(s.a)) + term<NegateB>(s.b)) + term<NegateC>(s.c);
+inline double sum3(double a, double b, double c) {
+    return ((0.0 + term<NegateA>(a)) + term<NegateB>(b)) + term<NegateC>(c);
 }
 
 double sum(const ResolvedStep& s) {
@@ -138,10 +145,9 @@ inline double divideBy(double total, double factor, bool& indefinite) {
 }
 
 template <bool DivideB, bool DivideC>
-inline double product3(const ResolvedStep& s, bool& indefinite) {
-    double total = *s.a;
-    total = DivideB ? divideBy(total, *s.b, indefinite) : total * *s.b;
-    return DivideC ? divideBy(total, *s.c, indefinite) : total * *s.c;
+inline double product3(double a, double b, double c, bool& indefinite) {
+    double total = DivideB ? divideBy(a, b, indefinite) : a * b;
+    return DivideC ? divideBy(total, c, indefinite) : total * c;
 }
 
 double product(const ResolvedStep& s, bool& indefinite) {
@@ -268,10 +274,29 @@ Operation operationFor(const PlanStep& step, const PlanOperand* ops, const doubl
     return Operation::kCopy;
 }
 
+// Whether `op` reads what `step` writes.
+bool isResultOf(const PlanOperand& op, const PlanStep& step) {
+    const OperandSource written =
+        step.kind == StepKind::kFunction ? OperandSource::kFunctions : OperandSource::kValues;
+    return op.source == written && op.index == step.target;
+}
+
+// The variant of a function that takes its argument from the last step's result, if any. (Sums
+// and products have none: with an operand in a register the compiler may swap the operands of
+// + and *, and when both are NaN, x86 gives the first one, so the bits could differ from the
+// algorithm's.)
+Operation ofLast(Operation operation) {
+    const int c = code(operation);
+    if (c >= code(Operation::kSin) && c < code(Operation::kSinOfLast)) {
+        return offset(operation, code(Operation::kSinOfLast) - code(Operation::kSin));
+    }
+    return operation;
+}
+
 // Points the plan's steps at this slot's numbers: once after the plan is built, and again when
-// the slot holds a copied plan.
-// `code` holds the address of each operation's code in the evaluator's dispatch.
-[[gnu::noinline]] void resolve(ExpressionSlot& slot, const void* const* code) {
+// the slot holds a copied plan. `entries` holds the address of each operation's code in the
+// evaluator's dispatch.
+[[gnu::noinline]] void resolve(ExpressionSlot& slot, const void* const* entries) {
     EvaluationPlan& plan = slot.plan;
     for (std::size_t i = 0; i < plan.operands.size(); ++i) {
         const PlanOperand& op = plan.operands[i];
@@ -281,12 +306,17 @@ Operation operationFor(const PlanStep& step, const PlanOperand* ops, const doubl
     for (std::size_t i = 0; i < plan.resolvedSteps.size(); ++i) {
         ResolvedStep& resolved = plan.resolvedSteps[i];
         if (i == plan.steps.size()) {
-            resolved.code = code[static_cast<int>(Operation::kEnd)];
+            resolved.code = entries[code(Operation::kEnd)];
             break;
         }
         const PlanStep& step = plan.steps[i];
         const PlanOperand* ops = plan.operands.data() + step.first;
-        resolved.code = code[static_cast<int>(operationFor(step, ops, slot.constants.data()))];
+        Operation operation = operationFor(step, ops, slot.constants.data());
+        if (i > 0 && step.count > 0 && isResultOf(ops[step.count - 1], plan.steps[i - 1])) {
+            // The argument is still in a register.
+            operation = ofLast(operation);
+        }
+        resolved.code = entries[code(operation)];
         resolved.operands = plan.resolvedOperands.data() + step.first;
         resolved.count = step.count;
         const double* zero = &slot.inputs[kInputZero];
@@ -313,45 +343,20 @@ inline double checked(bool inside, double value, bool& indefinite) {
 // next step's, so no loop test, range check or table look-up runs between steps; the plan ends
 // with a kEnd step. (Labels as values are a GCC and Clang extension.)
 Outcome runSteps(ExpressionSlot& slot, double x, double y, double logFactor) {
+    // clang-format off
     static const void* const kCode[] = {
-        &&copy,
-        &&sinStep,
-        &&cosStep,
-        &&tanStep,
-        &&atanStep,
-        &&asinStep,
-        &&acosStep,
-        &&lnStep,
-        &&logStep,
-        &&sqrtStep,
-        &&sumPP,
-        &&sumPM,
-        &&sumMP,
-        &&sumMM,
-        &&sumPPP,
-        &&sumPPM,
-        &&sumPMP,
-        &&sumPMM,
-        &&sumMPP,
-        &&sumMPM,
-        &&sumMMP,
-        &&sumMMM,
-        &&sumN,
-        &&product2,
-        &&quotient,
-        &&product3MM,
-        &&product3MD,
-        &&product3DM,
-        &&product3DD,
-        &&productN,
-        &&square,
-        &&powerWhole,
-        &&powerIndependent,
-        &&powerDependent,
-        &&powerChainStep,
-        &&factorial,
+        &&copy, &&sinStep, &&cosStep, &&tanStep, &&atanStep,
+        &&asinStep, &&acosStep, &&lnStep, &&logStep, &&sqrtStep,
+        &&sinOfLast, &&cosOfLast, &&tanOfLast, &&atanOfLast, &&asinOfLast,
+        &&acosOfLast, &&lnOfLast, &&logOfLast, &&sqrtOfLast, &&sumPP,
+        &&sumPM, &&sumMP, &&sumMM, &&sumPPP, &&sumPPM,
+        &&sumPMP, &&sumPMM, &&sumMPP, &&sumMPM, &&sumMMP,
+        &&sumMMM, &&product2, &&quotient, &&product3MM, &&product3MD,
+        &&product3DM, &&product3DD, &&sumN, &&productN, &&square,
+        &&powerWhole, &&powerIndependent, &&powerDependent, &&powerChainStep, &&factorial,
         &&end,
     };
+    // clang-format on
     static_assert(std::size(kCode) == code(Operation::kEnd) + 1);
     if (slot.plan.resolvedFor != &slot) {
         resolve(slot, kCode);
@@ -398,44 +403,68 @@ logStep:
 sqrtStep:
     r = checked(*s->a > 0.0, std::sqrt(*s->a), indefinite);
     CURVEMILL_STEP_DONE;
+sinOfLast:
+    r = std::sin(r);
+    CURVEMILL_STEP_DONE;
+cosOfLast:
+    r = std::cos(r);
+    CURVEMILL_STEP_DONE;
+tanOfLast:
+    r = std::tan(r);
+    CURVEMILL_STEP_DONE;
+atanOfLast:
+    r = std::atan(r);
+    CURVEMILL_STEP_DONE;
+asinOfLast:
+    r = checked(std::fabs(r) <= 1.0, std::asin(r), indefinite);
+    CURVEMILL_STEP_DONE;
+acosOfLast:
+    r = checked(std::fabs(r) <= 1.0, std::acos(r), indefinite);
+    CURVEMILL_STEP_DONE;
+lnOfLast:
+    r = checked(r > 0.0, std::log(r), indefinite);
+    CURVEMILL_STEP_DONE;
+logOfLast:
+    r = checked(r > 0.0, std::log10(r) * *s->b, indefinite);
+    CURVEMILL_STEP_DONE;
+sqrtOfLast:
+    r = checked(r > 0.0, std::sqrt(r), indefinite);
+    CURVEMILL_STEP_DONE;
 sumPP:
-    r = sum2<false, false>(*s);
+    r = sum2<false, false>(*s->a, *s->b);
     CURVEMILL_STEP_DONE;
 sumPM:
-    r = sum2<false, true>(*s);
+    r = sum2<false, true>(*s->a, *s->b);
     CURVEMILL_STEP_DONE;
 sumMP:
-    r = sum2<true, false>(*s);
+    r = sum2<true, false>(*s->a, *s->b);
     CURVEMILL_STEP_DONE;
 sumMM:
-    r = sum2<true, true>(*s);
+    r = sum2<true, true>(*s->a, *s->b);
     CURVEMILL_STEP_DONE;
 sumPPP:
-    r = sum3<false, false, false>(*s);
+    r = sum3<false, false, false>(*s->a, *s->b, *s->c);
     CURVEMILL_STEP_DONE;
 sumPPM:
-    r = sum3<false, false, true>(*s);
+    r = sum3<false, false, true>(*s->a, *s->b, *s->c);
     CURVEMILL_STEP_DONE;
 sumPMP:
-    r = sum3<false, true, false>(*s);
+    r = sum3<false, true, false>(*s->a, *s->b, *s->c);
     CURVEMILL_STEP_DONE;
 sumPMM:
-    r = sum3<false, true, true>(*s);
+    r = sum3<false, true, true>(*s->a, *s->b, *s->c);
     CURVEMILL_STEP_DONE;
 sumMPP:
-    r = sum3<true, false, false>(*s);
+    r = sum3<true, false, false>(*s->a, *s->b, *s->c);
     CURVEMILL_STEP_DONE;
 sumMPM:
-    r = sum3<true, false, true>(*s);
+    r = sum3<true, false, true>(*s->a, *s->b, *s->c);
     CURVEMILL_STEP_DONE;
 sumMMP:
-    r = sum3<true, true, false>(*s);
+    r = sum3<true, true, false>(*s->a, *s->b, *s->c);
     CURVEMILL_STEP_DONE;
 sumMMM:
-    r = sum3<true, true, true>(*s);
-    CURVEMILL_STEP_DONE;
-sumN:
-    r = sum(*s);
+    r = sum3<true, true, true>(*s->a, *s->b, *s->c);
     CURVEMILL_STEP_DONE;
 product2:
     r = *s->a * *s->b;
@@ -444,16 +473,19 @@ quotient:
     r = divideBy(*s->a, *s->b, indefinite);
     CURVEMILL_STEP_DONE;
 product3MM:
-    r = product3<false, false>(*s, indefinite);
+    r = product3<false, false>(*s->a, *s->b, *s->c, indefinite);
     CURVEMILL_STEP_DONE;
 product3MD:
-    r = product3<false, true>(*s, indefinite);
+    r = product3<false, true>(*s->a, *s->b, *s->c, indefinite);
     CURVEMILL_STEP_DONE;
 product3DM:
-    r = product3<true, false>(*s, indefinite);
+    r = product3<true, false>(*s->a, *s->b, *s->c, indefinite);
     CURVEMILL_STEP_DONE;
 product3DD:
-    r = product3<true, true>(*s, indefinite);
+    r = product3<true, true>(*s->a, *s->b, *s->c, indefinite);
+    CURVEMILL_STEP_DONE;
+sumN:
+    r = sum(*s);
     CURVEMILL_STEP_DONE;
 productN:
     r = product(*s, indefinite);
