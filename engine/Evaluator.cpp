@@ -86,12 +86,6 @@ constexpr int code(Operation operation, int by = 0) {
     return static_cast<int>(operation) + by;
 }
 
-// What running the steps gives: the last step's value and whether any step was indefinite.
-struct Outcome {
-    double value;
-    bool indefinite;
-};
-
 // -v as a number of its own. A compiler turns t + (-v) into t - v, which on x86 hands on a NaN
 // operand as it is instead of with its sign flipped, and the rewriting algorithm negates the term
 // first; the empty asm hides the negation from that folding.
@@ -339,10 +333,11 @@ inline double checked(bool inside, double value, bool& indefinite) {
     return value;
 }
 
-// Threaded dispatch: each step holds the address of its operation's code and ends in a jump to the
-// next step's, so no loop test, range check or table look-up runs between steps; the plan ends
-// with a kEnd step. (Labels as values are a GCC and Clang extension.)
-Outcome runSteps(ExpressionSlot& slot, double x, double y, double logFactor) {
+// Formula::evaluate itself, in one function with the steps' code. Threaded dispatch: each step
+// holds the address of its operation's code and ends in a jump to the next step's, so no loop
+// test, range check or table look-up runs between steps; the plan ends with a kEnd step. (Labels
+// as values are a GCC and Clang extension.)
+double evaluateSlot(Formula& formula, double x, int slotIndex, double y) {
     // clang-format off
     static const void* const kCode[] = {
         &&copy, &&sinStep, &&cosStep, &&tanStep, &&atanStep,
@@ -358,12 +353,27 @@ Outcome runSteps(ExpressionSlot& slot, double x, double y, double logFactor) {
     };
     // clang-format on
     static_assert(std::size(kCode) == code(Operation::kEnd) + 1);
+    formula.indefinite = false;
+    if (!formula.keepComputing.load(std::memory_order_relaxed)) {
+        formula.indefinite = true;
+        return 0.0;
+    }
+    if (slotIndex == kCurrentSlot) {
+        slotIndex = formula.useSecondFunction ? kSecondFunctionSlot : kFunctionSlot;
+    }
+    if (slotIndex < 0 || slotIndex >= static_cast<int>(formula.slots.size())) {
+        return 0.0;
+    }
+    ExpressionSlot& slot = formula.slots[static_cast<std::size_t>(slotIndex)];
+    if (!slot.plan.valid) {
+        return 0.0;  // nothing prepared: the rewriting algorithm finds an empty text too
+    }
     if (slot.plan.resolvedFor != &slot) {
         resolve(slot, kCode);
     }
     slot.inputs[kInputX] = x;
     slot.inputs[kInputY] = y;
-    slot.inputs[kInputLogFactor] = logFactor;
+    slot.inputs[kInputLogFactor] = formula.logFactor;
     const ResolvedStep* s = slot.plan.resolvedSteps.data();
     double r = 0.0;
     bool indefinite = false;
@@ -510,32 +520,15 @@ factorial:
     CURVEMILL_STEP_DONE;
 end:
 #undef CURVEMILL_STEP_DONE
-    return {r, indefinite};
+    formula.indefinite = indefinite;
+    // The last step computed the outer pair, values[0]; its result is still in a register.
+    return slot.plan.reachesOuterPair ? r : 0.0;
 }
 
 }  // namespace
 
 double Formula::evaluate(double x, int slotIndex, double y) {
-    indefinite = false;
-    if (!keepComputing.load(std::memory_order_relaxed)) {
-        indefinite = true;
-        return 0.0;
-    }
-    if (slotIndex == kCurrentSlot) {
-        slotIndex = useSecondFunction ? kSecondFunctionSlot : kFunctionSlot;
-    }
-    if (slotIndex < 0 || slotIndex >= static_cast<int>(slots.size())) {
-        return 0.0;
-    }
-    ExpressionSlot& slot = slots[static_cast<std::size_t>(slotIndex)];
-    EvaluationPlan& plan = slot.plan;
-    if (!plan.valid) {
-        return 0.0;  // nothing prepared: the rewriting algorithm finds an empty text too
-    }
-    // The last step computed the outer pair, values[0]; its result is still in a register.
-    const Outcome outcome = runSteps(slot, x, y, logFactor);
-    indefinite = outcome.indefinite;
-    return plan.reachesOuterPair ? outcome.value : 0.0;
+    return evaluateSlot(*this, x, slotIndex, y);
 }
 
 }  // namespace curvemill
