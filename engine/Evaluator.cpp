@@ -81,22 +81,9 @@ enum class Operation : std::uint8_t {
     kEnd,  // after the last step
 };
 
-// The step code of an operation, or of the variant `by` places after it.
-constexpr int code(Operation operation, int by = 0) {
-    return static_cast<int>(operation) + by;
-}
-
-// -v as a number of its own. A compiler turns t + (-v) into t - v, which on x86 hands on a NaN
-// operand as it is instead of with its sign flipped, and the rewriting algorithm negates the term
-// first; the empty asm hides the negation from that folding.
-inline double negated(double v) {
-    double n = -v;
-#if defined(__x86_64__) || defined(__i386__)
-    asm("" : "+x"(n));
-#else
-    asm("" : "+m"(n));
-#endif
-    return n;
+// The operation's index in the dispatch's table of code addresses.
+constexpr int code(Operation operation) {
+    return static_cast<int>(operation);
 }
 
 template <bool Negated>
