@@ -79,9 +79,7 @@ class TwoDGraphDialogTest : public QObject {
         for (int id : {1000, 1002, 1003}) {
             QCOMPARE(control<QLineEdit>(*dialog, id)->maxLength(), 70);
         }
-        for (int id : {1049, 1027, 1012, 1, 1014, 2}) {
-            control(*dialog, id);
-        }
+        control(*dialog, twod_ids::kUsePrompts);
         QCOMPARE(control<QLabel>(*dialog, 1031)->text(), u"100000 Points"_s);
         QVERIFY(control(*dialog, 1037)->isHidden());
         // Without a history there is nothing to show.
@@ -219,9 +217,8 @@ class TwoDGraphDialogTest : public QObject {
         QVERIFY(!pressOk(*dialog, [] { fedisableexcept(FE_ALL_EXCEPT); }));
         fedisableexcept(FE_ALL_EXCEPT);
         QVERIFY(!dialog->isRunning());
-        QCOMPARE(reporter.names.size(), std::size_t(1));
-        QVERIFY(reporter.names[0] == kProcTwoDGraphDialog);
-        QCOMPARE(reporter.codes[0], kCodeInvalidFloat);
+        QVERIFY((reporter.names == std::vector<ProcedureName>{kProcTwoDGraphDialog}));
+        QVERIFY((reporter.codes == std::vector<FailureCode>{kCodeInvalidFloat}));
     }
 
     void logFormulaAsksForTheBaseFirst() {
