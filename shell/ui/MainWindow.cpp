@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QProcess>
@@ -46,7 +47,8 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     progress_->setValue(0);
     progress_->setTextVisible(false);
     statusBar()->addPermanentWidget(progress_);
-    statusBar()->showMessage(QStringLiteral("Ready"));
+    // A widget rather than a message: menu status tips would wipe a message for good.
+    statusBar()->addWidget(new QLabel(QStringLiteral("Ready"), statusBar()), 1);
 
     refreshCommands();
 }
