@@ -182,7 +182,9 @@ class LiteralRun {
         double total = 0.0;
         int j = text_[open + 1] == '-' ? open + 2 : open + 1;
         for (;;) {
-            double term = operand(j);
+            // volatile: negate, then add, as written. A compiler may otherwise fold t + (-v) into
+            // t - v, which hands a NaN's sign on unchanged where the negation would flip it.
+            volatile double term = operand(j);
             if (text_[j - 1] == '-') {
                 term = -term;
             }
