@@ -30,4 +30,25 @@ inline double negated(double v) {
     return n;
 }
 
+// total + v and total * v with the running total as the first operand: when both are NaN, x86
+// hands on the first, so the order must not be left to the compiler (which may swap the operands
+// of + and * as it sees fit).
+inline double added(double total, double v) {
+#if defined(__x86_64__) || defined(__i386__)
+    asm("addsd %1, %0" : "+x"(total) : "x"(v));
+    return total;
+#else
+    return total + v;
+#endif
+}
+
+inline double multiplied(double total, double v) {
+#if defined(__x86_64__) || defined(__i386__)
+    asm("mulsd %1, %0" : "+x"(total) : "x"(v));
+    return total;
+#else
+    return total * v;
+#endif
+}
+
 }  // namespace curvemill

@@ -87,6 +87,7 @@ struct ResolvedStep {
     const double* a = nullptr;
     const double* b = nullptr;
     const double* c = nullptr;
+    const double* d = nullptr;
     double* result = nullptr;
 };
 

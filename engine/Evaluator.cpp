@@ -66,11 +66,14 @@ enum class Operation : std::uint8_t {
     kSumPlusMinus,
     kSumMinusPlus,
     kSumMinusMinus,
-    kSum3,                 // three terms; +3 bits of signs, a's sign the highest
-    kProduct = kSum3 + 8,  // a*b
-    kQuotient,             // a/b
-    kProduct3,             // three factors; +2 bits: b divides, c divides
-    kSum = kProduct3 + 4,
+    kSum3,                               // three terms; +3 bits of signs, a's sign the highest
+    kSum4 = kSum3 + 8,                   // four terms; +4 bits of signs
+    kProduct = kSum4 + 16,               // a*b
+    kQuotient,                           // a/b
+    kProduct3,                           // three factors; +2 bits: b divides, c divides
+    kSumPlusPlusOfLast = kProduct3 + 4,  // the short sums and products again, their last operand
+                                         // the last step's result, still in a register
+    kSum = kSumPlusPlusOfLast + (kSumPlusPlusOfLast - kSumPlusPlus),
     kProductN,
     kSquare,            // a constant exponent 2
     kPowerWhole,        // another constant whole exponent
@@ -93,19 +96,24 @@ inline double term(double v) {
 
 template <bool NegateA, bool NegateB>
 inline double sum2(double a, double b) {
-    return (0.0 + term<NegateA>(a)) + term<NegateB>(b);
+    return added(added(0.0, term<NegateA>(a)), term<NegateB>(b));
 }
 
 template <bool NegateA, bool NegateB, bool NegateC>
 inline double sum3(double a, double b, double c) {
-    return ((0.0 + term<NegateA>(a)) + term<NegateB>(b)) + term<NegateC>(c);
+    return added(sum2<NegateA, NegateB>(a, b), term<NegateC>(c));
+}
+
+template <bool NegateA, bool NegateB, bool NegateC, bool NegateD>
+inline double sum4(double a, double b, double c, double d) {
+    return added(sum3<NegateA, NegateB, NegateC>(a, b, c), term<NegateD>(d));
 }
 
 double sum(const ResolvedStep& s) {
     double total = 0.0;
     const ResolvedOperand* op = s.operands;
     for (const ResolvedOperand* end = op + s.count; op != end; ++op) {
-        total += op->inverted ? negated(*op->number) : *op->number;
+        total = added(total, op->inverted ? negated(*op->number) : *op->number);
     }
     return total;
 }
@@ -122,20 +130,21 @@ inline double divideBy(double total, double factor, bool& indefinite) {
     } else {
         factor = 1.0 / factor;
     }
-    return total * factor;
+    return multiplied(total, factor);
 }
 
 template <bool DivideB, bool DivideC>
 inline double product3(double a, double b, double c, bool& indefinite) {
-    double total = DivideB ? divideBy(a, b, indefinite) : a * b;
-    return DivideC ? divideBy(total, c, indefinite) : total * c;
+    const double total = DivideB ? divideBy(a, b, indefinite) : multiplied(a, b);
+    return DivideC ? divideBy(total, c, indefinite) : multiplied(total, c);
 }
 
 double product(const ResolvedStep& s, bool& indefinite) {
     double total = 1.0;
     const ResolvedOperand* op = s.operands;
     for (const ResolvedOperand* end = op + s.count; op != end; ++op) {
-        total = op->inverted ? divideBy(total, *op->number, indefinite) : total * *op->number;
+        total = op->inverted ? divideBy(total, *op->number, indefinite)
+                             : multiplied(total, *op->number);
     }
     return total;
 }
@@ -223,6 +232,10 @@ Operation operationFor(const PlanStep& step, const PlanOperand* ops, const doubl
                 return offset(Operation::kSum3,
                               ops[0].inverted * 4 + ops[1].inverted * 2 + ops[2].inverted);
             }
+            if (step.count == 4) {
+                return offset(Operation::kSum4, ops[0].inverted * 8 + ops[1].inverted * 4 +
+                                                    ops[2].inverted * 2 + ops[3].inverted);
+            }
             return Operation::kSum;
         case StepKind::kProduct:
             // The first factor follows the opening bracket, never a '/'.
@@ -262,14 +275,15 @@ bool isResultOf(const PlanOperand& op, const PlanStep& step) {
     return op.source == written && op.index == step.target;
 }
 
-// The variant of a function that takes its argument from the last step's result, if any. (Sums
-// and products have none: with an operand in a register the compiler may swap the operands of
-// + and *, and when both are NaN, x86 gives the first one, so the bits could differ from the
-// algorithm's.)
+// The variant of `operation` that takes its last operand from the last step's result, if any.
 Operation ofLast(Operation operation) {
     const int c = code(operation);
     if (c >= code(Operation::kSin) && c < code(Operation::kSinOfLast)) {
         return offset(operation, code(Operation::kSinOfLast) - code(Operation::kSin));
+    }
+    if (c >= code(Operation::kSumPlusPlus) && c < code(Operation::kSumPlusPlusOfLast)) {
+        return offset(operation,
+                      code(Operation::kSumPlusPlusOfLast) - code(Operation::kSumPlusPlus));
     }
     return operation;
 }
@@ -294,7 +308,7 @@ Operation ofLast(Operation operation) {
         const PlanOperand* ops = plan.operands.data() + step.first;
         Operation operation = operationFor(step, ops, slot.constants.data());
         if (i > 0 && step.count > 0 && isResultOf(ops[step.count - 1], plan.steps[i - 1])) {
-            // The argument is still in a register.
+            // The last operand is still in a register.
             operation = ofLast(operation);
         }
         resolved.code = entries[code(operation)];
@@ -304,6 +318,7 @@ Operation ofLast(Operation operation) {
         resolved.a = step.count > 0 ? numberOf(ops[0], slot) : zero;
         resolved.b = step.count > 1 ? numberOf(ops[1], slot) : zero;
         resolved.c = step.count > 2 ? numberOf(ops[2], slot) : zero;
+        resolved.d = step.count > 3 ? numberOf(ops[3], slot) : zero;
         resolved.result = step.kind == StepKind::kFunction ? &slot.functionValues[step.target]
                                                            : &slot.values[step.target];
         if (step.kind == StepKind::kFunction && step.function == PlanFunction::kLog) {
@@ -333,8 +348,18 @@ double evaluateSlot(Formula& formula, double x, int slotIndex, double y) {
         &&acosOfLast, &&lnOfLast, &&logOfLast, &&sqrtOfLast, &&sumPP,
         &&sumPM, &&sumMP, &&sumMM, &&sumPPP, &&sumPPM,
         &&sumPMP, &&sumPMM, &&sumMPP, &&sumMPM, &&sumMMP,
-        &&sumMMM, &&product2, &&quotient, &&product3MM, &&product3MD,
-        &&product3DM, &&product3DD, &&sumN, &&productN, &&square,
+        &&sumMMM, &&sumPPPP, &&sumPPPM, &&sumPPMP, &&sumPPMM,
+        &&sumPMPP, &&sumPMPM, &&sumPMMP, &&sumPMMM, &&sumMPPP,
+        &&sumMPPM, &&sumMPMP, &&sumMPMM, &&sumMMPP, &&sumMMPM,
+        &&sumMMMP, &&sumMMMM, &&product2, &&quotient, &&product3MM,
+        &&product3MD, &&product3DM, &&product3DD, &&sumPPOfLast, &&sumPMOfLast,
+        &&sumMPOfLast, &&sumMMOfLast, &&sumPPPOfLast, &&sumPPMOfLast, &&sumPMPOfLast,
+        &&sumPMMOfLast, &&sumMPPOfLast, &&sumMPMOfLast, &&sumMMPOfLast, &&sumMMMOfLast,
+        &&sumPPPPOfLast, &&sumPPPMOfLast, &&sumPPMPOfLast, &&sumPPMMOfLast, &&sumPMPPOfLast,
+        &&sumPMPMOfLast, &&sumPMMPOfLast, &&sumPMMMOfLast, &&sumMPPPOfLast, &&sumMPPMOfLast,
+        &&sumMPMPOfLast, &&sumMPMMOfLast, &&sumMMPPOfLast, &&sumMMPMOfLast, &&sumMMMPOfLast,
+        &&sumMMMMOfLast, &&product2OfLast, &&quotientOfLast, &&product3MMOfLast, &&product3MDOfLast,
+        &&product3DMOfLast, &&product3DDOfLast, &&sumN, &&productN, &&square,
         &&powerWhole, &&powerIndependent, &&powerDependent, &&powerChainStep, &&factorial,
         &&end,
     };
@@ -463,8 +488,56 @@ sumMMP:
 sumMMM:
     r = sum3<true, true, true>(*s->a, *s->b, *s->c);
     CURVEMILL_STEP_DONE;
+sumPPPP:
+    r = sum4<false, false, false, false>(*s->a, *s->b, *s->c, *s->d);
+    CURVEMILL_STEP_DONE;
+sumPPPM:
+    r = sum4<false, false, false, true>(*s->a, *s->b, *s->c, *s->d);
+    CURVEMILL_STEP_DONE;
+sumPPMP:
+    r = sum4<false, false, true, false>(*s->a, *s->b, *s->c, *s->d);
+    CURVEMILL_STEP_DONE;
+sumPPMM:
+    r = sum4<false, false, true, true>(*s->a, *s->b, *s->c, *s->d);
+    CURVEMILL_STEP_DONE;
+sumPMPP:
+    r = sum4<false, true, false, false>(*s->a, *s->b, *s->c, *s->d);
+    CURVEMILL_STEP_DONE;
+sumPMPM:
+    r = sum4<false, true, false, true>(*s->a, *s->b, *s->c, *s->d);
+    CURVEMILL_STEP_DONE;
+sumPMMP:
+    r = sum4<false, true, true, false>(*s->a, *s->b, *s->c, *s->d);
+    CURVEMILL_STEP_DONE;
+sumPMMM:
+    r = sum4<false, true, true, true>(*s->a, *s->b, *s->c, *s->d);
+    CURVEMILL_STEP_DONE;
+sumMPPP:
+    r = sum4<true, false, false, false>(*s->a, *s->b, *s->c, *s->d);
+    CURVEMILL_STEP_DONE;
+sumMPPM:
+    r = sum4<true, false, false, true>(*s->a, *s->b, *s->c, *s->d);
+    CURVEMILL_STEP_DONE;
+sumMPMP:
+    r = sum4<true, false, true, false>(*s->a, *s->b, *s->c, *s->d);
+    CURVEMILL_STEP_DONE;
+sumMPMM:
+    r = sum4<true, false, true, true>(*s->a, *s->b, *s->c, *s->d);
+    CURVEMILL_STEP_DONE;
+sumMMPP:
+    r = sum4<true, true, false, false>(*s->a, *s->b, *s->c, *s->d);
+    CURVEMILL_STEP_DONE;
+sumMMPM:
+    r = sum4<true, true, false, true>(*s->a, *s->b, *s->c, *s->d);
+    CURVEMILL_STEP_DONE;
+sumMMMP:
+    r = sum4<true, true, true, false>(*s->a, *s->b, *s->c, *s->d);
+    CURVEMILL_STEP_DONE;
+sumMMMM:
+    r = sum4<true, true, true, true>(*s->a, *s->b, *s->c, *s->d);
+    CURVEMILL_STEP_DONE;
 product2:
-    r = *s->a * *s->b;
+    r = multiplied(*s->a, *s->b);
     CURVEMILL_STEP_DONE;
 quotient:
     r = divideBy(*s->a, *s->b, indefinite);
@@ -480,6 +553,108 @@ product3DM:
     CURVEMILL_STEP_DONE;
 product3DD:
     r = product3<true, true>(*s->a, *s->b, *s->c, indefinite);
+    CURVEMILL_STEP_DONE;
+sumPPOfLast:
+    r = sum2<false, false>(*s->a, r);
+    CURVEMILL_STEP_DONE;
+sumPMOfLast:
+    r = sum2<false, true>(*s->a, r);
+    CURVEMILL_STEP_DONE;
+sumMPOfLast:
+    r = sum2<true, false>(*s->a, r);
+    CURVEMILL_STEP_DONE;
+sumMMOfLast:
+    r = sum2<true, true>(*s->a, r);
+    CURVEMILL_STEP_DONE;
+sumPPPOfLast:
+    r = sum3<false, false, false>(*s->a, *s->b, r);
+    CURVEMILL_STEP_DONE;
+sumPPMOfLast:
+    r = sum3<false, false, true>(*s->a, *s->b, r);
+    CURVEMILL_STEP_DONE;
+sumPMPOfLast:
+    r = sum3<false, true, false>(*s->a, *s->b, r);
+    CURVEMILL_STEP_DONE;
+sumPMMOfLast:
+    r = sum3<false, true, true>(*s->a, *s->b, r);
+    CURVEMILL_STEP_DONE;
+sumMPPOfLast:
+    r = sum3<true, false, false>(*s->a, *s->b, r);
+    CURVEMILL_STEP_DONE;
+sumMPMOfLast:
+    r = sum3<true, false, true>(*s->a, *s->b, r);
+    CURVEMILL_STEP_DONE;
+sumMMPOfLast:
+    r = sum3<true, true, false>(*s->a, *s->b, r);
+    CURVEMILL_STEP_DONE;
+sumMMMOfLast:
+    r = sum3<true, true, true>(*s->a, *s->b, r);
+    CURVEMILL_STEP_DONE;
+sumPPPPOfLast:
+    r = sum4<false, false, false, false>(*s->a, *s->b, *s->c, r);
+    CURVEMILL_STEP_DONE;
+sumPPPMOfLast:
+    r = sum4<false, false, false, true>(*s->a, *s->b, *s->c, r);
+    CURVEMILL_STEP_DONE;
+sumPPMPOfLast:
+    r = sum4<false, false, true, false>(*s->a, *s->b, *s->c, r);
+    CURVEMILL_STEP_DONE;
+sumPPMMOfLast:
+    r = sum4<false, false, true, true>(*s->a, *s->b, *s->c, r);
+    CURVEMILL_STEP_DONE;
+sumPMPPOfLast:
+    r = sum4<false, true, false, false>(*s->a, *s->b, *s->c, r);
+    CURVEMILL_STEP_DONE;
+sumPMPMOfLast:
+    r = sum4<false, true, false, true>(*s->a, *s->b, *s->c, r);
+    CURVEMILL_STEP_DONE;
+sumPMMPOfLast:
+    r = sum4<false, true, true, false>(*s->a, *s->b, *s->c, r);
+    CURVEMILL_STEP_DONE;
+sumPMMMOfLast:
+    r = sum4<false, true, true, true>(*s->a, *s->b, *s->c, r);
+    CURVEMILL_STEP_DONE;
+sumMPPPOfLast:
+    r = sum4<true, false, false, false>(*s->a, *s->b, *s->c, r);
+    CURVEMILL_STEP_DONE;
+sumMPPMOfLast:
+    r = sum4<true, false, false, true>(*s->a, *s->b, *s->c, r);
+    CURVEMILL_STEP_DONE;
+sumMPMPOfLast:
+    r = sum4<true, false, true, false>(*s->a, *s->b, *s->c, r);
+    CURVEMILL_STEP_DONE;
+sumMPMMOfLast:
+    r = sum4<true, false, true, true>(*s->a, *s->b, *s->c, r);
+    CURVEMILL_STEP_DONE;
+sumMMPPOfLast:
+    r = sum4<true, true, false, false>(*s->a, *s->b, *s->c, r);
+    CURVEMILL_STEP_DONE;
+sumMMPMOfLast:
+    r = sum4<true, true, false, true>(*s->a, *s->b, *s->c, r);
+    CURVEMILL_STEP_DONE;
+sumMMMPOfLast:
+    r = sum4<true, true, true, false>(*s->a, *s->b, *s->c, r);
+    CURVEMILL_STEP_DONE;
+sumMMMMOfLast:
+    r = sum4<true, true, true, true>(*s->a, *s->b, *s->c, r);
+    CURVEMILL_STEP_DONE;
+product2OfLast:
+    r = multiplied(*s->a, r);
+    CURVEMILL_STEP_DONE;
+quotientOfLast:
+    r = divideBy(*s->a, r, indefinite);
+    CURVEMILL_STEP_DONE;
+product3MMOfLast:
+    r = product3<false, false>(*s->a, *s->b, r, indefinite);
+    CURVEMILL_STEP_DONE;
+product3MDOfLast:
+    r = product3<false, true>(*s->a, *s->b, r, indefinite);
+    CURVEMILL_STEP_DONE;
+product3DMOfLast:
+    r = product3<true, false>(*s->a, *s->b, r, indefinite);
+    CURVEMILL_STEP_DONE;
+product3DDOfLast:
+    r = product3<true, true>(*s->a, *s->b, r, indefinite);
     CURVEMILL_STEP_DONE;
 sumN:
     r = sum(*s);
