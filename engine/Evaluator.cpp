@@ -340,6 +340,7 @@ inline double checked(bool inside, double value, bool& indefinite) {
 // test, range check or table look-up runs between steps; the plan ends with a kEnd step. (Labels
 // as values are a GCC and Clang extension.)
 double evaluateSlot(Formula& formula, double x, int slotIndex, double y) {
+    // The code of each Operation, in the enumeration's order.
     // clang-format off
     static const void* const kCode[] = {
         &&copy, &&sinStep, &&cosStep, &&tanStep, &&atanStep,
