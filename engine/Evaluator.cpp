@@ -247,8 +247,11 @@ Operation operationFor(const PlanStep& step, const PlanOperand* ops, const doubl
             }
             return Operation::kProductN;
         case StepKind::kPower:
-            // Constants never change once the plan is built.
-            if (step.count == 2 && ops[1].source == OperandSource::kConstants) {
+            // Constants never change once the plan is built. A bracket that reads only a number
+            // can still mention x in its text (a number before asin( or ln( hides the function),
+            // and such an exponent keeps the dependent rule.
+            if (step.count == 2 && ops[1].source == OperandSource::kConstants &&
+                ops[1].independent) {
                 const double exponent = constants[ops[1].index];
                 if (exponent == 2.0) {
                     return Operation::kSquare;
