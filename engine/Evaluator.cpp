@@ -91,29 +91,29 @@ constexpr int code(Operation operation) {
 
 template <bool Negated>
 inline double term(double v) {
-    return Negated ? negated(v) : v;
+    return Negated ? -v : v;
 }
 
 template <bool NegateA, bool NegateB>
 inline double sum2(double a, double b) {
-    return added(added(0.0, term<NegateA>(a)), term<NegateB>(b));
+    return (0.0 + term<NegateA>(a)) + term<NegateB>(b);
 }
 
 template <bool NegateA, bool NegateB, bool NegateC>
 inline double sum3(double a, double b, double c) {
-    return added(sum2<NegateA, NegateB>(a, b), term<NegateC>(c));
+    return sum2<NegateA, NegateB>(a, b) + term<NegateC>(c);
 }
 
 template <bool NegateA, bool NegateB, bool NegateC, bool NegateD>
 inline double sum4(double a, double b, double c, double d) {
-    return added(sum3<NegateA, NegateB, NegateC>(a, b, c), term<NegateD>(d));
+    return sum3<NegateA, NegateB, NegateC>(a, b, c) + term<NegateD>(d);
 }
 
 double sum(const ResolvedStep& s) {
     double total = 0.0;
     const ResolvedOperand* op = s.operands;
     for (const ResolvedOperand* end = op + s.count; op != end; ++op) {
-        total = added(total, op->inverted ? negated(*op->number) : *op->number);
+        total = total + (op->inverted ? -*op->number : *op->number);
     }
     return total;
 }
@@ -130,21 +130,20 @@ inline double divideBy(double total, double factor, bool& indefinite) {
     } else {
         factor = 1.0 / factor;
     }
-    return multiplied(total, factor);
+    return total * factor;
 }
 
 template <bool DivideB, bool DivideC>
 inline double product3(double a, double b, double c, bool& indefinite) {
-    const double total = DivideB ? divideBy(a, b, indefinite) : multiplied(a, b);
-    return DivideC ? divideBy(total, c, indefinite) : multiplied(total, c);
+    const double total = DivideB ? divideBy(a, b, indefinite) : a * b;
+    return DivideC ? divideBy(total, c, indefinite) : total * c;
 }
 
 double product(const ResolvedStep& s, bool& indefinite) {
     double total = 1.0;
     const ResolvedOperand* op = s.operands;
     for (const ResolvedOperand* end = op + s.count; op != end; ++op) {
-        total = op->inverted ? divideBy(total, *op->number, indefinite)
-                             : multiplied(total, *op->number);
+        total = op->inverted ? divideBy(total, *op->number, indefinite) : total * *op->number;
     }
     return total;
 }
@@ -541,7 +540,7 @@ sumMMMM:
     r = sum4<true, true, true, true>(*s->a, *s->b, *s->c, *s->d);
     CURVEMILL_STEP_DONE;
 product2:
-    r = multiplied(*s->a, *s->b);
+    r = *s->a * *s->b;
     CURVEMILL_STEP_DONE;
 quotient:
     r = divideBy(*s->a, *s->b, indefinite);
@@ -643,7 +642,7 @@ sumMMMMOfLast:
     r = sum4<true, true, true, true>(*s->a, *s->b, *s->c, r);
     CURVEMILL_STEP_DONE;
 product2OfLast:
-    r = multiplied(*s->a, r);
+    r = *s->a * r;
     CURVEMILL_STEP_DONE;
 quotientOfLast:
     r = divideBy(*s->a, r, indefinite);
