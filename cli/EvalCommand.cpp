@@ -1,3 +1,4 @@
+#include <cmath>
 #include <cstdio>
 
 #include "cli/Command.h"
@@ -56,7 +57,8 @@ int runEval(const ParsedArguments& arguments, std::ostream& out, std::ostream& e
         out << "INDEFINITE\n";
     } else {
         char buffer[64];
-        std::snprintf(buffer, sizeof buffer, "%.17g", value);
+        // A NaN's sign is the processor's choice of operand and means nothing: always "nan".
+        std::snprintf(buffer, sizeof buffer, "%.17g", std::isnan(value) ? std::fabs(value) : value);
         out << buffer << '\n';
     }
     return kExitOk;
