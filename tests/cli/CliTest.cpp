@@ -76,7 +76,7 @@ INSTANTIATE_TEST_SUITE_P(
         CliCase{{"eval", "--log-base", "100", "log(10000)", "0"}, "2\n", 0},
         CliCase{{"eval", "--log-base=0", "log(10)", "0"}, "-0\n", 0},
         CliCase{{"eval", "(-2)^x", "2"}, "INDEFINITE\n", 0},
-        CliCase{{"eval", "--", "-(e^1000-e^1000)", "1"}, "nan\n", 0},
+        CliCase{{"eval", "e^1000-e^1000", "1"}, "nan\n", 0},
         CliCase{{"eval", "2x", "1"}, "INVALID ENTRY\n", 1},
         CliCase{{"eval", "x", "2*x"}, "ERROR IN X EDIT BOX:\nNUMBER IS NOT A CONSTANT\n", 1},
         CliCase{{"eval", "x", ""}, "ERROR IN X EDIT BOX:\nBOX IS EMPTY\n", 1},
