@@ -187,29 +187,14 @@ const double* numberOf(const PlanOperand& op, ExpressionSlot& slot) {
     return &slot.inputs[kInputZero];
 }
 
+// The nine function operations follow kCopy in the order of PlanFunction, whose kNone is a copy.
+static_assert(static_cast<int>(Operation::kSin) - static_cast<int>(Operation::kCopy) ==
+              static_cast<int>(PlanFunction::kSin));
+static_assert(static_cast<int>(Operation::kSqrt) - static_cast<int>(Operation::kCopy) ==
+              static_cast<int>(PlanFunction::kSqrt));
+
 Operation functionOperation(PlanFunction function) {
-    switch (function) {
-        case PlanFunction::kSin:
-            return Operation::kSin;
-        case PlanFunction::kCos:
-            return Operation::kCos;
-        case PlanFunction::kTan:
-            return Operation::kTan;
-        case PlanFunction::kAtan:
-            return Operation::kAtan;
-        case PlanFunction::kAsin:
-            return Operation::kAsin;
-        case PlanFunction::kAcos:
-            return Operation::kAcos;
-        case PlanFunction::kLn:
-            return Operation::kLn;
-        case PlanFunction::kLog:
-            return Operation::kLog;
-        case PlanFunction::kSqrt:
-        case PlanFunction::kNone:
-            break;
-    }
-    return Operation::kSqrt;
+    return static_cast<Operation>(static_cast<int>(Operation::kCopy) + static_cast<int>(function));
 }
 
 Operation offset(Operation first, int by) {
