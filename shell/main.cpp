@@ -1,7 +1,7 @@
 // Program entry: fault translation first, then the application object and its start-up.
-#include "shell/FaultTranslation.h"
+#include "failure/FaultTranslation.h"
+#include "failure/ui/GuardedApplication.h"
 #include "shell/ui/Application.h"
-#include "shell/ui/GuardedApplication.h"
 
 int main(int argc, char* argv[]) {
     curvemill::installFaultTranslation();

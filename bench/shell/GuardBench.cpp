@@ -1,7 +1,7 @@
 // The cost the failure guard adds to every delivered event: entering and leaving one guard.
 #include <benchmark/benchmark.h>
 
-#include "shell/FailureGuard.h"
+#include "failure/FailureGuard.h"
 
 namespace {
 

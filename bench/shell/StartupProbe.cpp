@@ -1,7 +1,7 @@
 // The program's start-up with one difference: it quits as soon as the title page has been painted.
-#include "shell/FaultTranslation.h"
+#include "failure/FaultTranslation.h"
+#include "failure/ui/GuardedApplication.h"
 #include "shell/ui/Application.h"
-#include "shell/ui/GuardedApplication.h"
 
 int main(int argc, char* argv[]) {
     curvemill::installFaultTranslation();

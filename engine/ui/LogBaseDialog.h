@@ -3,7 +3,7 @@
 
 #include <QDialog>
 
-#include "shell/ProcedureNames.h"
+#include "failure/ProcedureNames.h"
 
 class QLineEdit;
 class QRadioButton;

@@ -1,6 +1,7 @@
 #include "graph2d/ui/TwoDGraphDialog.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -19,7 +20,7 @@
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphPointsSpin.h"
-#include "shell/FailureGuard.h"
+#include "worker/ui/Worker.h"
 
 namespace curvemill {
 
@@ -35,26 +36,32 @@ QString idName(int id) {
 }  // namespace
 
 TwoDGraphDialog::TwoDGraphDialog(TwoDGraphRole role, Formula& formula, TwoDGraph& graph,
-                                 GraphView& view, FailureReporter& reporter, QWidget* parent)
-    : QDialog(parent),
-      role_(role),
-      formula_(formula),
-      graph_(graph),
-      view_(view),
-      reporter_(reporter) {
+                                 GraphView& view, Worker& worker, QWidget* parent)
+    : QDialog(parent), role_(role), formula_(formula), graph_(graph), view_(view), worker_(worker) {
     setWindowTitle(role == TwoDGraphRole::Main ? QStringLiteral("Function")
                                                : QStringLiteral("Second Function"));
     buildControls();
     setHistoryHooks({});
     setRunning(false);
+    connect(&worker_, &Worker::progressChanged, this, [this](int percent) {
+        if (running_) {
+            progress_->setValue(percent);
+        }
+    });
+    connect(&worker_, &Worker::finished, this, [this](bool completed) {
+        if (running_) {
+            finishRun(completed);
+        }
+    });
 }
 
+// The job reads this dialog's members, so a run still going on must end first.
 TwoDGraphDialog::~TwoDGraphDialog() {
-    if (worker_.joinable()) {
-        stopRequested_ = true;
-        formula_.keepComputing = false;
-        worker_.join();
-        formula_.keepComputing = true;
+    if (running_) {
+        worker_.stop();
+        while (worker_.isBusy()) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
     }
 }
 
@@ -190,6 +197,14 @@ void TwoDGraphDialog::copyRangeFrom(const TwoDGraphDialog& other) {
     xEndEdit_->setText(other.xEndEdit_->text());
 }
 
+QString TwoDGraphDialog::formulaText() const {
+    return formulaEdit_->text();
+}
+
+void TwoDGraphDialog::setFormulaText(const QString& text) {
+    formulaEdit_->setText(text);
+}
+
 void TwoDGraphDialog::updatePointsLabel() {
     pointsLabel_->setText(
         QStringLiteral("%1 Points").arg(pointsSpin_->correctedValue() * kPointsUnit));
@@ -249,6 +264,10 @@ void TwoDGraphDialog::accept() {
     if (isRunning()) {
         return;
     }
+    if (worker_.isBusy()) {
+        QMessageBox::information(this, QString(), QString::fromLatin1(kMsgWorkerBusy));
+        return;
+    }
     const NumberReading xBegin = xBeginBox_.read(formula_);
     if (!xBegin.ok) {
         failEntry(xBegin.message, xBeginEdit_);
@@ -281,8 +300,10 @@ void TwoDGraphDialog::accept() {
     const int slot = role_ == TwoDGraphRole::Main ? kFunctionSlot : kSecondFunctionSlot;
     previousSlot_ = formula_.slots[slot];
     formula_.errorText.clear();
+    // Checked strictly, as every dialog checks: a text the lenient check lets through (an open
+    // bracket) would reach the history, and the history must hold only what it can read back.
     if (!prepareFormula(formula_, typed,
-                        role_ == TwoDGraphRole::Main ? kModeFunction : kModeSecondFunction, true)) {
+                        role_ == TwoDGraphRole::Main ? kModeFunction : kModeSecondFunction)) {
         if (formula_.errorText.empty()) {
             formulaEdit_->setFocus();
             return;
@@ -295,6 +316,7 @@ void TwoDGraphDialog::accept() {
 
 void TwoDGraphDialog::startRun(const std::string& typedFormula, double xBegin, double xEnd) {
     setRunning(true);
+    running_ = true;
     graph_.drawStep = 10;
     graph_.maxYRatio = 10;
     runFormulaText_ = typedFormula;
@@ -312,59 +334,52 @@ void TwoDGraphDialog::startRun(const std::string& typedFormula, double xBegin, d
     }
     previousXBegin_ = graph_.xBegin;
     previousXEnd_ = graph_.xEnd;
+    // Both curves always cover the graph's X range: a new range for one is a new range for both.
+    const bool otherExists =
+        role_ == TwoDGraphRole::Main ? graph_.hasSecond() : graph_.main.exists();
+    resampleOther_ =
+        otherExists &&
+        (role_ == TwoDGraphRole::Main || xBegin != graph_.xBegin || xEnd != graph_.xEnd ||
+         graph_.pointsPerRun != pointsSpin_->correctedValue() * kPointsUnit);
     graph_.xBegin = xBegin;
     graph_.xEnd = xEnd;
     graph_.pointsPerRun = pointsSpin_->correctedValue() * kPointsUnit;
     graph_.computingSecond = role_ == TwoDGraphRole::Second;
     formula_.useSecondFunction = role_ == TwoDGraphRole::Second;
-    stopRequested_ = false;
-    formula_.keepComputing = true;
 
-    worker_ = std::thread([this] {
-        int lastPercent = -1;
-        SamplingControl control;
-        control.stopRequested = &stopRequested_;
-        control.progress = [this, &lastPercent](int percent) {
-            if (percent == lastPercent) {
-                return;
-            }
-            lastPercent = percent;
-            QMetaObject::invokeMethod(
-                progress_,
-                [this, percent] {
-                    progress_->setValue(percent);
-                    Q_EMIT progressChanged(percent);
-                },
-                Qt::QueuedConnection);
-        };
-        bool completed = false;
-        const std::optional<Failure> failure = catchFailure(kProcTwoDGraphDialog, [&] {
-            completed = sampleCurve(graph_, formula_, control);
-            // A new main function over a new range takes the second function along with it.
-            if (completed && role_ == TwoDGraphRole::Main && graph_.hasSecond()) {
-                lastPercent = -1;
-                graph_.computingSecond = true;
-                formula_.useSecondFunction = true;
-                sampleCurve(graph_, formula_, control);
-            }
-        });
-        std::optional<FailureCode> code;
-        if (failure) {
-            code = failure->code;
-        }
-        QMetaObject::invokeMethod(
-            this, [this, completed, code] { finishRun(completed, code); }, Qt::QueuedConnection);
-    });
+    const bool started = worker_.start(kProcTwoDGraphDialog, formula_.keepComputing,
+                                       [this](const JobContext& context) {
+                                           control_.progress = context.progress;
+                                           return sampleOnWorker();
+                                       });
+    if (!started) {
+        // accept() checked the worker just before; nothing else can start it in between.
+        running_ = false;
+        setRunning(false);
+    }
 }
 
-void TwoDGraphDialog::finishRun(bool completed, std::optional<FailureCode> failure) {
-    worker_.join();
+// On the worker thread. Only the curves and the Formula are touched; the dialog's widgets are not.
+bool TwoDGraphDialog::sampleOnWorker() {
+    if (!sampleCurve(graph_, formula_, control_)) {
+        return false;
+    }
+    if (!resampleOther_) {
+        return true;
+    }
+    graph_.computingSecond = role_ == TwoDGraphRole::Main;
+    formula_.useSecondFunction = graph_.computingSecond;
+    const bool otherCompleted = sampleCurve(graph_, formula_, control_);
+    // A stopped run of the second function removes it (the sampler did); the main function stays
+    // as the new run left it. A stopped resampling of the main function leaves it on the old range,
+    // so the whole run counts as stopped.
+    return role_ == TwoDGraphRole::Main || otherCompleted;
+}
+
+void TwoDGraphDialog::finishRun(bool completed) {
+    running_ = false;
     formula_.useSecondFunction = false;
     graph_.computingSecond = false;
-    formula_.keepComputing = true;
-    if (failure) {
-        reporter_.reportFailure(kProcTwoDGraphDialog, *failure);
-    }
     setRunning(false);
     if (!completed) {
         graph_.xBegin = previousXBegin_;
@@ -372,6 +387,7 @@ void TwoDGraphDialog::finishRun(bool completed, std::optional<FailureCode> failu
         if (role_ == TwoDGraphRole::Main) {
             formula_.slots[kFunctionSlot] = previousSlot_;
         } else {
+            graph_.second.release();
             graph_.secondFormulaText.clear();
             Q_EMIT curvesChanged();
         }
@@ -394,8 +410,7 @@ void TwoDGraphDialog::finishRun(bool completed, std::optional<FailureCode> failu
 
 void TwoDGraphDialog::stop() {
     if (isRunning()) {
-        stopRequested_ = true;
-        formula_.keepComputing = false;
+        worker_.stop();
     }
 }
 

@@ -1,18 +1,15 @@
 // The "Function" dialog: X range, formula and number of points of a 2D graph, sampled on a worker.
 #pragma once
 
-#include <atomic>
 #include <functional>
-#include <optional>
 #include <string>
-#include <thread>
 
 #include <QDialog>
 
 #include "engine/ExpressionSlot.h"
 #include "engine/NumberEntry.h"
-#include "shell/FailureReporter.h"
-#include "shell/ProcedureNames.h"
+#include "failure/ProcedureNames.h"
+#include "graph2d/SamplingControl.h"
 
 class QCheckBox;
 class QLabel;
@@ -24,6 +21,7 @@ namespace curvemill {
 
 class Formula;
 class TwoDGraphPointsSpin;
+class Worker;
 struct GraphView;
 struct TwoDGraph;
 
@@ -46,6 +44,9 @@ inline constexpr int kHistoryList = 1037;
 
 inline constexpr const char* kMsgBeginNotLessThanEnd = "X_BEG MUST BE LESS THAN X_END";
 inline constexpr const char* kMsgSameFunction = "YOU MUST SELECT A DIFFERENT FUNCTION";
+// Our own: the one worker runs one computation at a time, and a second request is refused.
+inline constexpr const char* kMsgWorkerBusy =
+    "ANOTHER COMPUTATION IS RUNNING.\nWAIT FOR IT TO END OR STOP IT FIRST.";
 
 enum class TwoDGraphRole { Main, Second };
 
@@ -72,7 +73,7 @@ class TwoDGraphDialog : public QDialog, public FailureScope {
     Q_OBJECT
   public:
     TwoDGraphDialog(TwoDGraphRole role, Formula& formula, TwoDGraph& graph, GraphView& view,
-                    FailureReporter& reporter, QWidget* parent = nullptr);
+                    Worker& worker, QWidget* parent = nullptr);
     ~TwoDGraphDialog() override;
 
     ProcedureName procedureName() const override { return kProcTwoDGraphDialog; }
@@ -82,7 +83,10 @@ class TwoDGraphDialog : public QDialog, public FailureScope {
     TwoDGraphInput currentInput() const;
     // Takes the X range as typed in `other`: both functions are drawn over one X range.
     void copyRangeFrom(const TwoDGraphDialog& other);
-    bool isRunning() const { return worker_.joinable(); }
+    // The formula box alone, so the dialogs follow when the two functions are switched.
+    QString formulaText() const;
+    void setFormulaText(const QString& text);
+    bool isRunning() const { return running_; }
 
   public Q_SLOTS:
     void accept() override;
@@ -93,8 +97,6 @@ class TwoDGraphDialog : public QDialog, public FailureScope {
   Q_SIGNALS:
     // The worker has ended; `completed` is false when it was stopped.
     void runFinished(bool completed);
-    // Whole percent of the run done, for progress shown outside the dialog.
-    void progressChanged(int percent);
     // Curves were added or removed (derivative and integral erased, second function dropped).
     void curvesChanged();
     // A run completed and the view was reset to it: the graph is to be drawn.
@@ -107,13 +109,14 @@ class TwoDGraphDialog : public QDialog, public FailureScope {
     void setRunning(bool running);
     bool failEntry(const std::string& message, QLineEdit* box);
     void startRun(const std::string& typedFormula, double xBegin, double xEnd);
-    void finishRun(bool completed, std::optional<FailureCode> failure);
+    bool sampleOnWorker();
+    void finishRun(bool completed);
 
     TwoDGraphRole role_;
     Formula& formula_;
     TwoDGraph& graph_;
     GraphView& view_;
-    FailureReporter& reporter_;
+    Worker& worker_;
     TwoDGraphHistoryHooks hooks_;
 
     QLineEdit* xBeginEdit_ = nullptr;
@@ -133,9 +136,12 @@ class TwoDGraphDialog : public QDialog, public FailureScope {
     NumberBox xBeginBox_{"X_BEG"};
     NumberBox xEndBox_{"X_END"};
 
-    std::thread worker_;
-    // Set by Stop, polled by the sampler once per regular sample.
-    std::atomic<bool> stopRequested_{false};
+    // This dialog's own run is on the worker (another window's may be).
+    bool running_ = false;
+    // Lives here, not on the worker's stack: a fault there leaves the job without unwinding.
+    SamplingControl control_;
+    // The run changed the X range, so the curve not typed here is sampled again to cover it.
+    bool resampleOther_ = false;
     // What a stopped main run puts back, so the old graph stays whole: its formula slot and range.
     ExpressionSlot previousSlot_;
     double previousXBegin_ = 0.0;

@@ -7,10 +7,10 @@
 #include <QMessageBox>
 #include <QUrl>
 
+#include "failure/FailureGuard.h"
 #include "history/EntriesFile.h"
 #include "history/ui/HistoryWindow.h"
 #include "history/ui/LoadingDialog.h"
-#include "shell/FailureGuard.h"
 
 namespace curvemill {
 namespace {

@@ -7,8 +7,8 @@
 #include <functional>
 #include <memory>
 
+#include "history/HistoryPort.h"
 #include "history/HistoryStore.h"
-#include "shell/HistoryPort.h"
 
 class QWidget;
 

@@ -5,6 +5,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 
+#include "failure/FailureGuard.h"
 #include "history/EntriesFile.h"
 #include "history/HistorySearch.h"
 #include "history/ListLine.h"
@@ -13,7 +14,6 @@
 #include "history/ui/FunctionTextList.h"
 #include "history/ui/HistoryCommands.h"
 #include "history/ui/ListMouseWatcher.h"
-#include "shell/FailureGuard.h"
 
 namespace curvemill {
 

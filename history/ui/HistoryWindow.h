@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "failure/ProcedureNames.h"
 #include "history/HistoryStore.h"
-#include "shell/ProcedureNames.h"
 
 class QAction;
 class QMenu;

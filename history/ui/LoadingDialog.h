@@ -4,7 +4,7 @@
 #include <QDialog>
 #include <functional>
 
-#include "shell/ProcedureNames.h"
+#include "failure/ProcedureNames.h"
 
 namespace curvemill {
 

@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "shell/FailureMessage.h"
+#include "failure/FailureMessage.h"
 #include "shell/ui/ProductWebPage.h"
 #include "shell/ui/ToolbarIcons.h"
 

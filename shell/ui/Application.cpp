@@ -3,10 +3,10 @@
 #include <QScreen>
 #include <QTimer>
 
+#include "failure/FailureGuard.h"
+#include "failure/ui/GuardedApplication.h"
+#include "history/HistoryPort.h"
 #include "history/ui/HistoryService.h"
-#include "shell/FailureGuard.h"
-#include "shell/HistoryPort.h"
-#include "shell/ui/GuardedApplication.h"
 #include "shell/ui/MainWindow.h"
 #include "shell/ui/ProductWebPage.h"
 #include "shell/ui/TitlePage.h"
@@ -31,7 +31,8 @@ void Application::setHistoryPort(HistoryPort* history) {
 }
 
 void Application::createMainWindow() {
-    window_ = std::make_unique<MainWindow>(MainWindowParts{formula_, graph_, view_, reporter_});
+    window_ =
+        std::make_unique<MainWindow>(MainWindowParts{formula_, graph_, view_, reporter_, worker_});
     window_->setHistoryPort(history_);
     historyService_->setDialogParent(window_.get());
     QObject::connect(window_.get(), &MainWindow::closed, &qt_, &QApplication::quit,

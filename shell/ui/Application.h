@@ -4,11 +4,12 @@
 #include <memory>
 
 #include "engine/Formula.h"
+#include "failure/FailureReporter.h"
+#include "failure/ui/QtFailurePlatform.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "history/HistoryStore.h"
-#include "shell/FailureReporter.h"
-#include "shell/ui/QtFailurePlatform.h"
+#include "worker/ui/Worker.h"
 
 namespace curvemill {
 
@@ -38,6 +39,7 @@ class Application {
     TwoDGraph& graph() { return graph_; }
     GraphView& view() { return view_; }
     FailureReporter& reporter() { return reporter_; }
+    Worker& worker() { return worker_; }
     MainWindow* mainWindow() const { return window_.get(); }
 
   private:
@@ -53,6 +55,8 @@ class Application {
     GraphView view_;
     QtFailurePlatform platform_;
     RestartingFailureReporter reporter_{platform_};
+    // After the reporter it reports to; destroyed before the curves its job fills.
+    Worker worker_{reporter_};
     HistoryStore historyStore_;
     std::unique_ptr<HistoryService> historyService_;
     HistoryPort* history_ = nullptr;

@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QToolBar>
 
+#include "shell/Mnemonics.h"
 #include "shell/ui/ToolbarIcons.h"
 
 namespace curvemill {
@@ -15,6 +16,13 @@ namespace {
 
 QString qs(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+// The text of an entry without its mnemonic marker, kept beside the shown one.
+const char* const kPlainText = "plainText";
+
+void setPlainText(QAction& action, const QString& text) {
+    action.setProperty(kPlainText, text);
 }
 
 // The menu of a path such as "Zoom/Zoom In", created on first use so menus keep table order.
@@ -30,13 +38,15 @@ QMenu* menuFor(QMenuBar& bar, std::map<QString, QMenu*>& menus, const QString& p
         menu = menuFor(bar, menus, path.left(slash))->addMenu(path.mid(slash + 1));
     }
     menu->setObjectName(path);
+    setPlainText(*menu->menuAction(), menu->title());
     menus[path] = menu;
     return menu;
 }
 
 }  // namespace
 
-CommandActions::CommandActions(QMainWindow& window, CommandTarget& target) {
+CommandActions::CommandActions(QMainWindow& window, CommandTarget& target)
+    : menuBar_(window.menuBar()) {
     toolBar_ = window.addToolBar(QStringLiteral("Commands"));
     toolBar_->setObjectName(QStringLiteral("toolbar"));
     toolBar_->setMovable(false);
@@ -49,6 +59,7 @@ CommandActions::CommandActions(QMainWindow& window, CommandTarget& target) {
     for (const CommandRow& row : commandTable()) {
         auto* action = new QAction(qs(menuLabel(row)), &window);
         action->setObjectName(QString::number(row.id));
+        setPlainText(*action, action->text());
         if (!row.key.empty()) {
             action->setShortcut(QKeySequence(qs(row.key)));
             action->setShortcutContext(Qt::WindowShortcut);
@@ -118,12 +129,43 @@ void CommandActions::apply(const ShellState& state) {
         QAction* action = actions_.at(row.id);
         action->setEnabled(commandEnabled(row, state));
         const CommandLook look = commandLook(row, state);
-        action->setText(qs(look.text.substr(0, look.text.find('\t'))));
+        const QString text = qs(look.text.substr(0, look.text.find('\t')));
+        setPlainText(*action, text);
+        action->setText(text);
         if (!look.tooltip.empty()) {
             action->setToolTip(qs(look.tooltip));
         }
         if (row.id == cmd::kDrawGrid) {
             action->setChecked(state.gridOn);
+        }
+    }
+    markMnemonics();
+}
+
+void CommandActions::markMnemonics() {
+    markMnemonics(*menuBar_);
+    for (QMenu* menu : menuBar_->findChildren<QMenu*>()) {
+        markMnemonics(*menu);
+    }
+}
+
+void CommandActions::markMnemonics(QWidget& menu) {
+    std::vector<QAction*> entries;
+    std::vector<std::string> labels;
+    for (QAction* action : menu.actions()) {
+        const QVariant plain = action->property(kPlainText);
+        if (!action->isSeparator() && plain.isValid()) {
+            entries.push_back(action);
+            labels.push_back(plain.toString().toStdString());
+        }
+    }
+    const std::vector<std::string> marked = assignMnemonics(labels);
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        // A submenu's entry shows its menu's title.
+        if (QMenu* submenu = entries[i]->menu()) {
+            submenu->setTitle(QString::fromStdString(marked[i]));
+        } else {
+            entries[i]->setText(QString::fromStdString(marked[i]));
         }
     }
 }

@@ -11,7 +11,9 @@
 class QAction;
 class QActionGroup;
 class QMainWindow;
+class QMenuBar;
 class QToolBar;
+class QWidget;
 
 namespace curvemill {
 
@@ -27,7 +29,12 @@ class CommandActions {
     void apply(const ShellState& state);
 
   private:
+    // Gives every entry of the menu bar and of each menu its keyboard mnemonic for its text now.
+    void markMnemonics();
+    static void markMnemonics(QWidget& menu);
+
     std::map<int, QAction*> actions_;
+    QMenuBar* menuBar_ = nullptr;
     QToolBar* toolBar_ = nullptr;
     // Keeps the two mouse-mode buttons mutually exclusive.
     QActionGroup* mouseModes_ = nullptr;

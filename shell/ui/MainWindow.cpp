@@ -12,18 +12,20 @@
 #include <QProgressBar>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QStringList>
 
 #include "engine/Formula.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
+#include "history/HistoryPort.h"
 #include "shell/CalculatorLocator.h"
-#include "shell/HistoryPort.h"
 #include "shell/ui/AboutDialog.h"
 #include "shell/ui/CommandActions.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/ProductWebPage.h"
 #include "shell/ui/TitlePage.h"
+#include "worker/ui/Worker.h"
 
 namespace curvemill {
 
@@ -40,15 +42,27 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     setCentralWidget(pages_);
     connect(titlePage_, &TitlePage::commandTriggered, this, &MainWindow::onTitleCommand);
 
+    // Shown only while the worker runs; it gives up width before the status text does.
     progress_ = new QProgressBar(this);
     progress_->setObjectName(QStringLiteral("progressBar"));
-    progress_->setFixedSize(400, 20);
+    progress_->setMaximumSize(400, 20);
+    progress_->setMinimumWidth(80);
+    progress_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     progress_->setRange(0, 100);
     progress_->setValue(0);
     progress_->setTextVisible(false);
-    statusBar()->addPermanentWidget(progress_);
+    progress_->hide();
+    statusBar()->addPermanentWidget(progress_, 1);
+    connect(&parts_.worker, &Worker::progressChanged, progress_, &QProgressBar::setValue);
+    connect(&parts_.worker, &Worker::busyChanged, progress_, [this](bool busy) {
+        progress_->setValue(0);
+        progress_->setVisible(busy);
+    });
     // A widget rather than a message: menu status tips would wipe a message for good.
-    statusBar()->addWidget(new QLabel(QStringLiteral("Ready"), statusBar()), 1);
+    status_ = new QLabel(QStringLiteral("Ready"), statusBar());
+    status_->setObjectName(QStringLiteral("statusText"));
+    status_->setMinimumWidth(0);
+    statusBar()->addWidget(status_, 2);
 
     refreshCommands();
 }
@@ -91,7 +105,7 @@ TwoDGraphDialog* MainWindow::twoDGraphDialog(bool second) {
     if (dialog == nullptr) {
         dialog =
             new TwoDGraphDialog(second ? TwoDGraphRole::Second : TwoDGraphRole::Main,
-                                parts_.formula, parts_.graph, parts_.view, parts_.reporter, this);
+                                parts_.formula, parts_.graph, parts_.view, parts_.worker, this);
         dialog->setWindowModality(Qt::WindowModal);
         if (history_ != nullptr) {
             HistoryPort* history = history_;
@@ -125,19 +139,62 @@ TwoDGraphDialog* MainWindow::twoDGraphDialog(bool second) {
             graphArea_->redraw();
             refreshCommands();
         });
-        connect(dialog, &TwoDGraphDialog::graphDrawn, this, &MainWindow::showGraph);
-        connect(dialog, &TwoDGraphDialog::progressChanged, progress_, &QProgressBar::setValue);
-        connect(dialog, &TwoDGraphDialog::runFinished, progress_,
-                [this] { progress_->setValue(0); });
+        connect(dialog, &TwoDGraphDialog::graphDrawn, this, [this, second] {
+            // The second function's own range became the graph's: the main dialog shows it too.
+            if (second && mainDialog_ != nullptr) {
+                mainDialog_->copyRangeFrom(*secondDialog_);
+            }
+            showGraph();
+        });
     }
     return dialog;
+}
+
+QString MainWindow::statusText() const {
+    return status_->text();
 }
 
 void MainWindow::showGraph() {
     kind_ = GraphKind::Function2D;
     pages_->setCurrentWidget(graphArea_);
     graphArea_->showNewGraph();
+    reportUndefinedCurves();
     refreshCommands();
+}
+
+namespace {
+
+bool hasDefinedPoint(const Curve& curve) {
+    for (const PlotPoint& point : curve) {
+        if (!point.isIndefinite) {
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+// The sampler records an undefined function quietly and the graph is then empty; a word in the
+// status bar (not a box: nothing went wrong) tells the user why.
+void MainWindow::reportUndefinedCurves() {
+    const TwoDGraph& graph = parts_.graph;
+    QStringList undefined;
+    if (graph.main.exists() && !hasDefinedPoint(graph.main)) {
+        undefined << QString::fromStdString(graph.mainFormulaText);
+    }
+    if (graph.hasSecond() && !hasDefinedPoint(graph.second)) {
+        undefined << QString::fromStdString(graph.secondFormulaText);
+    }
+    if (undefined.isEmpty()) {
+        status_->setText(QStringLiteral("Ready"));
+        return;
+    }
+    status_->setText(
+        QStringLiteral("y = %1 has no value between x = %2 and x = %3: nothing to draw")
+            .arg(undefined.join(QStringLiteral(" and y = ")))
+            .arg(graph.xBegin, 0, 'g', 15)
+            .arg(graph.xEnd, 0, 'g', 15));
 }
 
 void MainWindow::onTitleCommand(int id) {
@@ -179,6 +236,12 @@ void MainWindow::switchFunctions() {
     std::swap(graph.main, graph.second);
     std::swap(graph.mainFormulaText, graph.secondFormulaText);
     std::swap(parts_.formula.slots[0], parts_.formula.slots[2]);
+    // The dialogs show what each curve is now, so OK in either draws what the user sees.
+    if (mainDialog_ != nullptr && secondDialog_ != nullptr) {
+        const QString mainText = mainDialog_->formulaText();
+        mainDialog_->setFormulaText(secondDialog_->formulaText());
+        secondDialog_->setFormulaText(mainText);
+    }
     // The derivative and the integral were taken of the function that is now the second one.
     graph.derivative.release();
     graph.integral.release();
@@ -214,11 +277,7 @@ void MainWindow::exitProgram() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    for (TwoDGraphDialog* dialog : {mainDialog_, secondDialog_}) {
-        if (dialog != nullptr && dialog->isRunning()) {
-            dialog->stop();
-        }
-    }
+    parts_.worker.stop();
     if (history_ != nullptr && !history_->saveOnExit()) {
         event->ignore();
         return;

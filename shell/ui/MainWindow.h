@@ -5,11 +5,12 @@
 
 #include <QMainWindow>
 
+#include "failure/FailureReporter.h"
+#include "failure/ProcedureNames.h"
 #include "shell/CommandState.h"
 #include "shell/CommandTarget.h"
-#include "shell/FailureReporter.h"
-#include "shell/ProcedureNames.h"
 
+class QLabel;
 class QProgressBar;
 class QStackedWidget;
 
@@ -21,6 +22,7 @@ class GraphArea;
 class HistoryPort;
 class TitlePage;
 class TwoDGraphDialog;
+class Worker;
 struct GraphView;
 struct TwoDGraph;
 
@@ -30,6 +32,7 @@ struct MainWindowParts {
     TwoDGraph& graph;
     GraphView& view;
     FailureReporter& reporter;
+    Worker& worker;
 };
 
 enum class MouseMode { Move, Select };
@@ -51,6 +54,8 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     TitlePage* titlePage() const { return titlePage_; }
     GraphArea* graphArea() const { return graphArea_; }
     QProgressBar* progressBar() const { return progress_; }
+    // The status bar's text: "Ready", or what the last graph left to say.
+    QString statusText() const;
     // The dialog of the main (false) or second (true) function, created on first use.
     TwoDGraphDialog* twoDGraphDialog(bool second);
     // Menus and toolbar follow the state again.
@@ -84,6 +89,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
   private:
     void onTitleCommand(int id);
     void showGraph();
+    void reportUndefinedCurves();
 
     MainWindowParts parts_;
     HistoryPort* history_ = nullptr;
@@ -94,6 +100,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     TitlePage* titlePage_ = nullptr;
     GraphArea* graphArea_ = nullptr;
     QProgressBar* progress_ = nullptr;
+    QLabel* status_ = nullptr;
     TwoDGraphDialog* mainDialog_ = nullptr;
     TwoDGraphDialog* secondDialog_ = nullptr;
 };

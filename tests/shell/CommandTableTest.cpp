@@ -13,9 +13,28 @@
 #include "shell/CalculatorLocator.h"
 #include "shell/CommandState.h"
 #include "shell/CommandTable.h"
+#include "shell/Mnemonics.h"
 
 namespace curvemill {
 namespace {
+
+TEST(Mnemonics, OneLetterEachWordStartsFirstTextsUnchanged) {
+    struct Row {
+        std::vector<std::string> labels, marked;
+    };
+    const std::vector<Row> rows{
+        {{"File", "Selection", "Zoom"}, {"&File", "&Selection", "&Zoom"}},
+        // Taken word starts fall back to the next word, then to any letter.
+        {{"Save As File", "Save New Entries", "Stop"},
+         {"&Save As File", "Save &New Entries", "S&top"}},
+        {{"X axis", "X axis", "X axis"}, {"&X axis", "X &axis", "X ax&is"}},
+        // Case does not make a second letter; a key hint and a literal '&' are kept as they are.
+        {{"a", "A", "Copy\tCtrl+C", "R&D"}, {"&a", "A", "&Copy\tCtrl+C", "&R&&D"}},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(assignMnemonics(row.labels), row.marked);
+    }
+}
 
 TEST(CommandTable, EveryCommandHasItsTextKeyAndTooltip) {
     struct Row {

@@ -7,8 +7,8 @@
 
 #include "engine/Formula.h"
 #include "engine/ui/LogBaseDialog.h"
-#include "tests/shell/DialogControls.h"
-#include "tests/shell/ModalAnswer.h"
+#include "tests/support/DialogControls.h"
+#include "tests/support/ModalAnswer.h"
 
 using namespace curvemill;
 using namespace curvemill::testing;

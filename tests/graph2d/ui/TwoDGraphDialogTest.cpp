@@ -9,13 +9,14 @@
 #include <QtTest>
 
 #include "engine/Formula.h"
+#include "failure/FaultTranslation.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
-#include "shell/FaultTranslation.h"
-#include "tests/shell/DialogControls.h"
-#include "tests/shell/ModalAnswer.h"
-#include "tests/shell/RecordingReporter.h"
+#include "tests/support/DialogControls.h"
+#include "tests/support/ModalAnswer.h"
+#include "tests/support/RecordingReporter.h"
+#include "worker/ui/Worker.h"
 
 using namespace curvemill;
 using namespace curvemill::testing;
@@ -28,9 +29,10 @@ class TwoDGraphDialogTest : public QObject {
     TwoDGraph graph;
     GraphView view;
     RecordingReporter reporter;
+    Worker worker{reporter};
 
     std::unique_ptr<TwoDGraphDialog> makeDialog(TwoDGraphRole role = TwoDGraphRole::Main) {
-        auto dialog = std::make_unique<TwoDGraphDialog>(role, formula, graph, view, reporter);
+        auto dialog = std::make_unique<TwoDGraphDialog>(role, formula, graph, view, worker);
         dialog->show();
         return dialog;
     }
@@ -123,6 +125,15 @@ class TwoDGraphDialogTest : public QObject {
                                      << u"YOU MUST SELECT A DIFFERENT FUNCTION"_s << 1003;
         QTest::newRow("formula") << false << u"-1"_s << u"1"_s << u"2x"_s
                                  << u"ERROR IN FORMULA EDIT BOX:\nINVALID ENTRY"_s << 1003;
+        // OK checks strictly: what the history records must load back.
+        for (const QString& unmatched : {u"sin(x"_s, u"3+sin(x"_s, u"x+1)"_s}) {
+            QTest::newRow(qPrintable(unmatched))
+                << false << u"-1"_s << u"1"_s << unmatched
+                << u"ERROR IN FORMULA EDIT BOX:\nBRACKETS DO NOT MATCH"_s << 1003;
+        }
+        QTest::newRow("()") << false << u"-1"_s << u"1"_s << u"()"_s
+                            << u"ERROR IN FORMULA EDIT BOX:\nA WRONG CHARACTER BEFORE A BRACKET"_s
+                            << 1003;
     }
     void okShowsTheFirstFailureInOrder() {
         QFETCH(bool, second);
@@ -205,6 +216,34 @@ class TwoDGraphDialogTest : public QObject {
         QVERIFY(!second->isRunning());
         QVERIFY(!graph.hasSecond());
         QVERIFY(graph.main.exists());
+    }
+
+    // Both curves cover the graph's X range: a second function over a range of its own takes the
+    // main function along; a second request while the worker runs is refused.
+    void aNewRangeForTheSecondResamplesTheMainFunction() {
+        QVERIFY(draw(*makeDialog(), u"-10"_s, u"10"_s, u"x"_s));
+        auto second = makeDialog(TwoDGraphRole::Second);
+        QVERIFY(draw(*second, u"0"_s, u"2"_s, u"x^2"_s));
+        QCOMPARE(graph.main.points[0].x, 0.0);
+        QCOMPARE(graph.main.points[graph.main.pointCount - 1].x, 2.0);
+        QVERIFY(qAbs(graph.main.yMax - 2.0) < 1e-9);
+
+        QVERIFY(worker.start("Other", formula.keepComputing, [](const JobContext& context) {
+            while (!context.stopRequested()) {
+                QThread::msleep(1);
+            }
+            return false;
+        }));
+        auto dialog = makeDialog();
+        QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
+        ModalAnswer answer;
+        QVERIFY(!draw(*dialog, u"-1"_s, u"1"_s, u"x^3"_s));
+        QTRY_VERIFY(answer.seen);
+        QCOMPARE(answer.text, QString::fromLatin1(kMsgWorkerBusy));
+        QSignalSpy ended(&worker, &Worker::finished);
+        worker.stop();
+        QVERIFY(ended.wait(5000));
+        QCOMPARE(graph.mainFormulaText, std::string("x"));
     }
 
     // A trapping invalid operation on the worker reaches the report with the dialog's name.

@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "failure/FailureReporter.h"
 #include "history/EntriesFile.h"
 #include "history/HistorySearch.h"
 #include "history/ui/EntryReportList.h"
@@ -19,8 +20,7 @@
 #include "history/ui/HistoryService.h"
 #include "history/ui/HistoryWindow.h"
 #include "history/ui/LoadingDialog.h"
-#include "shell/FailureReporter.h"
-#include "tests/shell/RecordingReporter.h"
+#include "tests/support/RecordingReporter.h"
 
 using namespace curvemill;
 using namespace curvemill::history_commands;

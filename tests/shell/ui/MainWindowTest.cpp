@@ -2,10 +2,12 @@
 
 #include <QAction>
 #include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSet>
 #include <QSignalSpy>
 #include <QToolBar>
 #include <QToolButton>
@@ -13,26 +15,27 @@
 #include <QtTest>
 
 #include "engine/Formula.h"
+#include "failure/FaultTranslation.h"
+#include "failure/ui/GuardedApplication.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
+#include "history/HistoryPort.h"
 #include "history/ui/EntryReportList.h"
 #include "history/ui/HistoryCommands.h"
 #include "history/ui/HistoryService.h"
 #include "history/ui/HistoryWindow.h"
 #include "shell/CommandState.h"
 #include "shell/CommandTable.h"
-#include "shell/FaultTranslation.h"
-#include "shell/HistoryPort.h"
 #include "shell/ui/AboutDialog.h"
 #include "shell/ui/CommandActions.h"
 #include "shell/ui/GraphArea.h"
-#include "shell/ui/GuardedApplication.h"
 #include "shell/ui/MainWindow.h"
 #include "shell/ui/TitlePage.h"
-#include "tests/shell/DialogControls.h"
-#include "tests/shell/ModalAnswer.h"
-#include "tests/shell/RecordingReporter.h"
+#include "tests/support/DialogControls.h"
+#include "tests/support/ModalAnswer.h"
+#include "tests/support/RecordingReporter.h"
+#include "worker/ui/Worker.h"
 
 using namespace curvemill;
 using namespace curvemill::testing;
@@ -94,10 +97,13 @@ class MainWindowTest : public QObject {
     TwoDGraph graph;
     GraphView view;
     RecordingReporter reporter;
+    Worker worker{reporter};
     FakeHistory history;
     std::unique_ptr<MainWindow> window;
 
     QAction* action(int id) { return window->commands().action(id); }
+    // An entry's text as read, without its mnemonic marker.
+    static QString plain(const QString& text) { return QString(text).remove(u'&'); }
 
     bool drawWith(bool second, const QString& formulaText) {
         action(second ? cmd::kSecondFunction : cmd::kTwoDGraph)->trigger();
@@ -120,7 +126,8 @@ class MainWindowTest : public QObject {
         view = GraphView{};
         history = FakeHistory{};
         reporter = RecordingReporter{};
-        window = std::make_unique<MainWindow>(MainWindowParts{formula, graph, view, reporter});
+        window =
+            std::make_unique<MainWindow>(MainWindowParts{formula, graph, view, reporter, worker});
         window->setHistoryPort(&history);
         window->resize(1000, 700);
         window->show();
@@ -143,10 +150,24 @@ class MainWindowTest : public QObject {
         for (QAction* top : window->menuBar()->actions()) {
             menus << top->text();
         }
-        QCOMPARE(menus, (QStringList{"File", "Selection", "Zoom", "Grid", "Math", "Customization",
-                                     "ThreeD Rotation", "Help"}));
+        QCOMPARE(menus, (QStringList{"&File", "&Selection", "&Zoom", "&Grid", "&Math",
+                                     "&Customization", "&ThreeD Rotation", "&Help"}));
+        // Every menu reaches each of its entries by a letter of its own.
+        for (QMenu* menu : window->menuBar()->findChildren<QMenu*>()) {
+            QSet<QChar> letters;
+            for (QAction* entry : menu->actions()) {
+                if (entry->isSeparator()) {
+                    continue;
+                }
+                const qsizetype at = entry->text().indexOf(u'&');
+                QVERIFY2(at >= 0, qPrintable(entry->text()));
+                QVERIFY2(!letters.contains(entry->text()[at + 1].toLower()),
+                         qPrintable(entry->text()));
+                letters.insert(entry->text()[at + 1].toLower());
+            }
+        }
         QCOMPARE(window->windowTitle(), u"CURVEMILL"_s);
-        QCOMPARE(window->progressBar()->size(), QSize(400, 20));
+        QVERIFY(window->progressBar()->isHidden());
     }
 
     void titlePageButtons() {
@@ -189,20 +210,23 @@ class MainWindowTest : public QObject {
         QVERIFY(drawWith(true, "x^2"));
         // The second function is drawn over the first one's range.
         QCOMPARE(graph.second.points[0].x, -3.0);
-        QCOMPARE(action(40051)->text(), QStringLiteral("Erase Another Function"));
+        QCOMPARE(plain(action(40051)->text()), QStringLiteral("Erase Another Function"));
         QCOMPARE(action(40051)->toolTip(), QStringLiteral("ERASE SECOND FUNCTION"));
         QVERIFY(action(40054)->isEnabled());
 
         action(40054)->trigger();
         QCOMPARE(graph.mainFormulaText, std::string("x^2"));
         QCOMPARE(graph.secondFormulaText, std::string("x"));
+        // The dialogs follow the switch, so OK draws what each box shows.
+        QCOMPARE(window->twoDGraphDialog(false)->formulaText(), u"x^2"_s);
+        QCOMPARE(window->twoDGraphDialog(true)->formulaText(), u"x"_s);
         QVERIFY(qAbs(graph.main.yMax - 16.0) < 1e-6);
         formula.useSecondFunction = false;
         QCOMPARE(formula.evaluate(3.0), 9.0);
 
         action(40051)->trigger();
         QVERIFY(!graph.hasSecond());
-        QCOMPARE(action(40051)->text(), QStringLiteral("Add Another Function"));
+        QCOMPARE(plain(action(40051)->text()), QStringLiteral("Add Another Function"));
         QVERIFY(!action(40054)->isEnabled());
 
         action(40010)->trigger();
@@ -216,6 +240,21 @@ class MainWindowTest : public QObject {
         QCOMPARE(window->graphKind(), GraphKind::TitlePage);
         QVERIFY(window->titlePage()->isVisible());
         QVERIFY(!action(40010)->isEnabled());
+    }
+
+    // The progress bar shows only while the worker runs; an undefined graph is said in the
+    // status bar.
+    void progressWhileRunningAndAWordForAnEmptyGraph() {
+        bool shownWhileRunning = false;
+        connect(&worker, &Worker::progressChanged, this,
+                [&] { shownWhileRunning = window->progressBar()->isVisible(); });
+        QVERIFY(drawWith(false, "(-2)^x"));
+        QVERIFY(shownWhileRunning);
+        QVERIFY(window->progressBar()->isHidden());
+        QVERIFY2(window->statusText().contains(u"(-2)^x has no value"_s),
+                 qPrintable(window->statusText()));
+        QVERIFY(drawWith(false, "x"));
+        QCOMPARE(window->statusText(), u"Ready"_s);
     }
 
     void tallGraphOpensAroundTheAxisFromASharpBuffer() {

@@ -1,6 +1,6 @@
-#include "shell/FailureReporter.h"
+#include "failure/FailureReporter.h"
 
-#include "shell/FailureMessage.h"
+#include "failure/FailureMessage.h"
 
 namespace curvemill {
 

@@ -10,8 +10,8 @@
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
 #include "engine/Preparation.h"
-#include "shell/FailureGuard.h"
-#include "shell/FailureMessage.h"
+#include "failure/FailureGuard.h"
+#include "failure/FailureMessage.h"
 
 namespace curvemill {
 namespace {

@@ -5,8 +5,8 @@
 #include <csetjmp>
 #include <cstdint>
 
-#include "shell/FailureCode.h"
-#include "shell/ProcedureNames.h"
+#include "failure/FailureCode.h"
+#include "failure/ProcedureNames.h"
 
 namespace curvemill {
 

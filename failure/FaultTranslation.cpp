@@ -1,4 +1,4 @@
-#include "shell/FaultTranslation.h"
+#include "failure/FaultTranslation.h"
 
 #include <csignal>
 #include <cstdlib>

@@ -1,6 +1,6 @@
-#include "shell/ui/GuardedApplication.h"
+#include "failure/ui/GuardedApplication.h"
 
-#include "shell/FailureGuard.h"
+#include "failure/FailureGuard.h"
 
 namespace curvemill {
 

@@ -1,4 +1,4 @@
-#include "shell/ui/QtFailurePlatform.h"
+#include "failure/ui/QtFailurePlatform.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "shell/FailureCode.h"
-#include "shell/ProcedureNames.h"
+#include "failure/FailureCode.h"
+#include "failure/ProcedureNames.h"
 
 namespace curvemill {
 

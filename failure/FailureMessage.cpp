@@ -1,4 +1,4 @@
-#include "shell/FailureMessage.h"
+#include "failure/FailureMessage.h"
 
 namespace curvemill {
 

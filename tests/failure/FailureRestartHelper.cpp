@@ -7,10 +7,10 @@
 #include <QTimer>
 #include <QWidget>
 
-#include "shell/FaultTranslation.h"
-#include "shell/ui/GuardedApplication.h"
-#include "shell/ui/QtFailurePlatform.h"
-#include "tests/shell/ModalAnswer.h"
+#include "failure/FaultTranslation.h"
+#include "failure/ui/GuardedApplication.h"
+#include "failure/ui/QtFailurePlatform.h"
+#include "tests/support/ModalAnswer.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <optional>
 #include <utility>
 
-#include "shell/FailureReporter.h"
-#include "shell/FaultTranslation.h"
+#include "failure/FailureReporter.h"
+#include "failure/FaultTranslation.h"
 
 namespace curvemill {
 

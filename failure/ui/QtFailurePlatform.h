@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "shell/FailureReporter.h"
+#include "failure/FailureReporter.h"
 
 namespace curvemill {
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "shell/FailureReporter.h"
+#include "failure/FailureReporter.h"
 
 namespace curvemill::testing {
 

@@ -3,8 +3,8 @@
 
 #include <QApplication>
 
-#include "shell/FailureReporter.h"
-#include "shell/ProcedureNames.h"
+#include "failure/FailureReporter.h"
+#include "failure/ProcedureNames.h"
 
 namespace curvemill {
 

@@ -1,0 +1,2 @@
+// The failure layer reaching up into a subsystem.
+#include "engine/Formula.h"

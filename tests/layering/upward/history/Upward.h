@@ -1,0 +1,2 @@
+// A core file reaching into its ui part.
+#include "history/ui/HistoryWindow.h"

@@ -1,0 +1,109 @@
+#include <csignal>
+#include <thread>
+
+#include <QSignalSpy>
+#include <QtTest>
+
+#include "failure/FaultTranslation.h"
+#include "tests/support/RecordingReporter.h"
+#include "worker/ui/Worker.h"
+
+using namespace curvemill;
+using namespace curvemill::testing;
+
+namespace {
+const char kStarter[] = "Starter Procedure";
+}
+
+class WorkerTest : public QObject {
+    Q_OBJECT
+
+    RecordingReporter reporter;
+    std::atomic<bool> keepComputing{true};
+
+  private Q_SLOTS:
+    void initTestCase() { installFaultTranslation(); }
+    void init() { reporter = RecordingReporter{}; }
+
+    void progressArrivesOnTheInterfaceThreadBeforeTheEnd() {
+        Worker worker(reporter);
+        std::vector<int> seen;
+        Qt::HANDLE seenOn = nullptr;
+        connect(&worker, &Worker::progressChanged, [&](int percent) {
+            seen.push_back(percent);
+            seenOn = QThread::currentThreadId();
+        });
+        QSignalSpy finished(&worker, &Worker::finished);
+        QSignalSpy busy(&worker, &Worker::busyChanged);
+        QVERIFY(worker.start(kStarter, keepComputing, [](const JobContext& context) {
+            for (int i = 0; i <= 1000; ++i) {
+                context.progress(i / 10);
+            }
+            return true;
+        }));
+        QVERIFY(worker.isBusy());
+        QCOMPARE(worker.starter(), kStarter);
+        QVERIFY(finished.wait(5000));
+        QCOMPARE(finished.first().first().toBool(), true);
+        QCOMPARE(seen.size(), std::size_t(101));
+        QCOMPARE(seen.back(), 100);
+        QCOMPARE(seenOn, QThread::currentThreadId());
+        QCOMPARE(busy.count(), 2);
+        QVERIFY(!worker.isBusy());
+    }
+
+    void aSecondRequestIsRefusedAndStopEndsTheFirst() {
+        Worker worker(reporter);
+        QSignalSpy finished(&worker, &Worker::finished);
+        QVERIFY(worker.start(kStarter, keepComputing, [](const JobContext& context) {
+            while (!context.stopRequested()) {
+                std::this_thread::yield();
+            }
+            return false;
+        }));
+        bool secondRan = false;
+        QVERIFY(!worker.start(kStarter, keepComputing, [&](const JobContext&) {
+            secondRan = true;
+            return true;
+        }));
+        worker.stop();
+        QVERIFY(finished.wait(5000));
+        QCOMPARE(finished.first().first().toBool(), false);
+        QVERIFY(!secondRan);
+        // Evaluation elsewhere must not find the flag still cleared.
+        QVERIFY(keepComputing.load());
+        QVERIFY(reporter.names.empty());
+    }
+
+    void aFaultIsReportedUnderTheStartersNameThenEnds() {
+        Worker worker(reporter);
+        QSignalSpy finished(&worker, &Worker::finished);
+        QVERIFY(worker.start(kStarter, keepComputing, [](const JobContext&) {
+            std::raise(SIGFPE);
+            return true;
+        }));
+        QVERIFY(finished.wait(5000));
+        QCOMPARE(finished.first().first().toBool(), false);
+        QCOMPARE(reporter.names, (std::vector<ProcedureName>{kStarter}));
+        QCOMPARE(reporter.codes.size(), std::size_t(1));
+    }
+
+    void destroyingARunningWorkerStopsAndWaits() {
+        std::atomic<bool> ended{false};
+        {
+            Worker worker(reporter);
+            QVERIFY(worker.start(kStarter, keepComputing, [&](const JobContext& context) {
+                while (!context.stopRequested()) {
+                    std::this_thread::yield();
+                }
+                ended = true;
+                return false;
+            }));
+        }
+        QVERIFY(ended.load());
+        QVERIFY(keepComputing.load());
+    }
+};
+
+QTEST_MAIN(WorkerTest)
+#include "WorkerTest.moc"
