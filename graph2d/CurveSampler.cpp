@@ -1,6 +1,7 @@
 #include "graph2d/CurveSampler.h"
 
 #include <cmath>
+#include <type_traits>
 
 #include "engine/Formula.h"
 #include "graph2d/EdgeSearch.h"
@@ -17,11 +18,12 @@ constexpr double kJump = 5000.0;
 constexpr double kHuge = 1e100;
 constexpr double kPeakMargin = 1e-8;
 
-// One sampling run over [xBegin, xEnd]; it writes into its own records so that a stopped run
-// leaves the curve on screen untouched.
+// One sampling run over [xBegin, xEnd]; it writes into the graph's sampling records, not the
+// curve's, so that a stopped run leaves the curve on screen untouched. It owns nothing (see
+// PointStore).
 class SamplingRun {
   public:
-    SamplingRun(const TwoDGraph& graph, Formula& formula, const SamplingControl& control)
+    SamplingRun(TwoDGraph& graph, Formula& formula, const SamplingControl& control)
         : formula_(formula),
           control_(control),
           f_(formula, graph.computingSecond ? kSecondFunctionSlot : kFunctionSlot),
@@ -32,7 +34,7 @@ class SamplingRun {
           yLimit_((graph.xEnd - graph.xBegin) * graph.maxYRatio),
           // Each pass stores at most two records (a refined pair, or an edge and a point); the
           // loop may make a pass or two more than N, and the final record comes after it.
-          store_(2 * static_cast<std::size_t>(n_) + 8),
+          store_(graph.samplingRecords, 2 * static_cast<std::size_t>(n_) + 8),
           progress_(control, graph.xBegin, graph.xEnd) {}
 
     bool run();
@@ -211,6 +213,10 @@ DefinedSpan findDefinedSpan(const Curve& curve, double xBegin, double xEnd) {
     return {p[j].x, k < count ? p[k - 1].x : xEnd};
 }
 
+// A fault on the worker leaves the run by a jump that runs no destructor; a run with nothing to
+// destroy loses nothing that way.
+static_assert(std::is_trivially_destructible_v<SamplingRun>);
+
 bool sampleCurve(TwoDGraph& graph, Formula& formula, const SamplingControl& control) {
     SamplingRun run(graph, formula, control);
     Curve& curve = graph.computingSecond ? graph.second : graph.main;
@@ -221,7 +227,7 @@ bool sampleCurve(TwoDGraph& graph, Formula& formula, const SamplingControl& cont
         return false;
     }
     curve.pointCount = run.store().count();
-    curve.points = run.store().release();
+    curve.points.swap(graph.samplingRecords);
     curve.yMin = run.extent().yMin;
     curve.yMax = run.extent().yMax;
     graph.definedSpan = findDefinedSpan(curve, graph.xBegin, graph.xEnd);

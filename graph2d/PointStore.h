@@ -1,4 +1,6 @@
 // The records of a curve being computed: a fixed-size array that never grows past its room.
+// The array belongs to the caller, not to the store, so that a fault that leaves the computation
+// without unwinding (see worker/JobRun.h) abandons no memory: the store itself owns nothing.
 #pragma once
 
 #include <cstddef>
@@ -10,8 +12,11 @@ namespace curvemill {
 
 class PointStore {
   public:
-    // Every record starts cleared: no break, defined, a vertex, ordinary.
-    explicit PointStore(std::size_t room) : records_(room) {}
+    // Every record of `records` starts cleared (no break, defined, a vertex, ordinary) and
+    // `room` of them are there; the memory is reused when it is already large enough.
+    PointStore(std::vector<PlotPoint>& records, std::size_t room) : records_(records) {
+        records_.assign(room, PlotPoint{});
+    }
 
     int count() const { return count_; }
     bool empty() const { return count_ == 0; }
@@ -35,10 +40,8 @@ class PointStore {
         return &p;
     }
 
-    std::vector<PlotPoint> release() { return std::move(records_); }
-
   private:
-    std::vector<PlotPoint> records_;
+    std::vector<PlotPoint>& records_;
     int count_ = 0;
 };
 

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "graph2d/Curve.h"
 
@@ -19,6 +20,10 @@ struct TwoDGraph {
     Curve second;
     Curve derivative;
     Curve integral;
+    // The records a sampling run fills; they become the curve's when the run completes, and the
+    // curve's old records come back here for the next run. Kept here rather than in the run so
+    // that a fault on the worker, which abandons the run's frames, abandons no memory.
+    std::vector<PlotPoint> samplingRecords;
 
     // The sampled interval; xBegin < xEnd is guaranteed by the dialog.
     double xBegin = -10.0;
