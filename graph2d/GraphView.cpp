@@ -30,7 +30,10 @@ void relayout(GraphView& view) {
         view.graphHeight = kMaxGraphHeight;
         view.yBase = view.yBegin;
     } else if (graphHeight < visibleH) {
-        // A flat graph would hug the top edge: centre it in the plotting area at the same scale.
+        // A graph shorter than the plotting area cannot have both its own height and its Y begin
+        // at the bottom row: the x axis would be pushed off the y range, the curve would hug the
+        // top edge and the area below it would be drawn without a y label. Centre it instead, at
+        // the same scale, so that the band shown is Y begin..Y end widened evenly on both sides.
         view.graphHeight = visibleH;
         view.yBase = (view.yBegin + view.yEnd) / 2 - visibleH / (2 * view.ppu);
     } else {

@@ -164,6 +164,44 @@ TEST(CurveSampler, IndefiniteStretchesGetEdgesAndSpans) {
     EXPECT_EQ(upTo.span(), std::make_pair(-1.0, edge));
 }
 
+TEST(CurveSampler, EdgeSearchWalksEverySubStepToTheBoundary) {
+    const struct {
+        const char* text;
+        double a, b;
+        double yMin, yMax;
+        // The defined x nearest to the indefinite stretch that starts right of it.
+        double edge;
+    } cases[] = {
+        {"asin(x)", -2, 2, -kPi / 2, kPi / 2, 1.0},
+        {"acos(x/2)", -3, 3, 0.0, kPi, 2.0},
+        {"Sqr(sin(x))", -10, 10, std::sqrt(5e-324), 1.0, 5e-324},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.text);
+        Sampled s(c.text, c.a, c.b);
+        const Curve& m = s.graph.main;
+        EXPECT_EQ(m.yMin, c.yMin);
+        EXPECT_EQ(m.yMax, c.yMax);
+        double nearest = INFINITY;
+        for (int i = 0; i < m.pointCount; ++i) {
+            const double x = m.points[i].x;
+            if (!m.points[i].isIndefinite && std::fabs(x - c.edge) < std::fabs(nearest - c.edge)) {
+                nearest = x;
+            }
+        }
+        EXPECT_EQ(nearest, c.edge);
+    }
+}
+
+TEST(CurveSampler, OnlyAPairFarAboveTheAxisIsABreak) {
+    Sampled s("-10^200*(x^2+1)", -1.0, 1.0);
+    const Curve& c = s.graph.main;
+    EXPECT_TRUE(indicesWhere(c, [](const PlotPoint& p) { return p.isBreak != 0; }).empty());
+    const auto peak = indicesWhere(c, [](const PlotPoint& p) { return p.peakKind != 0; });
+    ASSERT_EQ(peak.size(), 2u);
+    EXPECT_EQ(c.points[peak[0]].peakKind, kRefinedMaximum);
+}
+
 TEST(CurveSampler, NarrowRangeIsSampledEvenly) {
     const double a = 1e6;
     const double b = std::nextafter(std::nextafter(a, 2e6), 2e6);
