@@ -85,6 +85,20 @@ void fitGraphHeight(GraphView& view) {
     resetGridSteps(view);
 }
 
+GraphView scaledView(const GraphView& view, double ratio) {
+    GraphView scaled = view;
+    if (!(ratio > 0.0) || !std::isfinite(ratio) || ratio == 1.0) {
+        return scaled;
+    }
+    scaled.pixelRatio = view.pixelRatio * ratio;
+    scaled.marginX = std::round(view.marginX * ratio);
+    scaled.marginY = std::round(view.marginY * ratio);
+    scaled.scrollX = view.scrollX * ratio;
+    scaled.scrollY = view.scrollY * ratio;
+    setViewSize(scaled, std::round(view.width * ratio), std::round(view.height * ratio));
+    return scaled;
+}
+
 void clampScroll(GraphView& view) {
     const auto clampOne = [](double offset, double content, double visible) {
         const double most = std::max(0.0, content - visible);

@@ -3,6 +3,7 @@
 #include <QScreen>
 #include <QTimer>
 
+#include "graph2d/ui/FontSubstitutes.h"
 #include "history/ui/HistoryService.h"
 #include "shell/FailureGuard.h"
 #include "shell/HistoryPort.h"
@@ -71,6 +72,7 @@ int Application::run() {
     // Closing the main window ends the program even while history windows are open.
     qt_.setQuitOnLastWindowClosed(false);
     qt_.setWindowIcon(programIcon());
+    installFontSubstitutes();
     for (auto step : {&Application::createMainWindow, &Application::prepareFailureReport,
                       &Application::showMainWindow}) {
         if (!runGuarded(kProcWinMain, reporter_, [this, step] { (this->*step)(); })) {
