@@ -38,6 +38,7 @@ CommandSyntax plotSyntax() {
     syntax.options.push_back({"second", "F", "a second function drawn beside the first"});
     syntax.options.push_back({"derivative", "", "also draw the derivative curve"});
     syntax.options.push_back({"grid", "", "draw the grid lines"});
+    syntax.options.push_back({"no-smooth", "", "draw the curves without antialiasing"});
     syntax.options.push_back({"size", "WxH", "image size in pixels (default 1024x768)"});
     syntax.options.push_back({"output", "FILE", "the PNG file to write (also -o FILE)"});
     return syntax;
@@ -113,6 +114,7 @@ int runPlot(const ParsedArguments& parsed, std::ostream& out, std::ostream& err)
     const auto app = ensureGuiApplication();
     GraphView view;
     view.gridOn = arguments.flag("grid");
+    view.smoothLines = !arguments.flag("no-smooth");
     setViewSize(view, width, height);
     resetView(view, graph);
     fitGraphHeight(view);

@@ -174,16 +174,20 @@ CurveRuns buildCurveRuns(const GraphView& view, const PlotPoint* records, int co
             penUp = true;
             continue;
         }
-        if (prev.isIndefinite || cur.isIndefinite || std::isnan(prev.y) || std::isnan(cur.y)) {
+        // Copies: the records are packed, and std::max/min would bind references to misaligned
+        // doubles.
+        const double prevY = prev.y;
+        const double curY = cur.y;
+        if (prev.isIndefinite || cur.isIndefinite || std::isnan(prevY) || std::isnan(curY)) {
             penUp = true;
             continue;
         }
-        if (!(std::max(prev.y, cur.y) >= yBegin && std::min(prev.y, cur.y) <= yEnd)) {
+        if (!(std::max(prevY, curY) >= yBegin && std::min(prevY, curY) <= yEnd)) {
             penUp = true;
             continue;
         }
-        Segment s{view.toPixelX(prev.x), clampRow(view.toPixelY(prev.y)), view.toPixelX(cur.x),
-                  clampRow(view.toPixelY(cur.y))};
+        Segment s{view.toPixelX(prev.x), clampRow(view.toPixelY(prevY)), view.toPixelX(cur.x),
+                  clampRow(view.toPixelY(curY))};
         if (!std::isfinite(s.x1) || !std::isfinite(s.x2)) {
             penUp = true;
             continue;

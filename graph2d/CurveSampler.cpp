@@ -104,6 +104,7 @@ bool SamplingRun::run() {
     }
     const FunctionValue last = f_(xEnd_);
     store_.push(xEnd_, last.value, last.indefinite);
+    // The final record is drawn like any other, so it counts for the Y range too.
     extent_.take(last);
     return true;
 }
@@ -112,6 +113,8 @@ void SamplingRun::sampleIndefinite(double x) {
     if (!store_.empty() && !store_.back().isIndefinite) {
         const PlotPoint& lastDefined = store_.back();
         const EdgePoint edge = findEdge(f_, {lastDefined.x, lastDefined.y}, x, yLimit_, extent_);
+        // When the search found nothing beyond the defined sample, storing it again would give
+        // two records at one x, which the drawing and the math tools take as a zero-width step.
         if (edge.x != lastDefined.x) {
             store_.push(edge.x, edge.y, false);
         }
@@ -122,6 +125,7 @@ void SamplingRun::sampleIndefinite(double x) {
 void SamplingRun::storeEdgeBefore(double x, double y) {
     const double indefiniteX = store_.back().x;
     const EdgePoint edge = findEdge(f_, {x, y}, indefiniteX, yLimit_, extent_);
+    // No second record at x itself when nothing lies between it and the indefinite sample.
     if (edge.x != x) {
         store_.push(edge.x, edge.y, false);
     }
@@ -136,6 +140,8 @@ void SamplingRun::refineTurn(double x, double dx, bool risingNow) {
     const double x2 = refineTurningPoint(f_, a, b, kind, Side::kRight, extent_);
     const FunctionValue v1 = f_(x1);
     const FunctionValue v2 = f_(x2);
+    // yMin/yMax cover every record stored, the refined pair and the third record included: the
+    // view's Y range is taken from them, and a refined top left out would be cut off the view.
     extent_.take(v1);
     extent_.take(v2);
 
@@ -151,7 +157,9 @@ void SamplingRun::refineTurn(double x, double dx, bool risingNow) {
     first.isIndefinite = v1.indefinite ? 1 : 0;
     PlotPoint* second = store_.push(x2, v2.value, v2.indefinite);
     if (second && !v1.indefinite && !v2.indefinite) {
-        const bool bothHuge = std::fabs(v1.value) > kHuge && std::fabs(v2.value) > kHuge;
+        // Signed on purpose: a pair far below the axis (-1e200 (x^2 + 1)) is still a turning
+        // point; only a pair that has run off upwards is taken for a pole.
+        const bool bothHuge = v1.value > kHuge && v2.value > kHuge;
         if (std::fabs(v2.value - v1.value) <= kJump && !bothHuge) {
             std::uint8_t peak = kOrdinaryPoint;
             if (beforeDefined && v1.value > beforeY + kPeakMargin) {

@@ -12,7 +12,7 @@ struct EdgePoint {
 
 // Walks from `defined` (x where f has a value) toward `indefiniteX` in fiftieths, narrowing onto
 // the boundary up to 501 times, and stops early once |y| at the edge exceeds `yLimit` (the curve
-// runs off to infinity there) or the step is below the resolution of x. Works in either direction.
+// runs off to infinity there) or a repeat changes nothing. Works in either direction.
 EdgePoint findEdge(const CurveFunction& f, EdgePoint defined, double indefiniteX, double yLimit,
                    YExtent& extent);
 

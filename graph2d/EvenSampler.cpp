@@ -10,8 +10,7 @@ constexpr double kJump = 5000.0;
 constexpr double kHuge = 1e100;
 
 bool isJump(const PlotPoint& before, const PlotPoint& after) {
-    return std::fabs(after.y - before.y) > kJump ||
-           (std::fabs(after.y) > kHuge && std::fabs(before.y) > kHuge);
+    return std::fabs(after.y - before.y) > kJump || (after.y > kHuge && before.y > kHuge);
 }
 
 }  // namespace

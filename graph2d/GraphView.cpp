@@ -30,7 +30,10 @@ void relayout(GraphView& view) {
         view.graphHeight = kMaxGraphHeight;
         view.yBase = view.yBegin;
     } else if (graphHeight < visibleH) {
-        // A flat graph would hug the top edge: centre it in the plotting area at the same scale.
+        // A graph shorter than the plotting area cannot have both its own height and its Y begin
+        // at the bottom row: the x axis would be pushed off the y range, the curve would hug the
+        // top edge and the area below it would be drawn without a y label. Centre it instead, at
+        // the same scale, so that the band shown is Y begin..Y end widened evenly on both sides.
         view.graphHeight = visibleH;
         view.yBase = (view.yBegin + view.yEnd) / 2 - visibleH / (2 * view.ppu);
     } else {
@@ -80,6 +83,20 @@ void fitGraphHeight(GraphView& view) {
     view.scrollY = 0.0;
     view.contentHeight = view.graphHeight * view.yZoom;
     resetGridSteps(view);
+}
+
+GraphView scaledView(const GraphView& view, double ratio) {
+    GraphView scaled = view;
+    if (!(ratio > 0.0) || !std::isfinite(ratio) || ratio == 1.0) {
+        return scaled;
+    }
+    scaled.pixelRatio = view.pixelRatio * ratio;
+    scaled.marginX = std::round(view.marginX * ratio);
+    scaled.marginY = std::round(view.marginY * ratio);
+    scaled.scrollX = view.scrollX * ratio;
+    scaled.scrollY = view.scrollY * ratio;
+    setViewSize(scaled, std::round(view.width * ratio), std::round(view.height * ratio));
+    return scaled;
 }
 
 void clampScroll(GraphView& view) {

@@ -78,6 +78,11 @@ struct GraphView {
     double titleScale = 20.0;
     // Counts pixel distances downward, as the 3D graph wants.
     bool threeDShown = false;
+    // Pixels of the target per pixel of this layout (see scaledView): pens, marks and arrows are
+    // this much wider, so the picture keeps its size on a dense target and only gets sharper.
+    double pixelRatio = 1.0;
+    // Curves are drawn antialiased; off, every curve pixel has exactly its pen's colour.
+    bool smoothLines = true;
 
     double visibleWidth() const { return width - 2.0 * marginX; }
     double visibleHeight() const { return height - 2.0 * marginY; }
@@ -117,6 +122,12 @@ void resetView(GraphView& view, const TwoDGraph& graph);
 // Shrinks the vertical zoom so that the whole graph height fits the plotting area (used by
 // outputs that show the whole graph at once); a graph that already fits is left as it is.
 void fitGraphHeight(GraphView& view);
+
+// The view laid out again in the pixels of a target `ratio` times as dense (a screen back buffer
+// at its device pixel ratio): size, margins, scale and scroll grow by the ratio, margins and size
+// rounded to whole pixels; ranges, zoom and grid steps stay. Drawing from it truncates positions
+// to the target's own pixels instead of to coarser ones that are then enlarged.
+GraphView scaledView(const GraphView& view, double ratio);
 
 // Keeps each scroll offset within 0..content size - visible size.
 void clampScroll(GraphView& view);

@@ -15,6 +15,14 @@ bool usableStep(double step) {
     return step > 0.0 && std::isfinite(step);
 }
 
+// Lines and labels sit on whole pixels of the target, truncated toward zero; the test against
+// the usable area is made on that pixel, so a line truncated onto the last column or row of the
+// area is kept, and one whose unrounded position only grazes the first is not. NaN fails it too.
+bool wholePixelInside(double position, double first, double last, double& pixel) {
+    pixel = std::trunc(position);
+    return pixel >= first && pixel <= last;
+}
+
 }  // namespace
 
 double gridOrigin(double viewBegin, double step) {
@@ -53,8 +61,8 @@ GridLayout layoutGrid(const GraphView& view, const std::string& dependentName) {
         grid.xOrigin = gridOrigin(xFirst, stepX);
         const double labelRow = view.plotBottom() + std::trunc(5 * view.marginY / view.labelScale);
         for (double v : gridWalk(grid.xOrigin, stepX, xFirst, xLast)) {
-            const double column = view.toPixelX(v);
-            if (column < view.left || column > view.plotRight()) {
+            double column = 0.0;
+            if (!wholePixelInside(view.toPixelX(v), view.left, view.plotRight(), column)) {
                 continue;
             }
             grid.columns.push_back(static_cast<int>(column));
@@ -67,8 +75,8 @@ GridLayout layoutGrid(const GraphView& view, const std::string& dependentName) {
         const double labelColumn =
             view.left - view.marginX + std::trunc(5 * view.marginX / view.labelScale);
         for (double v : gridWalk(grid.yOrigin, stepY, yFirst, yLast)) {
-            const double row = view.toPixelY(v);
-            if (row < view.top || row > view.plotBottom()) {
+            double row = 0.0;
+            if (!wholePixelInside(view.toPixelY(v), view.top, view.plotBottom(), row)) {
                 continue;
             }
             grid.rows.push_back(static_cast<int>(row));

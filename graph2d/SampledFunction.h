@@ -22,6 +22,8 @@ class CurveFunction {
     CurveFunction(Formula& formula, int slot) : formula_(formula), slot_(slot) {}
     FunctionValue operator()(double x) const {
         const double v = formula_.evaluate(x, slot_);
+        // A NaN the evaluator let through unflagged is no value either: taken as a number it
+        // would spoil yMin/yMax and the turn tests, and no NaN may reach a pixel.
         return {v, formula_.indefinite || std::isnan(v)};
     }
 

@@ -68,7 +68,9 @@ YRange clampYRange(YRange extent, double xBegin, double xEnd, int maxYRatio) {
 YRange viewYRange(const TwoDGraph& graph) {
     YRange extent = curvesYExtent(graph);
     if (extent.begin > extent.end) {
-        // Nothing defined was met: show a band around the x axis.
+        // Nothing defined was met, so the extent still holds its start values +1e100/-1e100,
+        // upside down; taking them would give a range of -1e100 height. Show the band -1..1
+        // around the x axis instead, cut to the height the X range allows like any other.
         extent = {-1.0, 1.0};
     }
     YRange range = clampYRange(extent, graph.xBegin, graph.xEnd, graph.maxYRatio);

@@ -6,7 +6,7 @@ packages=(
     build-essential cmake
     qt6-base-dev qt6-svg-dev libgl-dev
     libgtest-dev libgmock-dev libbenchmark-dev libmuparser-dev
-    fonts-dejavu-core fontconfig
+    fonts-dejavu-core fonts-liberation fontconfig
 )
 
 missing=()

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
@@ -13,6 +12,7 @@
 #include "graph2d/CurveRuns.h"
 #include "graph2d/GridLayout.h"
 #include "graph2d/GridSteps.h"
+#include "graph2d/ui/FontSubstitutes.h"
 #include "graph2d/ui/GraphPens.h"
 
 namespace curvemill {
@@ -23,21 +23,14 @@ namespace {
 constexpr double kArrowLength = 9.0;
 constexpr double kArrowHalfWidth = 4.0;
 // Half length of the marks where grid lines meet the axes.
-constexpr int kMarkHalf = 3;
-
-QString monospaceFamily() {
-    static const QString family = [] {
-        const QString wanted = QStringLiteral("Courier New");
-        if (QFontDatabase::families().contains(wanted)) {
-            return wanted;
-        }
-        return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
-    }();
-    return family;
-}
+constexpr double kMarkHalf = 3.0;
 
 QFont makeFont(int pixelSize) {
-    QFont font(monospaceFamily());
+    // Once per program: "Courier New" then resolves to a font of its widths wherever it is
+    // missing, whichever window draws first.
+    static const bool substituted = (installFontSubstitutes(), true);
+    (void)substituted;
+    QFont font(QStringLiteral("Courier New"));
     font.setPixelSize(std::max(1, pixelSize));
     font.setWeight(QFont::Medium);
     font.setFixedPitch(true);
@@ -45,31 +38,63 @@ QFont makeFont(int pixelSize) {
     return font;
 }
 
+// A one-pixel line of the layout, as many whole pixels wide as the target has per layout pixel.
+int lineWidth(const GraphView& view, int layoutPixels = 1) {
+    return std::max(1, static_cast<int>(std::lround(layoutPixels * view.pixelRatio)));
+}
+
 QRectF plottingRect(const GraphView& view) {
     return QRectF(view.left, view.top, view.visibleWidth(), view.visibleHeight());
 }
 
+// Straight lines are filled whole-pixel rectangles starting at their truncated pixel, so that
+// they stay crisp and land on the same pixels at any width.
+void fillColumn(QPainter& painter, int column, int top, int bottom, int width, const QColor& c) {
+    painter.fillRect(QRect(column, top, width, bottom - top + 1), c);
+}
+
+void fillRow(QPainter& painter, int row, int left, int right, int width, const QColor& c) {
+    painter.fillRect(QRect(left, row, right - left + 1, width), c);
+}
+
+// The frame lies just outside the plotting area on the left and at the top; on the right and at
+// the bottom it covers the area's last column and row, where a grid line may still be drawn.
+void drawFrame(QPainter& painter, const GraphView& view) {
+    const int w = lineWidth(view);
+    const int left = static_cast<int>(view.left);
+    const int top = static_cast<int>(view.top);
+    const int right = static_cast<int>(view.plotRight());
+    const int bottom = static_cast<int>(view.plotBottom());
+    fillRow(painter, top - w, left - w, right + w - 1, w, graph_colors::kFrame);
+    fillRow(painter, bottom, left - w, right + w - 1, w, graph_colors::kFrame);
+    fillColumn(painter, left - w, top - w, bottom + w - 1, w, graph_colors::kFrame);
+    fillColumn(painter, right, top - w, bottom + w - 1, w, graph_colors::kFrame);
+}
+
 void drawGridLines(QPainter& painter, const GraphView& view, const GridLayout& grid) {
-    painter.setPen(QPen(graph_colors::kGrid, 1));
+    const int w = lineWidth(view);
     const int top = static_cast<int>(view.top);
     const int bottom = static_cast<int>(view.plotBottom());
     const int left = static_cast<int>(view.left);
     const int right = static_cast<int>(view.plotRight());
     for (int column : grid.columns) {
-        painter.drawLine(column, top, column, bottom);
+        fillColumn(painter, column, top, bottom, w, graph_colors::kGrid);
     }
     for (int row : grid.rows) {
-        painter.drawLine(left, row, right, row);
+        fillRow(painter, row, left, right, w, graph_colors::kGrid);
     }
 }
 
-void drawRuns(QPainter& painter, const CurveRuns& runs) {
-    QPolygon polyline;
+// Smooth runs go through the centres of their pixels (for an odd pen width) so that a level
+// stretch covers whole rows, as the unsmoothed line does.
+void drawRuns(QPainter& painter, const CurveRuns& runs, bool smooth, int penWidth) {
+    const double offset = smooth && penWidth % 2 == 1 ? 0.5 : 0.0;
+    QPolygonF polyline;
     for (std::size_t i = 0; i < runs.runCount(); ++i) {
         const auto [points, count] = runs.run(i);
         polyline.resize(count);
         for (int k = 0; k < count; ++k) {
-            polyline[k] = QPoint(points[k].x, points[k].y);
+            polyline[k] = QPointF(points[k].x + offset, points[k].y + offset);
         }
         painter.drawPolyline(polyline);
     }
@@ -81,7 +106,7 @@ void paintArea(QPainter& painter, const TwoDGraph& graph, const GraphView& view)
     QPolygon shape;
     for (const AreaPolygon& area : polygons) {
         const QColor& color = area.aboveAxis ? graph_colors::kAreaAbove : graph_colors::kAreaBelow;
-        painter.setPen(QPen(color, 1));
+        painter.setPen(QPen(color, lineWidth(view)));
         painter.setBrush(color);
         shape.resize(static_cast<int>(area.points.size()));
         for (int k = 0; k < shape.size(); ++k) {
@@ -127,44 +152,55 @@ void drawCurves(QPainter& painter, const TwoDGraph& graph, const GraphView& view
         if (letter == 'f' && view.areaPainted && !graph.hasIntegral()) {
             paintArea(painter, graph, view);
         }
-        painter.setPen(QPen(color, widePens && widePen ? 2 : 1, Qt::SolidLine));
-        drawRuns(painter, buildCurveRuns(view, curve->points.data(), count));
+        const int width = lineWidth(view, widePens && widePen ? 2 : 1);
+        painter.setPen(QPen(color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.setRenderHint(QPainter::Antialiasing, view.smoothLines);
+        drawRuns(painter, buildCurveRuns(view, curve->points.data(), count), view.smoothLines,
+                 width);
+        painter.setRenderHint(QPainter::Antialiasing, false);
     }
 }
 
-void drawArrow(QPainter& painter, QPointF tip, QPointF direction) {
+void drawArrow(QPainter& painter, QPointF tip, QPointF direction, double scale) {
     const QPointF normal(-direction.y(), direction.x());
-    const QPointF back = tip - direction * kArrowLength;
-    const QPointF head[] = {tip, back + normal * kArrowHalfWidth, back - normal * kArrowHalfWidth};
+    const QPointF back = tip - direction * (kArrowLength * scale);
+    const QPointF head[] = {tip, back + normal * (kArrowHalfWidth * scale),
+                            back - normal * (kArrowHalfWidth * scale)};
     painter.drawPolygon(head, 3);
 }
 
 // The axes through the origin, with arrows at their positive ends and a mark at every grid line.
 void drawAxes(QPainter& painter, const GraphView& view, const GridLayout& grid) {
+    const int w = lineWidth(view);
+    const int mark = static_cast<int>(std::lround(kMarkHalf * view.pixelRatio));
+    // The middle of a line w pixels wide that starts at a whole pixel.
+    const double middle = (w - 1) / 2.0;
     painter.setPen(QPen(graph_colors::kAxis, 1));
     painter.setBrush(graph_colors::kAxis);
-    const double left = view.left;
-    const double right = view.plotRight();
-    const double top = view.top;
-    const double bottom = view.plotBottom();
-    const double axisRow = view.toPixelY(0.0);
-    const double axisColumn = view.toPixelX(0.0);
+    painter.setRenderHint(QPainter::Antialiasing, view.smoothLines);
+    const int left = static_cast<int>(view.left);
+    const int right = static_cast<int>(view.plotRight());
+    const int top = static_cast<int>(view.top);
+    const int bottom = static_cast<int>(view.plotBottom());
+    const double axisRow = std::trunc(view.toPixelY(0.0));
+    const double axisColumn = std::trunc(view.toPixelX(0.0));
     if (axisRow >= top && axisRow <= bottom) {
         const int row = static_cast<int>(axisRow);
-        painter.drawLine(static_cast<int>(left), row, static_cast<int>(right), row);
+        fillRow(painter, row, left, right, w, graph_colors::kAxis);
         for (int column : grid.columns) {
-            painter.drawLine(column, row - kMarkHalf, column, row + kMarkHalf);
+            fillColumn(painter, column, row - mark, row + mark + w - 1, w, graph_colors::kAxis);
         }
-        drawArrow(painter, QPointF(right, row), QPointF(1, 0));
+        drawArrow(painter, QPointF(right + middle, row + middle), QPointF(1, 0), view.pixelRatio);
     }
     if (axisColumn >= left && axisColumn <= right) {
         const int column = static_cast<int>(axisColumn);
-        painter.drawLine(column, static_cast<int>(top), column, static_cast<int>(bottom));
+        fillColumn(painter, column, top, bottom, w, graph_colors::kAxis);
         for (int row : grid.rows) {
-            painter.drawLine(column - kMarkHalf, row, column + kMarkHalf, row);
+            fillRow(painter, row, column - mark, column + mark + w - 1, w, graph_colors::kAxis);
         }
-        drawArrow(painter, QPointF(column, top), QPointF(0, -1));
+        drawArrow(painter, QPointF(column + middle, top + middle), QPointF(0, -1), view.pixelRatio);
     }
+    painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setBrush(Qt::NoBrush);
 }
 
@@ -210,6 +246,13 @@ void drawTitle(QPainter& painter, const QFont& font, const TwoDGraph& graph, con
     }
 }
 
+// The device pixels per painter unit of the target, 1 where Qt does not enlarge the drawing.
+double targetPixelRatio(const QPainter& painter) {
+    const QPaintDevice* device = painter.device();
+    const double ratio = device != nullptr ? device->devicePixelRatioF() : 1.0;
+    return ratio > 0.0 ? ratio : 1.0;
+}
+
 }  // namespace
 
 void GraphPainter::updateFonts(const GraphView& view) {
@@ -240,22 +283,34 @@ void GraphPainter::updateFonts(const GraphView& view) {
 void GraphPainter::draw(QPainter& painter, const TwoDGraph& graph, GraphView& view,
                         const GraphExtras& extras) {
     ensureGridSteps(view);
-    updateFonts(view);
+    const double ratio = targetPixelRatio(painter);
     painter.save();
+    if (ratio != 1.0) {
+        // Undo Qt's enlargement: everything below is laid out and truncated in device pixels.
+        painter.scale(1.0 / ratio, 1.0 / ratio);
+        drawInTargetPixels(painter, graph, scaledView(view, ratio), extras);
+    } else {
+        drawInTargetPixels(painter, graph, view, extras);
+    }
+    painter.restore();
+}
+
+void GraphPainter::drawInTargetPixels(QPainter& painter, const TwoDGraph& graph,
+                                      const GraphView& view, const GraphExtras& extras) {
+    updateFonts(view);
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setRenderHint(QPainter::TextAntialiasing, true);
 
     painter.fillRect(QRectF(0, 0, view.width, view.height), Qt::white);
     const QRectF plot = plottingRect(view);
-    painter.fillRect(plot, Qt::white);
-    painter.setPen(QPen(graph_colors::kFrame, 1));
-    painter.drawRect(plot.adjusted(-1, -1, 0, 0));
+    drawFrame(painter, view);
 
     const GridLayout grid = layoutGrid(view, graph.dependentName);
     if (view.gridOn) {
         drawGridLines(painter, view, grid);
     }
-    painter.setClipRect(plot.adjusted(0, 0, 1, 1));
+    const int w = lineWidth(view);
+    painter.setClipRect(plot.adjusted(0, 0, w, w));
     if (extras.afterGrid) {
         extras.afterGrid(painter, view);
     }
@@ -265,9 +320,10 @@ void GraphPainter::draw(QPainter& painter, const TwoDGraph& graph, GraphView& vi
     }
     drawAxes(painter, view, grid);
     painter.setClipping(false);
-    drawLabels(painter, labelFont_, grid);
+    if (extras.labels) {
+        drawLabels(painter, labelFont_, grid);
+    }
     drawTitle(painter, titleFont_, graph, view, extras);
-    painter.restore();
 }
 
 void drawGraph(QPainter& painter, const TwoDGraph& graph, GraphView& view,

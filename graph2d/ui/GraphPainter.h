@@ -22,7 +22,11 @@ struct GraphExtras {
     std::string otherTitleText;
     // 2-pixel pens for the main, derivative and integral curves, for printed pages.
     bool widePens = false;
+    // Number labels at the grid lines; a thumbnail too small to read them leaves them out.
+    bool labels = true;
     // Called after the grid (reference lines) and after the curves (an equation's points, marks).
+    // They get the view as laid out in the target's own pixels: its pixelRatio says how much wider
+    // than one pixel their lines should be.
     std::function<void(QPainter&, const GraphView&)> afterGrid;
     std::function<void(QPainter&, const GraphView&)> afterCurves;
 };
@@ -32,7 +36,8 @@ struct GraphExtras {
 // QGuiApplication (the offscreen platform serves for tools without a display).
 class GraphPainter {
   public:
-    // Chooses the grid steps first if they are automatic, so `view` may change.
+    // Chooses the grid steps first if they are automatic, so `view` may change. On a target that
+    // Qt enlarges (a device pixel ratio above 1) the drawing is laid out in its device pixels.
     void draw(QPainter& painter, const TwoDGraph& graph, GraphView& view,
               const GraphExtras& extras = {});
 
@@ -40,6 +45,8 @@ class GraphPainter {
     const QFont& titleFont() const { return titleFont_; }
 
   private:
+    void drawInTargetPixels(QPainter& painter, const TwoDGraph& graph, const GraphView& view,
+                            const GraphExtras& extras);
     void updateFonts(const GraphView& view);
 
     QFont labelFont_;

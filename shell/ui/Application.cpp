@@ -5,6 +5,7 @@
 
 #include "failure/FailureGuard.h"
 #include "failure/ui/GuardedApplication.h"
+#include "graph2d/ui/FontSubstitutes.h"
 #include "history/HistoryPort.h"
 #include "history/ui/HistoryService.h"
 #include "shell/ui/MainWindow.h"
@@ -72,6 +73,7 @@ int Application::run() {
     // Closing the main window ends the program even while history windows are open.
     qt_.setQuitOnLastWindowClosed(false);
     qt_.setWindowIcon(programIcon());
+    installFontSubstitutes();
     for (auto step : {&Application::createMainWindow, &Application::prepareFailureReport,
                       &Application::showMainWindow}) {
         if (!runGuarded(kProcWinMain, reporter_, [this, step] { (this->*step)(); })) {

@@ -55,6 +55,9 @@ void drawFunction(QPainter& painter, QSize size, const char* text, double x0, do
     fitGraphHeight(view);
     GraphExtras extras;
     extras.titleGraph = TitleGraph::kNothing;
+    // At this size the label font is a pixel or two high: its digits would be stray dots beside
+    // the frame.
+    extras.labels = false;
     drawGraph(painter, graph, view, extras);
 }
 

@@ -18,6 +18,9 @@
 namespace curvemill {
 namespace {
 
+// PlotPoint is packed: its doubles are copied (double{...}) before gtest's macros bind references
+// to them.
+
 // `text` prepared as the main function and sampled with N = 10000 over [a, b].
 struct Sampled {
     Sampled(const std::string& text, double a, double b) {
@@ -74,7 +77,7 @@ TEST(CurveSampler, MonotonicCurvesGetRegularSamplesPlusFinalRecord) {
             ASSERT_EQ(p.isBreak, 0) << i;
             ASSERT_EQ(p.isVertex, i % 10 == 0 ? 1 : 0) << i;
         }
-        EXPECT_EQ(m.points[m.pointCount - 1].x, 2.0);
+        EXPECT_EQ(double{m.points[m.pointCount - 1].x}, 2.0);
         EXPECT_DOUBLE_EQ(m.yMin, c.yMin);
         EXPECT_DOUBLE_EQ(m.yMax, c.yMax);
         EXPECT_EQ(s.span(), std::make_pair(-1.0, 2.0));
@@ -109,7 +112,7 @@ TEST(CurveSampler, TurningPointsAreRefinedFromBothSidesAndMarked) {
     EXPECT_DOUBLE_EQ(c.yMax, 1.0);
     EXPECT_DOUBLE_EQ(c.yMin, -1.0);
     for (int i = 1; i < c.pointCount; ++i) {
-        ASSERT_GE(c.points[i].x, c.points[i - 1].x) << i;
+        ASSERT_GE(double{c.points[i].x}, double{c.points[i - 1].x}) << i;
     }
 }
 
@@ -126,11 +129,11 @@ TEST(CurveSampler, TanPolesAreBreaksOnBothSides) {
         ASSERT_EQ(breaks[k + 1], breaks[k] + 1);
         const double pole = (std::round(left.x / kPi - 0.5) + 0.5) * kPi;
         // The two sides close in on the pole up to the resolution of x.
-        EXPECT_LT(left.x, right.x);
+        EXPECT_LT(double{left.x}, double{right.x});
         EXPECT_NEAR(left.x, pole, 1e-12);
         EXPECT_NEAR(right.x, pole, 1e-12);
-        EXPECT_GT(left.y, 5000.0);
-        EXPECT_LT(right.y, -5000.0);
+        EXPECT_GT(double{left.y}, 5000.0);
+        EXPECT_LT(double{right.y}, -5000.0);
     }
     EXPECT_EQ(s.span(), std::make_pair(-5.0, c.points[breaks[0] - 1].x));
 }
@@ -149,10 +152,10 @@ TEST(CurveSampler, IndefiniteStretchesGetEdgesAndSpans) {
     const auto before = indicesWhere(c, indefinite);
     ASSERT_FALSE(before.empty());
     const int first = before.back() + 1;
-    EXPECT_GE(c.points[first].x, 0.0);
-    EXPECT_LT(c.points[first].x, 1e-12);
-    EXPECT_LT(c.points[first].x, c.points[first + 1].x - 1e-12);
-    EXPECT_EQ(from.span(), std::make_pair(c.points[first].x, 1.0));
+    EXPECT_GE(double{c.points[first].x}, 0.0);
+    EXPECT_LT(double{c.points[first].x}, 1e-12);
+    EXPECT_LT(double{c.points[first].x}, double{c.points[first + 1].x} - 1e-12);
+    EXPECT_EQ(from.span(), std::make_pair(double{c.points[first].x}, 1.0));
 
     Sampled upTo("Sqr(-x)", -1.0, 1.0);
     const auto after = indicesWhere(upTo.graph.main, indefinite);
@@ -164,6 +167,44 @@ TEST(CurveSampler, IndefiniteStretchesGetEdgesAndSpans) {
     EXPECT_EQ(upTo.span(), std::make_pair(-1.0, edge));
 }
 
+TEST(CurveSampler, EdgeSearchWalksEverySubStepToTheBoundary) {
+    const struct {
+        const char* text;
+        double a, b;
+        double yMin, yMax;
+        // The defined x nearest to the indefinite stretch that starts right of it.
+        double edge;
+    } cases[] = {
+        {"asin(x)", -2, 2, -kPi / 2, kPi / 2, 1.0},
+        {"acos(x/2)", -3, 3, 0.0, kPi, 2.0},
+        {"Sqr(sin(x))", -10, 10, std::sqrt(5e-324), 1.0, 5e-324},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.text);
+        Sampled s(c.text, c.a, c.b);
+        const Curve& m = s.graph.main;
+        EXPECT_EQ(m.yMin, c.yMin);
+        EXPECT_EQ(m.yMax, c.yMax);
+        double nearest = INFINITY;
+        for (int i = 0; i < m.pointCount; ++i) {
+            const double x = m.points[i].x;
+            if (!m.points[i].isIndefinite && std::fabs(x - c.edge) < std::fabs(nearest - c.edge)) {
+                nearest = x;
+            }
+        }
+        EXPECT_EQ(nearest, c.edge);
+    }
+}
+
+TEST(CurveSampler, OnlyAPairFarAboveTheAxisIsABreak) {
+    Sampled s("-10^200*(x^2+1)", -1.0, 1.0);
+    const Curve& c = s.graph.main;
+    EXPECT_TRUE(indicesWhere(c, [](const PlotPoint& p) { return p.isBreak != 0; }).empty());
+    const auto peak = indicesWhere(c, [](const PlotPoint& p) { return p.peakKind != 0; });
+    ASSERT_EQ(peak.size(), 2u);
+    EXPECT_EQ(c.points[peak[0]].peakKind, kRefinedMaximum);
+}
+
 TEST(CurveSampler, NarrowRangeIsSampledEvenly) {
     const double a = 1e6;
     const double b = std::nextafter(std::nextafter(a, 2e6), 2e6);
@@ -171,8 +212,8 @@ TEST(CurveSampler, NarrowRangeIsSampledEvenly) {
     ASSERT_TRUE(s.completed);
     const Curve& c = s.graph.main;
     ASSERT_EQ(c.pointCount, 3);
-    EXPECT_EQ(c.points[0].x, a);
-    EXPECT_EQ(c.points[2].x, b);
+    EXPECT_EQ(double{c.points[0].x}, a);
+    EXPECT_EQ(double{c.points[2].x}, b);
     EXPECT_EQ(c.yMin, 2 * a);
     EXPECT_EQ(c.yMax, 2 * b);
 }
@@ -212,7 +253,7 @@ TEST(CurveSampler, StopRemovesTheSecondFunctionButLeavesTheMainCurve) {
     EXPECT_FALSE(sampleCurve(s.graph, s.formula, control));
     ASSERT_EQ(s.graph.main.pointCount, before.pointCount);
     for (int i = 0; i < before.pointCount; ++i) {
-        ASSERT_EQ(s.graph.main.points[i].y, before.points[i].y);
+        ASSERT_EQ(double{s.graph.main.points[i].y}, double{before.points[i].y});
     }
 }
 

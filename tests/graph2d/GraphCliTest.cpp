@@ -82,7 +82,8 @@ TEST(GraphCli, PlotWritesAPngOfTheRequestedSize) {
     const std::string file = ::testing::TempDir() + "graph2d_cli_plot.png";
     std::remove(file.c_str());
     std::vector<std::string> args = words(
-        "plot tan(x) --x-begin -5 --x-end 5 --points 10000 --derivative --grid --size 640x480 -o");
+        "plot tan(x) --x-begin -5 --x-end 5 --points 10000 --derivative --grid --no-smooth --size "
+        "640x480 -o");
     args.push_back(file);
     ASSERT_EQ(runCli(args).exitCode, 0);
     std::ifstream png(file, std::ios::binary);

@@ -1,3 +1,4 @@
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
@@ -23,12 +24,15 @@ class GraphPainterTest : public ::testing::Test {
         }
     }
 
-    // Draws `graph` into a 530 x 380 image whose plotting area shows x 0..10, y -3.75..3.75.
-    QImage render(TwoDGraph& graph, bool areaPainted = false) {
+    // Draws `graph` unsmoothed into a 530 x 380 image (times `ratio` device pixels) whose
+    // plotting area shows x 0..10, y -3.75..3.75.
+    QImage render(TwoDGraph& graph, bool areaPainted = false, double ratio = 1.0) {
         view_ = testView();
         view_.areaPainted = areaPainted;
         view_.gridOn = false;
-        QImage image(530, 380, QImage::Format_RGB32);
+        view_.smoothLines = false;
+        QImage image(530 * ratio, 380 * ratio, QImage::Format_RGB32);
+        image.setDevicePixelRatio(ratio);
         image.fill(Qt::black);
         QPainter painter(&image);
         drawGraph(painter, graph, view_);
@@ -97,6 +101,59 @@ TEST_F(GraphPainterTest, AreaAcrossTheAxisIsPaintedInBothColours) {
     const int crossing = static_cast<int>(view_.toPixelX(5));
     EXPECT_EQ(countColour(image, graph_colors::kAreaBelow, QRect(crossing + 2, 40, 200, 300)), 0);
     EXPECT_EQ(countColour(image, graph_colors::kAreaAbove, QRect(65, 40, crossing - 67, 300)), 0);
+}
+
+TEST_F(GraphPainterTest, DenseTargetsAreDrawnInTheirOwnPixels) {
+    // Level lines at layout rows 150 and 150.5: device rows 300 and 301 at a ratio of 2. Truncated
+    // in layout pixels and then enlarged, both would land on the same device rows.
+    const auto topRow = [this](double y) {
+        TwoDGraph graph;
+        setCurve(graph.main, {point(0, y), point(10, y)});
+        const QImage image = render(graph, false, 2.0);
+        for (int row = 0; row < image.height(); ++row) {
+            if (image.pixelColor(600, row) == graph_colors::kMainFunction) {
+                return row;
+            }
+        }
+        return -1;
+    };
+    const int upper = topRow(1.0);
+    ASSERT_GT(upper, 250);
+    EXPECT_EQ(topRow(1.0 - 0.5 / 40), upper + 1);
+
+    // Labels keep their size relative to the picture: twice as many device pixels.
+    const TwoDGraph graph;
+    GraphPainter once;
+    GraphPainter twice;
+    QImage small(530, 380, QImage::Format_RGB32);
+    QImage large(1060, 760, QImage::Format_RGB32);
+    large.setDevicePixelRatio(2.0);
+    GraphView view = testView();
+    {
+        QPainter p(&small);
+        once.draw(p, graph, view);
+    }
+    {
+        QPainter p(&large);
+        twice.draw(p, graph, view);
+    }
+    EXPECT_NEAR(twice.labelFont().pixelSize(), 2 * once.labelFont().pixelSize(), 1);
+    EXPECT_NEAR(twice.titleFont().pixelSize(), 2 * once.titleFont().pixelSize(), 1);
+}
+
+TEST_F(GraphPainterTest, LabelsUseAFontWithTheWidthsOfCourierNew) {
+    TwoDGraph graph;
+    setCurve(graph.main, {point(0, -2), point(10, 2)});
+    GraphPainter painter;
+    QImage image(530, 380, QImage::Format_RGB32);
+    GraphView view = testView();
+    {
+        QPainter p(&image);
+        painter.draw(p, graph, view);
+    }
+    const QFontInfo info(painter.labelFont());
+    EXPECT_TRUE(info.family() == "Courier New" || info.family() == "Liberation Mono")
+        << info.family().toStdString();
 }
 
 }  // namespace

@@ -100,5 +100,27 @@ TEST(GridLayout, LabelsInPlainAndPiUnits) {
     EXPECT_EQ(xs.back(), "pi*2");
 }
 
+TEST(GridLayout, LinesAndLabelsSitOnTruncatedPixelsEdgesIncluded) {
+    GraphView view = testView();
+    // Half a pixel off the whole pixels at 40 pixels per unit: every line has a fraction.
+    setViewRanges(view, -0.0125, 9.9875, 0.2625, 7.7625);
+    view.gridStepX = 1.0;
+    view.gridStepY = 0.25;
+    const GridLayout grid = layoutGrid(view, "y");
+    // x = 10 lies at column 465.5 and y = 0.25 at row 340.5: the last column and row of the area.
+    ASSERT_EQ(grid.columns.size(), 11u);
+    EXPECT_EQ(grid.columns.back(), 465);
+    ASSERT_EQ(grid.rows.size(), 31u);
+    EXPECT_EQ(grid.rows.front(), 340);
+    ASSERT_EQ(grid.xLabels.size(), grid.columns.size());
+    ASSERT_EQ(grid.yLabels.size(), grid.rows.size());
+    for (std::size_t i = 0; i < grid.rows.size(); ++i) {
+        EXPECT_EQ(grid.yLabels[i].y, grid.rows[i]) << grid.yLabels[i].text;
+    }
+    for (std::size_t i = 0; i < grid.columns.size(); ++i) {
+        EXPECT_EQ(grid.xLabels[i].x, grid.columns[i]) << grid.xLabels[i].text;
+    }
+}
+
 }  // namespace
 }  // namespace curvemill
