@@ -2,6 +2,7 @@
 // crash safety.
 #include "history/EntriesFile.h"
 
+#include <grp.h>
 #include <gtest/gtest.h>
 #include <pwd.h>
 #include <signal.h>
@@ -291,7 +292,8 @@ std::optional<int> runAsNobody(const std::function<int()>& body) {
     }
     const pid_t child = fork();
     if (child == 0) {
-        if (::setgid(nobody->pw_gid) != 0 || ::setuid(nobody->pw_uid) != 0) {
+        const gid_t group = nobody->pw_gid;
+        if (::setgroups(1, &group) != 0 || ::setgid(group) != 0 || ::setuid(nobody->pw_uid) != 0) {
             _exit(125);
         }
         _exit(body());
