@@ -36,7 +36,9 @@ int loadEntries(HistoryStore& store, char mode, const std::filesystem::path& dir
         if (std::optional<std::string> bytes = readFile(directory / candidate.name)) {
             store.setSourceKind(candidate.kind);
             RecordChecker checker;
-            readEntries(store, *bytes, mode, checker);
+            if (!readEntries(store, *bytes, mode, checker)) {
+                store.setPartialLoad(true);
+            }
             return 0;
         }
     }
@@ -53,9 +55,26 @@ SaveResult saveEntries(HistoryStore& store, char reason, const std::function<boo
     if (reason == kSaveAtExit && askToSave && !askToSave()) {
         return {SaveOutcome::Declined, {}};
     }
-    if (!replaceFileAtomically(directory / kEntriesFileName, formatEntries(store), writer)) {
+    const std::filesystem::path file = directory / kEntriesFileName;
+    // What the last load left out of the file would be gone with it: the file is kept as it was
+    // before it is replaced, and the save does not go on when that fails. Files we wrote ourselves
+    // always load whole, so a normal save makes no copy.
+    if (store.partialLoad()) {
+        std::error_code error;
+        if (std::filesystem::exists(file, error)) {
+            const std::optional<std::string> old = readFile(file);
+            if (!old || !replaceFileAtomically(directory / kBackupName, *old)) {
+                return {SaveOutcome::Failed, kMsgFileInUse};
+            }
+        } else if (error) {
+            return {SaveOutcome::Failed, kMsgFileInUse};
+        }
+    }
+    RecordChecker checker;
+    if (!replaceFileAtomically(file, formatEntries(store, checker), writer)) {
         return {SaveOutcome::Failed, kMsgFileInUse};
     }
+    store.setPartialLoad(false);
     store.setChanged(false);
     store.searchRing().setChanged(false);
     return {SaveOutcome::Saved, {}};

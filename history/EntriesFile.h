@@ -16,6 +16,8 @@ inline constexpr const char* kEntriesFileName = "Graph.dat";
 // Read when "Graph.dat" cannot be opened, in this order.
 inline constexpr const char* kFirstFallbackName = "Graph.txt";
 inline constexpr const char* kSecondFallbackName = "Graph0.dat";
+// Where the first save after a partial load keeps the file as it was.
+inline constexpr const char* kBackupName = "Graph.dat.bak";
 
 // Save reasons: the menu command (no question), and exit (asks first).
 inline constexpr char kSaveOnCommand = 's';
@@ -25,7 +27,7 @@ inline constexpr const char* kMsgFileInUse = "The file is being used by another 
 
 // Appends the records of the first file that opens to `store` and records which one in its
 // sourceKind. Returns 1 when none of the three files could be opened, else 0, also when loading
-// stopped early at a bad record (the records before it stay).
+// stopped early at a bad record (the records before it stay; the store's partialLoad is set).
 int loadEntries(HistoryStore& store, char mode, const std::filesystem::path& directory = ".");
 
 enum class SaveOutcome {
@@ -42,8 +44,10 @@ struct SaveResult {
 
 // Writes the store when something changed. With kSaveAtExit, askToSave is called first and the
 // file is written only when it returns true; kSaveOnCommand writes without asking. The new file
-// replaces the old one only once it is complete, and is left read-only. A successful save clears
-// the changed flags. `writer` lets tests break the write half way.
+// replaces the old one only once it is complete, and is left read-only. After a partial load the
+// old "Graph.dat" is first copied to "Graph.dat.bak" (the save fails when that copy cannot be
+// made). A successful save clears the changed flags and partialLoad. `writer` lets tests break
+// the write half way.
 SaveResult saveEntries(HistoryStore& store, char reason, const std::function<bool()>& askToSave,
                        const std::filesystem::path& directory = ".",
                        const ChunkWriter& writer = {});

@@ -1,6 +1,7 @@
 #include "history/EntriesFormat.h"
 
 #include <array>
+#include <vector>
 
 namespace curvemill {
 namespace {
@@ -14,36 +15,58 @@ std::string upToNul(const std::string& text) {
 }
 
 // Reads the words after "@ ": each blank ends one, a last word without its blank is dropped.
-void readSearchStrings(SearchRing& ring, std::string_view text) {
+// Returns false when a word was left out.
+bool readSearchStrings(SearchRing& ring, std::string_view text) {
     ring.clear();
     std::string word;
-    int words = 0;
     for (char c : text) {
-        if (words >= SearchRing::kSize) {
-            return;
-        }
         if (c != ' ') {
+            if (ring.count() >= SearchRing::kSize) {
+                return false;
+            }
             word.push_back(c);
             continue;
         }
-        // An empty word (two blanks) is no search string, though it counts towards the twenty.
+        // An empty word (two blanks in a row) is no search string and takes no slot: it must not
+        // push the twentieth string out.
         ring.appendLoaded(upToNul(word));
         word.clear();
-        ++words;
     }
+    return word.empty();
 }
 
-// A record that the loader would refuse (or split differently) must not be written: it would end
-// the next load there and take every later record with it.
-bool isWritable(const HistoryEntry& entry) {
-    for (const std::string* field :
-         {&entry.xBegin, &entry.xEnd, &entry.yBegin, &entry.yEnd, &entry.formula}) {
-        if (field->empty() || field->size() >= kFieldLimit ||
-            field->find_first_of(" &@") != std::string::npos) {
-            return false;
+// How many strings the loader makes of `text`: one per run of non-blank characters.
+int wordCount(std::string_view text) {
+    int words = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != ' ' && (i == 0 || text[i - 1] == ' ')) {
+            ++words;
         }
     }
-    return true;
+    return words;
+}
+
+// The ring as written: every string as it is, blanks included, each followed by a blank. The
+// loader takes each word of a string with blanks for a string of its own and reads no more than
+// twenty, so only as many of the newest strings are written as make twenty words: all that is
+// written is read back.
+void appendSearchStrings(std::string& out, const SearchRing& ring) {
+    const std::vector<std::string> strings = ring.oldestFirst();
+    std::vector<std::string> kept;
+    int words = 0;
+    for (auto it = strings.rbegin(); it != strings.rend(); ++it) {
+        // The loader, like the engine, reads a text no further than a NUL.
+        std::string text = upToNul(*it);
+        const int count = wordCount(text);
+        if (count > 0 && words + count <= SearchRing::kSize) {
+            words += count;
+            kept.push_back(std::move(text));
+        }
+    }
+    for (auto it = kept.rbegin(); it != kept.rend(); ++it) {
+        out += *it;
+        out += ' ';
+    }
 }
 
 void appendRecord(std::string& out, const HistoryEntry& entry) {
@@ -56,7 +79,7 @@ void appendRecord(std::string& out, const HistoryEntry& entry) {
 
 }  // namespace
 
-void readEntries(HistoryStore& store, std::string_view bytes, char mode, RecordChecker& checker) {
+bool readEntries(HistoryStore& store, std::string_view bytes, char mode, RecordChecker& checker) {
     std::size_t pos = 0;
     auto next = [&]() -> int {
         return pos < bytes.size() ? static_cast<unsigned char>(bytes[pos++]) : kEnd;
@@ -64,6 +87,8 @@ void readEntries(HistoryStore& store, std::string_view bytes, char mode, RecordC
     char section = kSectionY;
     std::array<std::string, 5> fields;
     std::size_t field = 0;
+    // Valid records that found the store full: writing the store would lose them.
+    bool dropped = false;
     // The first character is taken as it is: a file that starts with '&' (empty first section)
     // gets that '&' as part of its first X begin, which then fails. Files we write keep this.
     int c = next();
@@ -72,27 +97,27 @@ void readEntries(HistoryStore& store, std::string_view bytes, char mode, RecordC
             if (mode == kLoadAtStartup) {
                 // The character after '@' is its blank and is skipped unseen.
                 const std::size_t wordsStart = pos < bytes.size() ? pos + 1 : pos;
-                readSearchStrings(store.searchRing(), bytes.substr(wordsStart));
+                return readSearchStrings(store.searchRing(), bytes.substr(wordsStart)) && !dropped;
             }
-            return;
+            return !dropped;
         }
         // The end of the file inside the records would only fill the field up to its limit, which
         // ends the load: a trailing partial record is dropped.
         if (c == kEnd) {
-            return;
+            return !dropped && field == 0 && fields[0].empty();
         }
         if (c != ' ') {
             fields[field].push_back(static_cast<char>(c));
             if (fields[field].size() >= kFieldLimit) {
-                return;
+                return false;
             }
         } else if (++field == fields.size()) {
             HistoryEntry entry{upToNul(fields[4]), upToNul(fields[0]), upToNul(fields[1]),
                                upToNul(fields[2]), upToNul(fields[3]), section};
             if (!checker.accepts(entry)) {
-                return;
+                return false;
             }
-            store.addLoadedEntry(entry);
+            dropped = !store.addLoadedEntry(entry) || dropped;
             for (std::string& f : fields) {
                 f.clear();
             }
@@ -106,27 +131,23 @@ void readEntries(HistoryStore& store, std::string_view bytes, char mode, RecordC
     }
 }
 
-std::string formatEntries(const HistoryStore& store) {
+std::string formatEntries(const HistoryStore& store, RecordChecker& checker) {
+    // The loader's own rules decide: a record it would refuse ends the next load there and takes
+    // every later record with it, so such a record is left out.
     std::string out;
     for (const HistoryEntry& entry : store.entries()) {
-        if (entry.section == kSectionY && isWritable(entry)) {
+        if (entry.section == kSectionY && checker.accepts(entry)) {
             appendRecord(out, entry);
         }
     }
     out += '&';
     for (const HistoryEntry& entry : store.entries()) {
-        if (entry.section != kSectionY && isWritable(entry)) {
+        if (entry.section != kSectionY && checker.accepts(entry)) {
             appendRecord(out, entry);
         }
     }
     out += "@ ";
-    for (const std::string& text : store.searchRing().oldestFirst()) {
-        // A blank would split it in two when read back.
-        if (text.find(' ') == std::string::npos) {
-            out += text;
-            out += ' ';
-        }
-    }
+    appendSearchStrings(out, store.searchRing());
     return out;
 }
 

@@ -13,15 +13,15 @@ namespace curvemill {
 inline constexpr char kLoadAtStartup = 'y';
 inline constexpr char kLoadEntriesOnly = 'n';
 
-// A field of this many characters ends the load: the file's fields hold at most one less.
-inline constexpr std::size_t kFieldLimit = 99;
-
 // Appends the records of `bytes` to `store` until the search strings, the end or the first bad
 // record; with mode 'y' the search strings then replace the store's ring. Never fails: whatever
-// was read before a problem stays, the rest is ignored.
-void readEntries(HistoryStore& store, std::string_view bytes, char mode, RecordChecker& checker);
+// was read before a problem stays, the rest is ignored. Returns false when something of the text
+// was left out (a bad or cut record, records beyond the capacity, search strings that did not
+// fit), so that writing the store would lose it.
+bool readEntries(HistoryStore& store, std::string_view bytes, char mode, RecordChecker& checker);
 
-// Section 'y' records, '&', the other records, "@ ", the search strings oldest first.
-std::string formatEntries(const HistoryStore& store);
+// Section 'y' records, '&', the other records, "@ ", the search strings oldest first. Records that
+// `checker` refuses are left out: one would end the next load there.
+std::string formatEntries(const HistoryStore& store, RecordChecker& checker);
 
 }  // namespace curvemill

@@ -41,8 +41,10 @@ bool HistoryStore::addLoadedEntry(const HistoryEntry& entry) {
     return true;
 }
 
-bool HistoryStore::addNewEntry(const HistoryEntry& typed) {
-    // Blanks mean nothing in a formula or a number, but in the file they separate the fields.
+bool HistoryStore::addNewEntry(const HistoryEntry& typed,
+                               const std::function<bool(const HistoryEntry&)>& admits) {
+    // Blanks mean nothing in a formula or a number, but in the file they separate the fields: an
+    // entry typed with blanks is kept (and written) as the formula it stands for.
     HistoryEntry entry = typed;
     for (std::string* field :
          {&entry.formula, &entry.xBegin, &entry.xEnd, &entry.yBegin, &entry.yEnd}) {
@@ -50,7 +52,7 @@ bool HistoryStore::addNewEntry(const HistoryEntry& typed) {
     }
     entry.marked = false;
     auto equal = [&](const HistoryEntry& e) { return sameStrings(e, entry); };
-    if (std::any_of(entries_.begin(), entries_.end(), equal)) {
+    if ((admits && !admits(entry)) || std::any_of(entries_.begin(), entries_.end(), equal)) {
         return false;
     }
     changed_ = true;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <vector>
 
 #include "history/HistoryEntry.h"
@@ -31,6 +32,10 @@ class HistoryStore {
     // The list differs from the file since the last save: set only by addNewEntry.
     bool changed() const { return changed_; }
     void setChanged(bool changed) { changed_ = changed; }
+    // A load left part of the file out (a bad record, more than the store holds): the next save
+    // must keep the old file before replacing it. Cleared once that save has kept it.
+    bool partialLoad() const { return partialLoad_; }
+    void setPartialLoad(bool partial) { partialLoad_ = partial; }
     char sourceKind() const { return sourceKind_; }
     void setSourceKind(char kind) { sourceKind_ = kind; }
 
@@ -40,10 +45,12 @@ class HistoryStore {
     // Appends at the tail for the loader; a full store drops the entry and returns false.
     bool addLoadedEntry(const HistoryEntry& entry);
 
-    // Records an entry the user has drawn. Returns false when an entry with the same five strings
-    // exists (nothing changes then). Entries of one formula stay together, newest first; over
-    // capacity the oldest entry of that formula goes, or the tail for a formula not yet held.
-    bool addNewEntry(const HistoryEntry& entry);
+    // Records an entry the user has drawn, its blanks removed. Returns false when an entry with the
+    // same five strings exists or `admits` refuses it (nothing changes then). Entries of one
+    // formula stay together, newest first; over capacity the oldest entry of that formula goes, or
+    // the tail for a formula not yet held.
+    bool addNewEntry(const HistoryEntry& entry,
+                     const std::function<bool(const HistoryEntry&)>& admits = {});
 
     void removeAt(std::size_t index);
     void moveToTop(std::size_t index);
@@ -61,6 +68,7 @@ class HistoryStore {
     int sectionNCount_ = 0;
     int sectionYCount_ = 0;
     bool changed_ = false;
+    bool partialLoad_ = false;
     char sourceKind_ = kSourceNone;
     SearchRing ring_;
 };

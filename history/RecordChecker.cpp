@@ -1,10 +1,22 @@
 #include "history/RecordChecker.h"
 
+#include <string_view>
+
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
 #include "engine/NumberEntry.h"
 
 namespace curvemill {
+namespace {
+
+// The loader splits fields at these bytes and cuts a field's text at a NUL, so a field holding one
+// would come back as a different record, or end the load.
+bool fitsTheFile(const std::string& field) {
+    return field.size() < kFieldLimit &&
+           field.find_first_of(std::string_view(" &@\0", 4)) == std::string::npos;
+}
+
+}  // namespace
 
 RecordChecker::RecordChecker() : formula_(std::make_unique<Formula>()) {}
 
@@ -21,6 +33,12 @@ bool RecordChecker::rangeIsValid(const std::string& begin, const std::string& en
 }
 
 bool RecordChecker::accepts(const HistoryEntry& entry) {
+    for (const std::string* field :
+         {&entry.xBegin, &entry.xEnd, &entry.yBegin, &entry.yEnd, &entry.formula}) {
+        if (!fitsTheFile(*field)) {
+            return false;
+        }
+    }
     if (!rangeIsValid(entry.xBegin, entry.xEnd)) {
         return false;
     }

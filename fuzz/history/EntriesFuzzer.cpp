@@ -71,12 +71,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         checkInvariants(store);
 
         HistoryStore again;
-        curvemill::readEntries(again, curvemill::formatEntries(store), mode, checker);
+        const bool whole =
+            curvemill::readEntries(again, curvemill::formatEntries(store, checker), mode, checker);
         checkInvariants(again);
         // Without entries of section 'y' the written file begins with '&', which the loader
         // does not take for the section mark: such a file loads nothing, by design.
         const bool readable = std::any_of(store.entries().begin(), store.entries().end(),
                                           [](const HistoryEntry& e) { return e.section == 'y'; });
+        if (!whole && (readable || store.size() == 0)) {
+            fail("a written file did not load to its end");
+        }
         if (sectionOrder(again) != (readable ? sectionOrder(store) : std::string())) {
             fail("written entries read back differently");
         }

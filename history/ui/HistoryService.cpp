@@ -1,9 +1,11 @@
 #include "history/ui/HistoryService.h"
 
+#include <algorithm>
 #include <optional>
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QUrl>
 
@@ -21,6 +23,30 @@ HistoryEntry toEntry(const TypedEntry& typed) {
 
 TypedEntry toTyped(const HistoryEntry& entry) {
     return {entry.formula, entry.xBegin, entry.xEnd, entry.yBegin, entry.yEnd, entry.section};
+}
+
+// The question after a start without entries file. No is the default: Enter must not send the
+// user to the browser. The box is widened so that its lines, each a sentence of its own, stay
+// whole instead of wrapping (a lone 'Yes' on a line of its own).
+int askMissingFile(QWidget* parent) {
+    const QString text = QString::fromLatin1(kMsgNoEntriesFile);
+    QMessageBox box(QMessageBox::Question, QStringLiteral("CURVEMILL"), text,
+                    QMessageBox::Yes | QMessageBox::No, parent);
+    box.setDefaultButton(QMessageBox::No);
+    int widest = 0;
+    for (const QString& line : text.split(u'\n')) {
+        widest = std::max(widest, box.fontMetrics().horizontalAdvance(line));
+    }
+    // The label shares its row with the icon; a spacer across the whole grid gives the row the
+    // room. Margin for the label's own frame and rounding.
+    constexpr int kMargin = 16;
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
+        const int iconWidth = box.iconPixmap().width() + grid->horizontalSpacing();
+        grid->addItem(new QSpacerItem(widest + iconWidth + kMargin, 0, QSizePolicy::Minimum,
+                                      QSizePolicy::Fixed),
+                      grid->rowCount(), 0, 1, grid->columnCount());
+    }
+    return box.exec();
 }
 
 }  // namespace
@@ -64,10 +90,7 @@ void HistoryService::loadAtStartup() {
     if (result != 1) {
         return;
     }
-    const auto answer = QMessageBox::question(dialogParent_, QStringLiteral("CURVEMILL"),
-                                              QString::fromLatin1(kMsgNoEntriesFile),
-                                              QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes);
-    if (answer != QMessageBox::Yes) {
+    if (askMissingFile(dialogParent_) != QMessageBox::Yes) {
         return;
     }
     if (openWebPage_) {
@@ -122,7 +145,10 @@ void HistoryService::notifyChanged() {
 }
 
 void HistoryService::recordEntry(const TypedEntry& entry) {
-    if (store_.addNewEntry(toEntry(entry))) {
+    // An entry the file could not hold (a formula drawn after the lenient check, such as "cos(x")
+    // would be shown now and silently gone after the next save: it is not taken at all.
+    const auto writable = [this](const HistoryEntry& e) { return checker_.accepts(e); };
+    if (store_.addNewEntry(toEntry(entry), writable)) {
         refreshWindows();
     }
     notifyChanged();

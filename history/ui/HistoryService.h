@@ -9,6 +9,7 @@
 
 #include "history/HistoryPort.h"
 #include "history/HistoryStore.h"
+#include "history/RecordChecker.h"
 
 class QWidget;
 
@@ -66,6 +67,8 @@ class HistoryService : public QObject, public HistoryPort {
     std::function<void()> openWebPage_;
     QPointer<QWidget> dialogParent_;
     std::function<void()> changed_;
+    // Decides which drawn entries the history takes: only those the entries file can hold.
+    RecordChecker checker_;
     std::unique_ptr<HistoryWindow> textWindow_;
     std::unique_ptr<HistoryWindow> reportWindow_;
 };

@@ -2,12 +2,18 @@
 // crash safety.
 #include "history/EntriesFile.h"
 
+#include <grp.h>
 #include <gtest/gtest.h>
+#include <pwd.h>
 #include <signal.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstring>
+#include <fstream>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -196,17 +202,176 @@ TEST(EntriesFileTest, InterruptedSaveLeavesTheOldFileIntact) {
     EXPECT_FALSE(fs::exists(dir.path() / "Graph.dat.tmp"));
 }
 
+fs::path starterFile() {
+    return fs::path(CURVEMILL_RESOURCES_DIR) / "Graph.dat";
+}
+
+// What the tester did: draw a formula the file cannot hold (it used to be recorded), save, start
+// again. Neither it nor any other bad record may cut the next load short.
+TEST(EntriesFileTest, RecordsTheLoaderWouldRefuseAreNotWrittenAndTheRestSurvives) {
+    const HistoryEntry refused[] = {
+        {"cos(x", "-1", "1", "$", "$"},
+        {"sin(x", "-1", "1", "$", "$"},
+        {"x+1)", "-1", "1", "$", "$"},
+        {"()", "-1", "1", "$", "$"},
+        {"x^2+y^2-(1", "-5", "5", "-5", "5", kSectionN},
+        {"x", "2", "2", "$", "$"},
+        {"x", "3", "-3", "$", "$"},
+        {"x", "-1", "x", "$", "$"},
+        {"x*y", "-1", "1", "$", "5"},
+        {std::string(97, '1') + "+x", "-1", "1", "$", "$"},
+        {"x", "-" + std::string(98, '1'), "1", "$", "$"},
+        {"x", "-1", "1&", "$", "$"},
+    };
+    for (const HistoryEntry& bad : refused) {
+        SCOPED_TRACE(bad.formula + " " + bad.xBegin + " " + bad.xEnd + " " + bad.yEnd);
+        TempDirectory dir;
+        fs::copy_file(starterFile(), dir.path() / "Graph.dat");
+        HistoryStore store;
+        ASSERT_EQ(loadEntries(store, kLoadAtStartup, dir.path()), 0);
+        const int starters = store.size();
+        ASSERT_TRUE(store.addNewEntry({"x^3-7*x", "-4", "4", "$", "$"}));
+        ASSERT_TRUE(store.addNewEntry(bad));
+        ASSERT_TRUE(store.addNewEntry({"x^2-y^2-1", "-3", "3", "-3", "3", kSectionN}));
+        ASSERT_EQ(saveEntries(store, kSaveOnCommand, {}, dir.path()).outcome, SaveOutcome::Saved);
+
+        HistoryStore loaded;
+        ASSERT_EQ(loadEntries(loaded, kLoadAtStartup, dir.path()), 0);
+        EXPECT_FALSE(loaded.partialLoad());
+        EXPECT_EQ(loaded.size(), starters + 2);
+        EXPECT_EQ(loaded.searchRing().count(), store.searchRing().count());
+    }
+}
+
+TEST(EntriesFileTest, FirstSaveAfterAPartialLoadKeepsTheOldFile) {
+    const struct {
+        const char* name;
+        std::string old;
+        bool partial;
+    } cases[] = {
+        {"bad record", "-1 1 $ $ x 0 1 $ $ cos(x -2 2 $ $ x^2 @ s ", true},
+        {"cut at the end", "-1 1 $ $ x -2 2 $ ", true},
+        {"whole file: no copy", kDat, false},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        TempDirectory dir;
+        dir.write("Graph.dat", c.old);
+        HistoryStore store;
+        ASSERT_EQ(loadEntries(store, kLoadAtStartup, dir.path()), 0);
+        EXPECT_EQ(store.partialLoad(), c.partial);
+        // A second save must not copy the file the first one wrote over the kept one.
+        for (const char* formula : {"x^3", "x^4"}) {
+            store.addNewEntry({formula, "-1", "1", "$", "$"});
+            ASSERT_EQ(saveEntries(store, kSaveOnCommand, {}, dir.path()).outcome,
+                      SaveOutcome::Saved);
+            EXPECT_EQ(fs::exists(dir.path() / "Graph.dat.bak"), c.partial);
+            if (c.partial) {
+                EXPECT_EQ(dir.read("Graph.dat.bak"), c.old);
+            }
+        }
+        EXPECT_NE(dir.read("Graph.dat"), c.old);
+    }
+    // Without its copy the file is not replaced.
+    TempDirectory dir;
+    dir.write("Graph.dat", cases[0].old);
+    fs::create_directory(dir.path() / "Graph.dat.bak");
+    HistoryStore store;
+    loadEntries(store, kLoadAtStartup, dir.path());
+    store.addNewEntry({"x^3", "-1", "1", "$", "$"});
+    EXPECT_EQ(saveEntries(store, kSaveOnCommand, {}, dir.path()).outcome, SaveOutcome::Failed);
+    EXPECT_EQ(dir.read("Graph.dat"), cases[0].old);
+}
+
+// Runs `body` in a child process as the user "nobody", since root writes whatever the permission
+// bits say; returns its exit status, or nothing when the user cannot be changed here.
+std::optional<int> runAsNobody(const std::function<int()>& body) {
+    const passwd* nobody = ::getpwnam("nobody");
+    if (::geteuid() != 0 || nobody == nullptr) {
+        return std::nullopt;
+    }
+    const pid_t child = fork();
+    if (child == 0) {
+        const gid_t group = nobody->pw_gid;
+        if (::setgroups(1, &group) != 0 || ::setgid(group) != 0 || ::setuid(nobody->pw_uid) != 0) {
+            _exit(125);
+        }
+        _exit(body());
+    }
+    int status = 0;
+    if (child < 0 || waitpid(child, &status, 0) != child || !WIFEXITED(status) ||
+        WEXITSTATUS(status) == 125) {
+        return std::nullopt;
+    }
+    return WEXITSTATUS(status);
+}
+
+TEST(EntriesFileTest, SaveRespectsFoldersLinksAndOtherUsersFiles) {
+    const struct {
+        const char* name;
+        bool link;            // Graph.dat is a link to the file in another folder
+        bool folderWritable;  // the folder of the file itself
+        bool ownFile;
+        bool saved;
+    } cases[] = {
+        {"read-only folder: the file is written in place", false, false, true, true},
+        {"another user's read-only file is not replaced", false, true, false, false},
+        {"a link stays a link, its file is replaced", true, true, true, true},
+        {"a link into a read-only folder", true, false, true, true},
+    };
+    const passwd* nobody = ::getpwnam("nobody");
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        TempDirectory dir;
+        const fs::path home = dir.path() / "home";
+        const fs::path folder = c.link ? dir.path() / "data" : home;
+        fs::create_directories(home);
+        fs::create_directories(folder);
+        const std::string old = "-1 1 $ $ x @ old ";
+        std::ofstream(folder / "Graph.dat") << old;
+        if (c.link) {
+            fs::create_symlink("../data/Graph.dat", home / "Graph.dat");
+        }
+        if (nobody != nullptr) {
+            for (const fs::path& path : {home, folder}) {
+                ASSERT_EQ(::chown(path.c_str(), nobody->pw_uid, nobody->pw_gid), 0);
+            }
+            if (c.ownFile) {
+                ASSERT_EQ(::chown((folder / "Graph.dat").c_str(), nobody->pw_uid, 0), 0);
+            }
+        }
+        ::chmod((folder / "Graph.dat").c_str(), 0444);
+        ::chmod(folder.c_str(), c.folderWritable ? 0755 : 0555);
+        HistoryStore store = storeWithNewEntries();
+        const std::optional<int> status = runAsNobody([&] {
+            return saveEntries(store, kSaveOnCommand, {}, home).outcome == SaveOutcome::Saved;
+        });
+        if (!status) {
+            GTEST_SKIP() << "needs root and a user \"nobody\" to switch to: root writes "
+                            "regardless of permissions";
+        }
+        EXPECT_EQ(*status == 1, c.saved);
+        EXPECT_EQ(dir.read(fs::relative(folder / "Graph.dat", dir.path()).string()) != old,
+                  c.saved);
+        EXPECT_EQ(fs::is_symlink(home / "Graph.dat"), c.link);
+        EXPECT_TRUE(isReadOnly(folder / "Graph.dat"));
+        EXPECT_FALSE(fs::exists(folder / "Graph.dat.tmp"));
+    }
+}
+
 TEST(EntriesFileTest, StarterHistoryLoadsCompletely) {
     HistoryStore store;
     ASSERT_EQ(loadEntries(store, kLoadAtStartup, CURVEMILL_RESOURCES_DIR), 0);
     EXPECT_EQ(store.sourceKind(), kSourceDat);
+    EXPECT_FALSE(store.partialLoad());
     EXPECT_GE(store.twoDCount(), 8);
     EXPECT_GE(store.sectionNCount(), 4);
     EXPECT_GE(store.sectionYCount(), 4);
     // Writing what was read gives the file back: no record was refused or cut.
     TempDirectory copy;
-    fs::copy_file(fs::path(CURVEMILL_RESOURCES_DIR) / "Graph.dat", copy.path() / "Graph.dat");
-    EXPECT_EQ(formatEntries(store), copy.read("Graph.dat"));
+    fs::copy_file(starterFile(), copy.path() / "Graph.dat");
+    RecordChecker checker;
+    EXPECT_EQ(formatEntries(store, checker), copy.read("Graph.dat"));
 }
 
 }  // namespace

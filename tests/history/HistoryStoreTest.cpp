@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "history/RecordChecker.h"
+
 namespace curvemill {
 namespace {
 
@@ -49,6 +51,17 @@ TEST(HistoryStoreTest, EqualEntryChangesNothing) {
     EXPECT_EQ(store.size(), 1);
     // Blanks typed in a box are not part of the entry.
     EXPECT_FALSE(store.addNewEntry({"sin (x)", "-5", " 5", "$", "$", kSectionY}));
+}
+
+TEST(HistoryStoreTest, AnEntryTheFileCannotHoldIsNotRecorded) {
+    HistoryStore store;
+    RecordChecker checker;
+    const auto writable = [&](const HistoryEntry& e) { return checker.accepts(e); };
+    EXPECT_FALSE(store.addNewEntry(twoD("cos(x", 1), writable));
+    EXPECT_FALSE(store.changed());
+    // The blanks go before the check.
+    EXPECT_TRUE(store.addNewEntry(twoD("cos (x)", 1), writable));
+    EXPECT_EQ(store.entries().at(0).formula, "cos(x)");
 }
 
 TEST(HistoryStoreTest, OverCapacityDropsOldestOfTheSameFormulaNotTheTail) {
