@@ -26,7 +26,7 @@ bool parseTrailingOptions(const CommandSyntax& syntax, ParsedArguments& argument
 std::optional<int> pointsArgument(const std::optional<std::string>& value, std::string_view command,
                                   std::ostream& err);
 
-// The entries are held without blanks, as the dialog's boxes hand them over.
+// The entries, their blanks already removed (graphRequest does that).
 struct GraphRequest {
     std::string formula;
     std::optional<std::string> secondFormula;

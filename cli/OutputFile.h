@@ -12,7 +12,7 @@ namespace curvemill::cli {
 // temporary file beside it, renamed over it at the end, so a failure leaves the old file as it
 // was and no partial file. Anything else that exists (a device such as /dev/null, a FIFO, a
 // terminal) is written straight through, since a rename would replace it by a regular file.
-// A symbolic link is followed: its target is written, the link stays.
+// A symbolic link to an existing file is followed: its target is replaced, the link stays.
 // Returns why it failed (the system's text for the error), or nothing.
 std::optional<std::string> writeOutputFile(const std::string& path, std::string_view bytes);
 
