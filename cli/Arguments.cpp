@@ -1,6 +1,9 @@
 #include "cli/Arguments.h"
 
 #include <algorithm>
+#include <charconv>
+
+#include "cli/Printable.h"
 
 namespace curvemill::cli {
 namespace {
@@ -41,17 +44,18 @@ std::optional<std::string> parseArguments(const CommandSyntax& syntax,
             return std::nullopt;
         }
         if (word.rfind("--", 0) != 0) {
-            return "unknown option '" + word + "' (put -- before a formula that begins with '-')";
+            return "unknown option " + quoted(word) +
+                   " (put -- before a formula that begins with '-')";
         }
         const std::size_t equals = word.find('=');
         const std::string name = word.substr(2, equals == std::string::npos ? equals : equals - 2);
         const OptionSpec* option = findOption(syntax, name);
         if (option == nullptr) {
-            return "unknown option '--" + name + "'";
+            return "unknown option " + quoted("--" + name);
         }
         if (option->valueName.empty()) {
             if (equals != std::string::npos) {
-                return "option '--" + name + "' takes no value";
+                return "option " + quoted("--" + name) + " takes no value";
             }
             parsed.set(name, "");
         } else if (equals != std::string::npos) {
@@ -69,6 +73,19 @@ std::optional<std::string> parseArguments(const CommandSyntax& syntax,
                (count == 1 ? " argument" : " arguments");
     }
     return std::nullopt;
+}
+
+std::optional<long> plainInteger(std::string_view text) {
+    long value = 0;
+    const char* const end = text.data() + text.size();
+    if (text.empty() || text[0] < '0' || text[0] > '9') {
+        return std::nullopt;
+    }
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    if (error != std::errc() || stop != end) {
+        return std::nullopt;
+    }
+    return value;
 }
 
 std::string usageText(const CommandSyntax& syntax) {

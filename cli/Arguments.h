@@ -46,6 +46,11 @@ std::optional<std::string> parseArguments(const CommandSyntax& syntax,
                                           const std::vector<std::string>& args,
                                           ParsedArguments& parsed);
 
+// The value of an integer option. One rule for all of them: plain decimal digits and nothing
+// else, so no sign, no blanks before or after and no exponent ("10000", not " 10000", "10000 ",
+// "+10000" or "1e4"). Nothing when the text breaks the rule or the number overflows a long.
+std::optional<long> plainInteger(std::string_view text);
+
 std::string usageText(const CommandSyntax& syntax);
 
 }  // namespace curvemill::cli

@@ -28,8 +28,8 @@ Command sampleCommand();
 
 std::span<const Command> commandTable();
 
-// Typed formulas are read like an edit box of the Equation/ThreeD window: at most this many
-// characters once blanks are removed.
-inline constexpr std::size_t kMaxFormulaLength = 99;
+// Typed formulas and numbers are read like an edit box of the Equation/ThreeD window: at most
+// this many characters once blanks are removed.
+inline constexpr std::size_t kMaxEntryLength = 99;
 
 }  // namespace curvemill::cli

@@ -21,12 +21,17 @@ int runEval(const ParsedArguments& arguments, std::ostream& out, std::ostream& e
         return kExitUsage;
     }
     const auto typed = formulaArgument(positionals[0], "eval", err);
-    if (!typed) {
+    const auto xText = entryArgument(positionals[1], "X", "eval", err);
+    const auto yText = hasY ? entryArgument(positionals[2], "Y", "eval", err) : std::string("0");
+    const auto baseText = arguments.value("log-base");
+    const auto base =
+        baseText ? entryArgument(*baseText, "--log-base", "eval", err, Blanks::Kept) : std::nullopt;
+    if (!typed || !xText || !yText || (baseText && !base)) {
         return kExitUsage;
     }
 
     Formula formula;
-    if (const auto base = arguments.value("log-base")) {
+    if (base) {
         const LogBaseResult result = applyLogBase(formula, true, *base);
         if (!result.accepted) {
             out << result.message << '\n';
@@ -37,7 +42,7 @@ int runEval(const ParsedArguments& arguments, std::ostream& out, std::ostream& e
         out << formula.errorText << '\n';
         return kExitRefused;
     }
-    const NumberReading x = readNumberEntry(formula, positionals[1], "X");
+    const NumberReading x = readNumberEntry(formula, *xText, "X");
     if (!x.ok) {
         out << x.message << '\n';
         return kExitRefused;
@@ -45,7 +50,7 @@ int runEval(const ParsedArguments& arguments, std::ostream& out, std::ostream& e
     NumberReading y;
     y.ok = true;
     if (hasY) {
-        y = readNumberEntry(formula, positionals[2], "Y");
+        y = readNumberEntry(formula, *yText, "Y");
         if (!y.ok) {
             out << y.message << '\n';
             return kExitRefused;

@@ -1,6 +1,7 @@
 #include "cli/FormulaArguments.h"
 
 #include "cli/Command.h"
+#include "cli/Printable.h"
 #include "engine/FormulaCheck.h"
 
 namespace curvemill::cli {
@@ -13,7 +14,8 @@ std::optional<char> modeArgument(const std::optional<std::string>& value, std::s
     if (value->size() == 1 && allowed.find((*value)[0]) != std::string_view::npos) {
         return (*value)[0];
     }
-    err << "curvemill-cli " << command << ": invalid --mode '" << *value << "' (expected one of";
+    err << "curvemill-cli " << command << ": invalid --mode " << quoted(*value)
+        << " (expected one of";
     for (char c : allowed) {
         err << ' ' << c;
     }
@@ -21,12 +23,16 @@ std::optional<char> modeArgument(const std::optional<std::string>& value, std::s
     return std::nullopt;
 }
 
-std::optional<std::string> formulaArgument(std::string typed, std::string_view command,
-                                           std::ostream& err) {
-    removeBlanks(typed);
-    if (typed.size() > kMaxFormulaLength) {
-        err << "curvemill-cli " << command << ": the formula has " << typed.size()
-            << " characters without blanks; at most " << kMaxFormulaLength << " are allowed\n";
+std::optional<std::string> entryArgument(std::string typed, std::string_view what,
+                                         std::string_view command, std::ostream& err,
+                                         Blanks blanks) {
+    if (blanks == Blanks::Removed) {
+        removeBlanks(typed);
+    }
+    if (typed.size() > kMaxEntryLength) {
+        err << "curvemill-cli " << command << ": " << what << " has " << typed.size()
+            << (blanks == Blanks::Removed ? " characters without blanks" : " characters")
+            << "; at most " << kMaxEntryLength << " are allowed\n";
         return std::nullopt;
     }
     return typed;

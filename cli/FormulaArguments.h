@@ -13,9 +13,21 @@ namespace curvemill::cli {
 std::optional<char> modeArgument(const std::optional<std::string>& value, std::string_view allowed,
                                  char fallback, std::string_view command, std::ostream& err);
 
-// The typed formula with its blanks removed, as the dialogs do, or nothing after writing a usage
-// message to `err` when it is longer than an edit box holds.
-std::optional<std::string> formulaArgument(std::string typed, std::string_view command,
-                                           std::ostream& err);
+// Whether a box's reader removes blanks before it looks at the text (the Log Base dialog does not).
+enum class Blanks { Removed, Kept };
+
+// The text typed for an edit box (a formula, or a number such as X or --x-end, named by `what`
+// in the message), with its blanks removed unless `blanks` says otherwise, or nothing after
+// writing a usage message to `err` when it is longer than an edit box holds. Refusing it here
+// matters: the engine would silently read only the box's first characters, and 1 followed by 308
+// zeros would count as 1e98.
+std::optional<std::string> entryArgument(std::string typed, std::string_view what,
+                                         std::string_view command, std::ostream& err,
+                                         Blanks blanks = Blanks::Removed);
+
+inline std::optional<std::string> formulaArgument(std::string typed, std::string_view command,
+                                                  std::ostream& err) {
+    return entryArgument(std::move(typed), "the formula", command, err);
+}
 
 }  // namespace curvemill::cli

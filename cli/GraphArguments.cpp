@@ -2,6 +2,7 @@
 
 #include "cli/Command.h"
 #include "cli/FormulaArguments.h"
+#include "cli/Printable.h"
 #include "engine/FormulaCheck.h"
 #include "engine/NumberEntry.h"
 #include "engine/Preparation.h"
@@ -61,20 +62,42 @@ std::optional<int> pointsArgument(const std::optional<std::string>& value, std::
     if (!value) {
         return 100000;
     }
-    long points = -1;
-    std::size_t used = 0;
-    try {
-        points = std::stol(*value, &used);
-    } catch (const std::exception&) {
-        used = 0;
-    }
-    if (used != value->size() || points < kPointsUnit || points > kMostPoints ||
-        points % kPointsUnit != 0) {
+    const std::optional<long> points = plainInteger(*value);
+    if (!points || *points < kPointsUnit || *points > kMostPoints || *points % kPointsUnit != 0) {
         err << "curvemill-cli " << command << ": --points must be a multiple of 10000 from 10000 "
-            << "to 400000, not '" << *value << "'\n";
+            << "to 400000, not " << quoted(*value) << "\n";
         return std::nullopt;
     }
-    return static_cast<int>(points);
+    return static_cast<int>(*points);
+}
+
+std::optional<GraphRequest> graphRequest(const ParsedArguments& arguments, std::string_view command,
+                                         std::ostream& err) {
+    const auto begin = arguments.value("x-begin");
+    const auto end = arguments.value("x-end");
+    if (!begin || !end) {
+        err << "curvemill-cli " << command << ": --x-begin and --x-end are required\n";
+        return std::nullopt;
+    }
+    GraphRequest request;
+    const auto typed = formulaArgument(arguments.positionals[0], command, err);
+    const auto xBegin = entryArgument(*begin, "--x-begin", command, err);
+    const auto xEnd = entryArgument(*end, "--x-end", command, err);
+    const auto points = pointsArgument(arguments.value("points"), command, err);
+    bool ok = typed && xBegin && xEnd && points;
+    if (const auto second = arguments.value("second")) {
+        request.secondFormula = entryArgument(*second, "--second", command, err);
+        ok = ok && request.secondFormula;
+    }
+    if (!ok) {
+        return std::nullopt;
+    }
+    request.formula = *typed;
+    request.xBegin = *xBegin;
+    request.xEnd = *xEnd;
+    request.points = *points;
+    request.derivative = arguments.flag("derivative");
+    return request;
 }
 
 std::optional<std::string> computeGraph(const GraphRequest& request, Formula& formula,
@@ -90,8 +113,7 @@ std::optional<std::string> computeGraph(const GraphRequest& request, Formula& fo
     if (!(begin.value < end.value)) {
         return std::string("X_BEG MUST BE LESS THAN X_END");
     }
-    std::string typed = request.formula;
-    removeBlanks(typed);
+    const std::string& typed = request.formula;
     if (!prepareFormula(formula, typed, kModeFunction)) {
         return composeBoxError("FORMULA", formula.errorText);
     }
@@ -103,8 +125,7 @@ std::optional<std::string> computeGraph(const GraphRequest& request, Formula& fo
     sampleCurve(graph, formula, {});
 
     if (request.secondFormula) {
-        std::string second = *request.secondFormula;
-        removeBlanks(second);
+        const std::string& second = *request.secondFormula;
         if (second == typed) {
             return std::string("YOU MUST SELECT A DIFFERENT FUNCTION");
         }

@@ -26,6 +26,7 @@ bool parseTrailingOptions(const CommandSyntax& syntax, ParsedArguments& argument
 std::optional<int> pointsArgument(const std::optional<std::string>& value, std::string_view command,
                                   std::ostream& err);
 
+// The entries, their blanks already removed (graphRequest does that).
 struct GraphRequest {
     std::string formula;
     std::optional<std::string> secondFormula;
@@ -34,6 +35,11 @@ struct GraphRequest {
     int points = 100000;
     bool derivative = false;
 };
+
+// The request the graph options and FORMULA describe (--second and --derivative when the command
+// has them), or nothing after writing a usage message to `err`.
+std::optional<GraphRequest> graphRequest(const ParsedArguments& arguments, std::string_view command,
+                                         std::ostream& err);
 
 // Checks the entries in the order of the Two D Graph dialog and samples the main curve, then the
 // second function and the derivative when asked for. Returns the dialog's message on refusal.

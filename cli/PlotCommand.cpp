@@ -1,19 +1,18 @@
 #include <cstdio>
-#include <cstdlib>
 #include <memory>
-#include <regex>
 #include <string>
 
 // The engine's headers come before Qt's, whose "slots" macro would swallow a member name.
 #include "cli/Command.h"
-#include "cli/FormulaArguments.h"
 #include "cli/GraphArguments.h"
+#include "cli/OutputFile.h"
+#include "cli/Printable.h"
 #include "graph2d/GraphView.h"
 
+#include <QBuffer>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
-#include <QSaveFile>
 
 #include "graph2d/ui/GraphPainter.h"
 
@@ -32,7 +31,8 @@ CommandSyntax plotSyntax() {
         1,
         64,
         graphOptions(),
-        "Options may come before or after FORMULA. The image is replaced atomically.\n"
+        "Options may come before or after FORMULA. A file is replaced atomically; a device or\n"
+        "FIFO is written straight through.\n"
         "Exit status: 0 written, 1 an entry refused (the dialog's message is printed) or the\n"
         "file could not be written, 2 wrong command line.\n"};
     syntax.options.push_back({"second", "F", "a second function drawn beside the first"});
@@ -48,33 +48,59 @@ bool readSize(const std::optional<std::string>& value, int& width, int& height, 
     if (!value) {
         return true;
     }
-    static const std::regex pattern("([0-9]{1,5})x([0-9]{1,5})");
-    std::smatch match;
-    if (std::regex_match(*value, match, pattern)) {
-        width = std::stoi(match[1]);
-        height = std::stoi(match[2]);
-        if (width >= kSmallestSide && height >= kSmallestSide && width <= kLargestSide &&
-            height <= kLargestSide) {
+    const std::size_t by = value->find('x');
+    if (by != std::string::npos) {
+        const std::optional<long> w = plainInteger(std::string_view(*value).substr(0, by));
+        const std::optional<long> h = plainInteger(std::string_view(*value).substr(by + 1));
+        if (w && h && *w >= kSmallestSide && *h >= kSmallestSide && *w <= kLargestSide &&
+            *h <= kLargestSide) {
+            width = static_cast<int>(*w);
+            height = static_cast<int>(*h);
             return true;
         }
     }
     err << "curvemill-cli plot: --size must be WIDTHxHEIGHT with each side from " << kSmallestSide
-        << " to " << kLargestSide << ", not '" << *value << "'\n";
+        << " to " << kLargestSide << ", not " << quoted(*value) << "\n";
     return false;
 }
 
-// Fonts need an application object; a script has no display, so the offscreen platform serves.
+// While it starts, Qt looks for a Flatpak marker in the runtime folder, whatever the platform,
+// and warns when XDG_RUNTIME_DIR is unset (cron, ssh, containers). Nothing here uses that folder,
+// so that one warning is dropped; every other message is written as Qt would write it.
+void dropRuntimeFolderWarning(QtMsgType type, const QMessageLogContext& context,
+                              const QString& message) {
+    if (type == QtWarningMsg && message.startsWith(u"QStandardPaths: XDG_RUNTIME_DIR not set")) {
+        return;
+    }
+    std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
+}
+
+// Fonts need an application object, but a command-line program needs no window system: the
+// offscreen platform serves unless the user chose another.
 std::unique_ptr<QGuiApplication> ensureGuiApplication() {
     if (QGuiApplication::instance() != nullptr) {
         return nullptr;
     }
-    if (std::getenv("QT_QPA_PLATFORM") == nullptr) {
-        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     static int argc = 1;
     static char name[] = "curvemill-cli";
     static char* argv[] = {name, nullptr};
-    return std::make_unique<QGuiApplication>(argc, argv);
+    const QtMessageHandler previous = qInstallMessageHandler(dropRuntimeFolderWarning);
+    auto app = std::make_unique<QGuiApplication>(argc, argv);
+    qInstallMessageHandler(previous);
+    return app;
+}
+
+// The image as PNG bytes, or nothing when the encoder fails.
+std::optional<std::string> encodePng(const QImage& image) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!buffer.open(QIODevice::WriteOnly) || !image.save(&buffer, "PNG")) {
+        return std::nullopt;
+    }
+    return bytes.toStdString();
 }
 
 int runPlot(const ParsedArguments& parsed, std::ostream& out, std::ostream& err) {
@@ -83,30 +109,24 @@ int runPlot(const ParsedArguments& parsed, std::ostream& out, std::ostream& err)
     if (!parseTrailingOptions(syntax, arguments, err)) {
         return kExitUsage;
     }
-    const auto typed = formulaArgument(arguments.positionals[0], "plot", err);
-    const auto points = pointsArgument(arguments.value("points"), "plot", err);
-    const auto begin = arguments.value("x-begin");
-    const auto end = arguments.value("x-end");
+    if (arguments.helpRequested) {  // "--help" after FORMULA
+        out << usageText(syntax);
+        return kExitOk;
+    }
     const auto output = arguments.value("output");
+    if (!output) {
+        err << "curvemill-cli plot: -o FILE is required\n";
+        return kExitUsage;
+    }
     int width = 1024;
     int height = 768;
-    if (!begin || !end || !output) {
-        err << "curvemill-cli plot: --x-begin, --x-end and -o FILE are required\n";
+    const auto request = graphRequest(arguments, "plot", err);
+    if (!request || !readSize(arguments.value("size"), width, height, err)) {
         return kExitUsage;
     }
-    if (!typed || !points || !readSize(arguments.value("size"), width, height, err)) {
-        return kExitUsage;
-    }
-    GraphRequest request;
-    request.formula = *typed;
-    request.secondFormula = arguments.value("second");
-    request.xBegin = *begin;
-    request.xEnd = *end;
-    request.points = *points;
-    request.derivative = arguments.flag("derivative");
     Formula formula;
     TwoDGraph graph;
-    if (const auto refusal = computeGraph(request, formula, graph)) {
+    if (const auto refusal = computeGraph(*request, formula, graph)) {
         out << *refusal << '\n';
         return kExitRefused;
     }
@@ -124,9 +144,11 @@ int runPlot(const ParsedArguments& parsed, std::ostream& out, std::ostream& err)
         QPainter painter(&image);
         drawGraph(painter, graph, view);
     }
-    QSaveFile file(QString::fromStdString(*output));
-    if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "PNG") || !file.commit()) {
-        out << "CANNOT WRITE " << *output << '\n';
+    const std::optional<std::string> png = encodePng(image);
+    const std::optional<std::string> failure =
+        png ? writeOutputFile(*output, *png) : std::optional<std::string>("PNG encoding failed");
+    if (failure) {
+        out << "CANNOT WRITE " << quoted(*output) << ": " << *failure << '\n';
         return kExitRefused;
     }
     return kExitOk;

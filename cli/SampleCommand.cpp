@@ -2,7 +2,6 @@
 #include <string>
 
 #include "cli/Command.h"
-#include "cli/FormulaArguments.h"
 #include "cli/GraphArguments.h"
 #include "graph2d/ViewYRange.h"
 
@@ -54,25 +53,17 @@ int runSample(const ParsedArguments& parsed, std::ostream& out, std::ostream& er
     if (!parseTrailingOptions(syntax, arguments, err)) {
         return kExitUsage;
     }
-    const auto typed = formulaArgument(arguments.positionals[0], "sample", err);
-    const auto points = pointsArgument(arguments.value("points"), "sample", err);
-    const auto begin = arguments.value("x-begin");
-    const auto end = arguments.value("x-end");
-    if (!begin || !end) {
-        err << "curvemill-cli sample: --x-begin and --x-end are required\n";
+    if (arguments.helpRequested) {  // "--help" after FORMULA
+        out << usageText(syntax);
+        return kExitOk;
+    }
+    const auto request = graphRequest(arguments, "sample", err);
+    if (!request) {
         return kExitUsage;
     }
-    if (!typed || !points) {
-        return kExitUsage;
-    }
-    GraphRequest request;
-    request.formula = *typed;
-    request.xBegin = *begin;
-    request.xEnd = *end;
-    request.points = *points;
     Formula formula;
     TwoDGraph graph;
-    if (const auto refusal = computeGraph(request, formula, graph)) {
+    if (const auto refusal = computeGraph(*request, formula, graph)) {
         out << *refusal << '\n';
         return kExitRefused;
     }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cli/Command.h"
+#include "cli/Printable.h"
 
 namespace {
 
@@ -39,7 +40,7 @@ int main(int argc, char** argv) {
     const auto command = std::find_if(
         table.begin(), table.end(), [&](const Command& c) { return c.syntax.command == words[0]; });
     if (command == table.end()) {
-        std::cerr << "curvemill-cli: unknown command '" << words[0] << "'\n\n";
+        std::cerr << "curvemill-cli: unknown command " << quoted(words[0]) << "\n\n";
         printCommandList(std::cerr);
         return kExitUsage;
     }

@@ -1,8 +1,12 @@
 // Runs the built curvemill-cli (CURVEMILL_CLI_PATH) on an argument list and collects what it says.
 #pragma once
 
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
 
 #include <string>
 #include <vector>
@@ -23,7 +27,13 @@ inline std::string readAll(int fd) {
     return text;
 }
 
-inline CliRun runCli(const std::vector<std::string>& args) {
+// Where the child's surroundings differ from the test's.
+struct CliSetting {
+    std::vector<std::string> unsetVariables;
+    long fileSizeLimit = -1;  // bytes; beyond it writes fail with EFBIG (-1: no limit set)
+};
+
+inline CliRun runCli(const std::vector<std::string>& args, const CliSetting& setting = {}) {
     int out[2];
     int err[2];
     if (pipe(out) != 0 || pipe(err) != 0) {
@@ -33,6 +43,15 @@ inline CliRun runCli(const std::vector<std::string>& args) {
     if (child == 0) {
         dup2(out[1], STDOUT_FILENO);
         dup2(err[1], STDERR_FILENO);
+        for (const std::string& name : setting.unsetVariables) {
+            unsetenv(name.c_str());
+        }
+        if (setting.fileSizeLimit >= 0) {
+            std::signal(SIGXFSZ, SIG_IGN);  // an ignored signal stays ignored across exec
+            const rlimit limit{static_cast<rlim_t>(setting.fileSizeLimit),
+                               static_cast<rlim_t>(setting.fileSizeLimit)};
+            setrlimit(RLIMIT_FSIZE, &limit);
+        }
         std::vector<char*> argv{const_cast<char*>(CURVEMILL_CLI_PATH)};
         for (const std::string& a : args) {
             argv.push_back(const_cast<char*>(a.c_str()));

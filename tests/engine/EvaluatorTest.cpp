@@ -22,6 +22,11 @@ struct EvalCase {
     double expected;  // NaN: indefinite
 };
 
+// Names the cases in test lists by their formula and x, the same in every build.
+void PrintTo(const EvalCase& c, std::ostream* os) {
+    *os << c.typed << " at x=" << c.x;
+}
+
 class Evaluation : public testing::TestWithParam<EvalCase> {};
 
 TEST_P(Evaluation, GivesTheRuleResult) {
