@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "mathtools/CurveRecords.h"
 #include "mathtools/MathTexts.h"
 
 namespace curvemill {
@@ -25,9 +26,7 @@ bool matches(std::uint8_t peakKind, ExtremeFilter filter) {
 std::vector<ExtremeRow> fillExtremeList(Curve& curve, bool xInPi, bool yInPi,
                                         ExtremeFilter filter) {
     std::vector<ExtremeRow> rows;
-    const int count = curve.points.size() < static_cast<std::size_t>(curve.pointCount)
-                          ? static_cast<int>(curve.points.size())
-                          : curve.pointCount;
+    const int count = recordCount(curve);
     PlotPoint* p = curve.points.data();
     for (int i = 0; i + 1 < count; ++i) {
         if (!matches(p[i].peakKind, filter)) {

@@ -5,6 +5,7 @@
 #include "engine/Formula.h"
 #include "engine/NumberEntry.h"
 #include "graph2d/SampledFunction.h"
+#include "mathtools/CurveRecords.h"
 #include "mathtools/MathMessages.h"
 #include "mathtools/MathTexts.h"
 
@@ -18,12 +19,6 @@ bool flagged(const PlotPoint& p) {
 
 double strip(double x0, double y0, double x1, double y1) {
     return 0.5 * (x1 - x0) * (y1 + y0);
-}
-
-int sampleCount(const Curve& curve) {
-    return curve.points.size() < static_cast<std::size_t>(curve.pointCount)
-               ? static_cast<int>(curve.points.size())
-               : curve.pointCount;
 }
 
 }  // namespace
@@ -58,7 +53,7 @@ std::optional<std::string> acceptIntegralInterval(Formula& formula, const TwoDGr
 }
 
 bool canIntegrate(const Curve& curve, Formula& formula, IntegralState& state) {
-    const int count = sampleCount(curve);
+    const int count = recordCount(curve);
     const PlotPoint* p = curve.points.data();
     const CurveFunction f(formula, kFunctionSlot);
     if (count == 0 || f(state.begin).indefinite || f(state.end).indefinite) {
@@ -104,7 +99,7 @@ bool integrateQuick(const Curve& curve, Formula& formula, IntegralState& state) 
     double sum = 0.0;
     double error = 0.0;
     double area = 0.0;
-    if (first > last) {
+    if (!state.hasSamplesInside(recordCount(curve))) {
         // No sample inside [a, b]: the two partial strips would each reach past the other end,
         // so the interval is one strip of its own.
         sum = strip(a, fa, b, fb);

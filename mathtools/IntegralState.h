@@ -19,6 +19,13 @@ struct IntegralState {
     std::int32_t lastIndex = -1;
     // "S(%g, %g) = %18.15f" once a computation has finished; empty otherwise.
     std::string resultText;
+
+    // Whether the indices name samples of a curve of `count` records, at least one of them
+    // inside the interval. Indices from another curve are not trusted: the interval is then
+    // integrated as one strip rather than read out of bounds.
+    bool hasSamplesInside(int count) const {
+        return firstIndex >= 0 && firstIndex <= lastIndex && lastIndex < count;
+    }
 };
 
 }  // namespace curvemill

@@ -4,6 +4,7 @@
 
 #include "engine/Formula.h"
 #include "graph2d/SampledFunction.h"
+#include "mathtools/CurveRecords.h"
 #include "mathtools/MathTexts.h"
 #include "mathtools/RefinementPool.h"
 
@@ -108,7 +109,7 @@ bool integratePrecise(const Curve& curve, Formula& formula, IntegralState& state
         return true;
     };
     bool completed = true;
-    if (first > last) {
+    if (!state.hasSamplesInside(recordCount(curve))) {
         // No sample inside [a, b]: the interval is refined as one.
         completed = refine(a, fa, b, fb);
     } else {
