@@ -9,6 +9,7 @@
 #include "engine/NumberEntry.h"
 #include "mathtools/Integral.h"
 #include "mathtools/MathMessages.h"
+#include "mathtools/MathTexts.h"
 #include "mathtools/PreciseIntegral.h"
 #include "mathtools/RefinementPool.h"
 
@@ -136,6 +137,8 @@ TEST(Integral, DialogChecksGiveTheirMessagesInOrder) {
     EXPECT_EQ(std::string(math_messages::kCannotIntegrate),
               "INTEGRAL CANNOT BE CALCULATED, \nSINCE THIS INTERVAL CONTAINS\nINDEFINITE AND/OR "
               "INFINITE NUMBERS");
+    EXPECT_EQ(preciseQuestionText(265.335615072411258),
+              "Integral Is   265.335615072411. \n  Do You Want To Calculate It More Precisely?");
 }
 
 TEST(Integral, StopDuringThePreciseRunLeavesNoAreaAndZero) {
