@@ -1,12 +1,15 @@
 #include <vector>
 
 #include "cli/Command.h"
+#include "cli/MathCommands.h"
 
 namespace curvemill::cli {
 
 std::span<const Command> commandTable() {
-    static const std::vector<Command> table{checkCommand(), evalCommand(), sampleCommand(),
-                                            plotCommand()};
+    static const std::vector<Command> table{
+        checkCommand(), evalCommand(), sampleCommand(), plotCommand(),
+        // the math tools
+        integralCommand(), valueCommand(), extremesCommand(), rootsCommand()};
     return table;
 }
 

@@ -1,0 +1,84 @@
+#include "cli/FormulaArguments.h"
+#include "cli/GraphArguments.h"
+#include "cli/MathCommands.h"
+#include "engine/NumberEntry.h"
+#include "mathtools/Integral.h"
+#include "mathtools/MathMessages.h"
+#include "mathtools/PreciseIntegral.h"
+
+namespace curvemill::cli {
+namespace {
+
+CommandSyntax integralSyntax() {
+    CommandSyntax syntax{
+        "integral",
+        "Samples FORMULA over [A, B] as the Function dialog does and integrates it from C to D\n"
+        "as the Math dialog does, printing the result as the graph shows it.",
+        "FORMULA",
+        1,
+        64,
+        graphOptions(),
+        "Without --precise: the quick trapezoid sum over the samples, then a line\n"
+        "'precise-enough yes' or 'precise-enough no' (the verdict of its error estimate).\n"
+        "With --precise: the adaptively refined integral only.\n"
+        "Options may come before or after FORMULA.\n"
+        "Exit status: 0 computed, 1 an entry refused (the dialog's message is printed),\n"
+        "2 wrong command line.\n"};
+    syntax.options.push_back({"from", "C", "X_BEG of the integral, read like the dialog's box"});
+    syntax.options.push_back({"to", "D", "X_END of the integral"});
+    syntax.options.push_back({"precise", "", "calculate precisely (refine every interval)"});
+    return syntax;
+}
+
+int runIntegral(const ParsedArguments& parsed, std::ostream& out, std::ostream& err) {
+    ParsedArguments arguments = parsed;
+    const CommandSyntax syntax = integralSyntax();
+    if (!parseTrailingOptions(syntax, arguments, err)) {
+        return kExitUsage;
+    }
+    const auto typed = formulaArgument(arguments.positionals[0], "integral", err);
+    const auto points = pointsArgument(arguments.value("points"), "integral", err);
+    const auto begin = arguments.value("x-begin");
+    const auto end = arguments.value("x-end");
+    const auto from = arguments.value("from");
+    const auto to = arguments.value("to");
+    if (!begin || !end || !from || !to) {
+        err << "curvemill-cli integral: --x-begin, --x-end, --from and --to are required\n";
+        return kExitUsage;
+    }
+    if (!typed || !points) {
+        return kExitUsage;
+    }
+    Formula formula;
+    TwoDGraph graph;
+    if (const auto refusal =
+            computeGraph({*typed, std::nullopt, *begin, *end, *points, false}, formula, graph)) {
+        out << *refusal << '\n';
+        return kExitRefused;
+    }
+    NumberBox fromBox(math_messages::kBoxXBegin);
+    NumberBox toBox(math_messages::kBoxXEnd);
+    fromBox.setText(*from);
+    toBox.setText(*to);
+    IntegralState state;
+    if (const auto refusal = acceptIntegralInterval(formula, graph, fromBox, toBox, state)) {
+        out << *refusal << '\n';
+        return kExitRefused;
+    }
+    if (arguments.flag("precise")) {
+        integratePrecise(graph.main, formula, state, {});
+        out << state.resultText << '\n';
+        return kExitOk;
+    }
+    const bool preciseEnough = integrateQuick(graph.main, formula, state);
+    out << state.resultText << '\n' << "precise-enough " << (preciseEnough ? "yes" : "no") << '\n';
+    return kExitOk;
+}
+
+}  // namespace
+
+Command integralCommand() {
+    return {integralSyntax(), runIntegral};
+}
+
+}  // namespace curvemill::cli

@@ -1,0 +1,131 @@
+#include "cli/FormulaArguments.h"
+#include "cli/GraphArguments.h"
+#include "cli/MathCommands.h"
+#include "engine/Formula.h"
+#include "engine/FormulaCheck.h"
+#include "engine/NumberEntry.h"
+#include "engine/Preparation.h"
+#include "mathtools/MathMessages.h"
+#include "mathtools/MathTexts.h"
+#include "mathtools/RootScan.h"
+
+namespace curvemill::cli {
+namespace {
+
+// The Equation window's own ordering messages; its box names have a blank for the y range.
+constexpr const char* kXOrder = "X BEG MUST BE LESS THAN X END";
+constexpr const char* kYOrder = "Y BEG MUST BE LESS THAN Y END";
+
+CommandSyntax rootsSyntax() {
+    return {"roots",
+            "Finds every x in [A, B] where EQUATION (in x and y) is 0 for the y given by --y, or\n"
+            "every y in [C, D] for the x given by --x, as the Information dialog does.",
+            "EQUATION",
+            1,
+            64,
+            {{"x-begin", "A", "X Begin of the graph, read like the Equation window's box"},
+             {"x-end", "B", "X End"},
+             {"y-begin", "C", "Y Begin"},
+             {"y-end", "D", "Y End"},
+             {"y", "V", "scan x with y fixed at V (V inside [C, D])"},
+             {"x", "V", "scan y with x fixed at V (V inside [A, B])"},
+             {"steps", "N", "grid steps of the scan, 1 to 1000000 (default 500)"},
+             {"precision", "P", "the tolerance is 1e-P, P from 1 to 15 (default 5)"}},
+            "Prints one solution per line with 15 decimals, in the order found; a root caught\n"
+            "both at a grid point and by the bisection after it is printed twice.\n"
+            "Options may come before or after EQUATION; give exactly one of --y and --x.\n"
+            "Exit status: 0 scanned (no solution included), 1 an entry refused (the dialog's\n"
+            "message is printed), 2 wrong command line.\n"};
+}
+
+// Reads the four range boxes and the equation in the Equation window's order.
+std::optional<std::string> readEquation(Formula& formula, const ParsedArguments& arguments,
+                                        const std::string& typed, RootRange& range) {
+    const struct {
+        const char* option;
+        const char* box;
+        double* value;
+    } boxes[] = {{"x-begin", "X_BEG", &range.xBegin},
+                 {"x-end", "X_END", &range.xEnd},
+                 {"y-begin", "Y BEG", &range.yBegin},
+                 {"y-end", "Y END", &range.yEnd}};
+    for (const auto& box : boxes) {
+        const NumberReading reading =
+            readNumberEntry(formula, arguments.value(box.option).value_or(""), box.box);
+        if (!reading.ok) {
+            return reading.message;
+        }
+        *box.value = reading.value;
+        if (box.value == &range.xEnd && !(range.xBegin < range.xEnd)) {
+            return std::string(kXOrder);
+        }
+        if (box.value == &range.yEnd && !(range.yBegin < range.yEnd)) {
+            return std::string(kYOrder);
+        }
+    }
+    if (!prepareFormula(formula, typed, kModeTwoVariables)) {
+        return composeBoxError("FORMULA", formula.errorText);
+    }
+    return std::nullopt;
+}
+
+int runRoots(const ParsedArguments& parsed, std::ostream& out, std::ostream& err) {
+    ParsedArguments arguments = parsed;
+    const CommandSyntax syntax = rootsSyntax();
+    if (!parseTrailingOptions(syntax, arguments, err)) {
+        return kExitUsage;
+    }
+    const auto typed = formulaArgument(arguments.positionals[0], "roots", err);
+    const auto steps =
+        wholeArgument(arguments.value("steps"), "steps", 1, 1000000, 500, "roots", err);
+    const auto precision =
+        wholeArgument(arguments.value("precision"), "precision", 1, 15, 5, "roots", err);
+    for (const char* required : {"x-begin", "x-end", "y-begin", "y-end"}) {
+        if (!arguments.value(required)) {
+            err << "curvemill-cli roots: --x-begin, --x-end, --y-begin and --y-end are required\n";
+            return kExitUsage;
+        }
+    }
+    const auto fixedY = arguments.value("y");
+    const auto fixedX = arguments.value("x");
+    if (fixedY.has_value() == fixedX.has_value()) {
+        err << "curvemill-cli roots: give exactly one of --y V and --x V\n";
+        return kExitUsage;
+    }
+    if (!typed || !steps || !precision) {
+        return kExitUsage;
+    }
+    Formula formula;
+    RootRange range;
+    if (const auto refusal = readEquation(formula, arguments, *typed, range)) {
+        out << *refusal << '\n';
+        return kExitRefused;
+    }
+    const RootKind kind = fixedY ? RootKind::kX : RootKind::kY;
+    const NumberReading fixed = readNumberEntry(
+        formula, fixedY ? *fixedY : *fixedX, fixedY ? math_messages::kBoxY : math_messages::kBoxX);
+    if (!fixed.ok) {
+        out << fixed.message << '\n';
+        return kExitRefused;
+    }
+    if (const auto refusal = rootValueRefusal(kind, fixed.value, range)) {
+        out << *refusal << '\n';
+        return kExitRefused;
+    }
+    formula.xSteps = *steps;
+    formula.ySteps = *steps;
+    formula.precisionExponent = *precision;
+    const RootScanResult result = findRoots(formula, kind, fixed.value, range, {});
+    for (const std::string& line : solutionTexts(result.solutions, false)) {
+        out << line << '\n';
+    }
+    return kExitOk;
+}
+
+}  // namespace
+
+Command rootsCommand() {
+    return {rootsSyntax(), runRoots};
+}
+
+}  // namespace curvemill::cli

@@ -1,0 +1,73 @@
+// The rows of the extreme list, from hand-made marks.
+#include <gtest/gtest.h>
+
+#include "mathtools/ExtremeList.h"
+
+namespace curvemill {
+namespace {
+
+// Records (x, y, peakKind) in ascending x.
+Curve curveOf(std::initializer_list<std::tuple<double, double, int>> records) {
+    Curve curve;
+    for (const auto& [x, y, kind] : records) {
+        PlotPoint p;
+        p.x = x;
+        p.y = y;
+        p.peakKind = static_cast<std::uint8_t>(kind);
+        curve.points.push_back(p);
+    }
+    curve.pointCount = static_cast<std::int32_t>(curve.points.size());
+    return curve;
+}
+
+std::vector<double> xs(const std::vector<ExtremeRow>& rows) {
+    std::vector<double> out;
+    for (const ExtremeRow& row : rows) {
+        out.push_back(row.x);
+    }
+    return out;
+}
+
+TEST(ExtremeList, FiltersAndTheLastRecordIsNeverListed) {
+    Curve curve = curveOf({{0, 0, 0}, {1, 1, 1}, {2, 0.5, 0}, {3, -1, 2}, {4, 0, 0}, {5, 2, 1}});
+    EXPECT_EQ(xs(fillExtremeList(curve, false, false, ExtremeFilter::kBoth)),
+              (std::vector<double>{1, 3}));
+    // Filter 1 after filter 3: the maxima of the same marks, nothing sampled again.
+    EXPECT_EQ(xs(fillExtremeList(curve, false, false, ExtremeFilter::kMaxima)),
+              (std::vector<double>{1}));
+    EXPECT_EQ(xs(fillExtremeList(curve, false, false, ExtremeFilter::kMinima)),
+              (std::vector<double>{3}));
+    Curve plain = curveOf({{0, 0, 0}, {1, 1, 0}, {2, 0, 0}});
+    EXPECT_TRUE(fillExtremeList(plain, false, false, ExtremeFilter::kBoth).empty());
+}
+
+TEST(ExtremeList, AdjacentMarksGiveOneRowTheFartherOneForGood) {
+    const struct {
+        double y1, y2;
+        double shown;
+    } cases[] = {{1.0, 1.2, 1.1}, {1.2, 1.0, 1.0}, {1.0, 1.0, 1.1}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.shown);
+        Curve curve = curveOf({{0, 0, 0}, {1.0, c.y1, 1}, {1.1, c.y2, 1}, {2, 0, 0}});
+        EXPECT_EQ(xs(fillExtremeList(curve, false, false, ExtremeFilter::kBoth)),
+                  std::vector<double>{c.shown});
+        const int erased = c.shown == 1.0 ? 2 : 1;
+        EXPECT_EQ(curve.points[erased].peakKind, kOrdinaryPoint);
+        EXPECT_EQ(xs(fillExtremeList(curve, false, false, ExtremeFilter::kMaxima)),
+                  std::vector<double>{c.shown});
+    }
+}
+
+TEST(ExtremeList, PlainAndPiUnitTexts) {
+    Curve curve = curveOf({{0, 0, 0}, {1.5707963267948966, -0.5, 2}, {3, 0, 0}});
+    const auto plain = fillExtremeList(curve, false, false, ExtremeFilter::kBoth);
+    ASSERT_EQ(plain.size(), 1u);
+    EXPECT_EQ(plain[0].xText, "1.570796326794897");
+    EXPECT_EQ(plain[0].yText, "-0.500000000000000");
+    const auto pi = fillExtremeList(curve, true, true, ExtremeFilter::kBoth);
+    EXPECT_EQ(pi[0].xText, "pi*0.500000000000000");
+    EXPECT_EQ(pi[0].yText, "pi*-0.159154943091895");
+}
+
+}  // namespace
+}  // namespace curvemill

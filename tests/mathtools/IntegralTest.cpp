@@ -1,0 +1,195 @@
+// The integral of the main curve: interval checks, quick sum and estimate, precise refinement.
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cmath>
+#include <vector>
+
+#include "SampledGraph.h"
+#include "engine/NumberEntry.h"
+#include "mathtools/Integral.h"
+#include "mathtools/MathMessages.h"
+#include "mathtools/MathTexts.h"
+#include "mathtools/PreciseIntegral.h"
+#include "mathtools/RefinementPool.h"
+
+namespace curvemill {
+namespace {
+
+IntegralState interval(double from, double to) {
+    IntegralState state;
+    state.begin = from;
+    state.end = to;
+    return state;
+}
+
+struct ClosedForm {
+    const char* formula;
+    double xBegin, xEnd, from, to, exact;
+};
+
+// The quick sum's error is that of the trapezoid rule at the sampling step; the precise run
+// accepts chords within 1e-7 of the curve, so its error stays below 1e-7 per unit of width.
+TEST(Integral, MatchesClosedFormsQuickAndPrecise) {
+    const ClosedForm cases[] = {
+        {"x^3-2*x", -2, 3, -1, 2.5, 4.265625},
+        {"sin(x)", -1, 4, 0, 3.141592653589793, 2.0},
+        {"e^x", 0, 1, 0, 1, std::exp(1.0) - 1},
+        {"3*x-2", -5, 5, -5, 5, -20.0},
+        // No sample lies inside this interval, only around it.
+        {"x^2", -10, 10, 1.00001, 1.00002,
+         (1.00002 * 1.00002 * 1.00002 - 1.00001 * 1.00001 * 1.00001) / 3},
+    };
+    for (const ClosedForm& c : cases) {
+        SCOPED_TRACE(c.formula);
+        SampledGraph g(c.formula, c.xBegin, c.xEnd);
+        IntegralState state = interval(c.from, c.to);
+        ASSERT_TRUE(canIntegrate(g.graph.main, g.formula, state));
+        integrateQuick(g.graph.main, g.formula, state);
+        const double tolerance = 1e-7 * (c.to - c.from) + 1e-12;
+        EXPECT_NEAR(state.value, c.exact, tolerance);
+        ASSERT_TRUE(integratePrecise(g.graph.main, g.formula, state, {}));
+        EXPECT_NEAR(state.value, c.exact, tolerance);
+    }
+}
+
+TEST(Integral, QuickEstimateAcceptsALineAndRefusesASteepExponential) {
+    const struct {
+        const char* formula;
+        double to;
+        bool preciseEnough;
+    } cases[] = {{"3*x-2", 20, true}, {"e^x", 20, false}, {"sin(x)", 3, true}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.formula);
+        SampledGraph g(c.formula, 0, c.to);
+        IntegralState state = interval(0, c.to);
+        ASSERT_TRUE(canIntegrate(g.graph.main, g.formula, state));
+        EXPECT_EQ(integrateQuick(g.graph.main, g.formula, state), c.preciseEnough);
+    }
+}
+
+TEST(Integral, IntervalStartingOnASampleHasAnEmptyFirstStrip) {
+    SampledGraph g("x^2", 0, 10);
+    const int k = 1234;
+    const PlotPoint* p = g.graph.main.points.data();
+    IntegralState state = interval(p[k].x, 10);
+    ASSERT_TRUE(canIntegrate(g.graph.main, g.formula, state));
+    EXPECT_EQ(state.firstIndex, k);
+    EXPECT_EQ(state.lastIndex, g.graph.main.pointCount - 1);
+    integrateQuick(g.graph.main, g.formula, state);
+    // The trapezoid error of x^2 at the step 0.001 is 0.001^2 / 6 per unit of width.
+    EXPECT_NEAR(state.value, (1000 - p[k].x * p[k].x * p[k].x) / 3, 2e-6);
+}
+
+// Sqr(x) has no value up to 0, Sqr(x^2-0.25) none inside (-0.5, 0.5).
+TEST(Integral, IndefiniteSamplesInsideOrBesideTheIntervalRefuseIt) {
+    SampledGraph root("Sqr(x)", -1, 1);
+    const PlotPoint* p = root.graph.main.points.data();
+    int firstDefined = 0;
+    while (p[firstDefined].isIndefinite) {
+        ++firstDefined;
+    }
+    SampledGraph hole("Sqr(x^2-0.25)", -1, 1);
+    const struct {
+        SampledGraph* g;
+        double from, to;
+        bool accepted;
+    } cases[] = {
+        {&root, p[firstDefined].x, 1, false},  // the sample before it has no value
+        {&root, (p[firstDefined].x + p[firstDefined + 1].x) / 2, 1, true},
+        {&hole, -1, 1, false},
+        {&hole, 0.6, 1, true},
+        {&hole, -1, -0.6, true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.from);
+        IntegralState state = interval(c.from, c.to);
+        EXPECT_EQ(canIntegrate(c.g->graph.main, c.g->formula, state), c.accepted);
+    }
+}
+
+TEST(Integral, DialogChecksGiveTheirMessagesInOrder) {
+    SampledGraph g("Sqr(x^2-0.25)", -1, 1);
+    const struct {
+        const char* from;
+        const char* to;
+        std::string message;
+    } cases[] = {
+        {"2*x", "1", "ERROR IN X_BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT"},
+        {"-1.5", "x", math_messages::kXBeginOutside},
+        {"-1", "x", "ERROR IN X_END EDIT BOX:\nNUMBER IS NOT A CONSTANT"},
+        {"-1", "1.5", math_messages::kXEndOutside},
+        {"0.7", "0.7", math_messages::kXEndNotGreater},
+        {"0.9", "0.7", math_messages::kXEndNotGreater},
+        {"-1", "1", math_messages::kCannotIntegrate},
+        {"0.6", "1", ""},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.message);
+        NumberBox from(math_messages::kBoxXBegin);
+        NumberBox to(math_messages::kBoxXEnd);
+        from.setText(c.from);
+        to.setText(c.to);
+        IntegralState state;
+        EXPECT_EQ(acceptIntegralInterval(g.formula, g.graph, from, to, state).value_or(""),
+                  c.message);
+    }
+    EXPECT_EQ(std::string(math_messages::kCannotIntegrate),
+              "INTEGRAL CANNOT BE CALCULATED, \nSINCE THIS INTERVAL CONTAINS\nINDEFINITE AND/OR "
+              "INFINITE NUMBERS");
+    EXPECT_EQ(preciseQuestionText(265.335615072411258),
+              "Integral Is   265.335615072411. \n  Do You Want To Calculate It More Precisely?");
+}
+
+TEST(Integral, StopDuringThePreciseRunLeavesNoAreaAndZero) {
+    SampledGraph g("sin(x)/x*80", 0.5, 10, 100000);
+    IntegralState state = interval(0.5, 10);
+    ASSERT_TRUE(canIntegrate(g.graph.main, g.formula, state));
+    GraphView view;
+    integrateQuick(g.graph.main, g.formula, state);
+    showIntegralArea(g.graph, view, state);
+
+    std::atomic<bool> stop{false};
+    std::vector<int> percents;
+    SamplingControl control;
+    control.stopRequested = &stop;
+    control.progress = [&](int percent) {
+        percents.push_back(percent);
+        stop = percent >= 40;
+    };
+    EXPECT_FALSE(integratePrecise(g.graph.main, g.formula, state, control));
+    EXPECT_EQ(state.value, 0.0);
+    EXPECT_EQ(state.resultText, "");
+    EXPECT_EQ(percents.back(), 40);
+    finishPreciseIntegral(g.graph, view, state, false);
+    EXPECT_FALSE(view.areaPainted);
+    EXPECT_LT(g.graph.areaLast, g.graph.areaFirst);
+
+    stop = false;
+    percents.clear();
+    control.progress = [&](int percent) { percents.push_back(percent); };
+    ASSERT_TRUE(integratePrecise(g.graph.main, g.formula, state, control));
+    EXPECT_EQ(percents.back(), 100);
+    finishPreciseIntegral(g.graph, view, state, true);
+    EXPECT_TRUE(view.areaPainted);
+    EXPECT_EQ(g.graph.areaFirst, state.firstIndex);
+    EXPECT_EQ(g.graph.areaLast, state.lastIndex);
+    EXPECT_EQ(g.graph.areaText.rfind("S(0.5, 10) = ", 0), 0u) << g.graph.areaText;
+}
+
+TEST(RefinementPool, SpareFirstThenFirstFreeThenNone) {
+    RefinementPool pool;
+    pool.reset();
+    for (int i = 0; i < RefinementPool::kSize; ++i) {
+        ASSERT_EQ(pool.take(), i);
+    }
+    EXPECT_EQ(pool.take(), -1);
+    pool.release(7);
+    pool.release(3);
+    EXPECT_EQ(pool.take(), 3);  // the spare
+    EXPECT_EQ(pool.take(), 7);  // then the first free
+    EXPECT_EQ(pool.take(), -1);
+}
+
+}  // namespace
+}  // namespace curvemill
