@@ -284,8 +284,9 @@ TEST(EntriesFileTest, FirstSaveAfterAPartialLoadKeepsTheOldFile) {
 }
 
 // Runs `body` in a child process as the user "nobody", since root writes whatever the permission
-// bits say; returns its exit status, or nothing when the user cannot be changed here.
-std::optional<int> runAsNobody(const std::function<int()>& body) {
+// bits say; returns its exit status, or nothing when the user cannot be changed here or cannot
+// reach `place` (a temporary folder under a private parent, as with a strict umask or TMPDIR).
+std::optional<int> runAsNobody(const fs::path& place, const std::function<int()>& body) {
     const passwd* nobody = ::getpwnam("nobody");
     if (::geteuid() != 0 || nobody == nullptr) {
         return std::nullopt;
@@ -293,7 +294,8 @@ std::optional<int> runAsNobody(const std::function<int()>& body) {
     const pid_t child = fork();
     if (child == 0) {
         const gid_t group = nobody->pw_gid;
-        if (::setgroups(1, &group) != 0 || ::setgid(group) != 0 || ::setuid(nobody->pw_uid) != 0) {
+        if (::setgroups(1, &group) != 0 || ::setgid(group) != 0 || ::setuid(nobody->pw_uid) != 0 ||
+            ::access(place.c_str(), X_OK) != 0) {
             _exit(125);
         }
         _exit(body());
@@ -323,6 +325,8 @@ TEST(EntriesFileTest, SaveRespectsFoldersLinksAndOtherUsersFiles) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         TempDirectory dir;
+        // Created under the process's umask, which may shut other users out.
+        ::chmod(dir.path().c_str(), 0755);
         const fs::path home = dir.path() / "home";
         const fs::path folder = c.link ? dir.path() / "data" : home;
         fs::create_directories(home);
@@ -343,12 +347,12 @@ TEST(EntriesFileTest, SaveRespectsFoldersLinksAndOtherUsersFiles) {
         ::chmod((folder / "Graph.dat").c_str(), 0444);
         ::chmod(folder.c_str(), c.folderWritable ? 0755 : 0555);
         HistoryStore store = storeWithNewEntries();
-        const std::optional<int> status = runAsNobody([&] {
+        const std::optional<int> status = runAsNobody(home, [&] {
             return saveEntries(store, kSaveOnCommand, {}, home).outcome == SaveOutcome::Saved;
         });
         if (!status) {
-            GTEST_SKIP() << "needs root and a user \"nobody\" to switch to: root writes "
-                            "regardless of permissions";
+            GTEST_SKIP() << "needs root, a user \"nobody\" to switch to and a temporary folder "
+                            "that user can reach: root writes regardless of permissions";
         }
         EXPECT_EQ(*status == 1, c.saved);
         EXPECT_EQ(dir.read(fs::relative(folder / "Graph.dat", dir.path()).string()) != old,
