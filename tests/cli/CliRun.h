@@ -8,6 +8,7 @@
 #include <csignal>
 #include <cstdlib>
 
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -69,4 +70,14 @@ inline CliRun runCli(const std::vector<std::string>& args, const CliSetting& set
     waitpid(child, &status, 0);
     run.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     return run;
+}
+
+// A command line split at its blanks, as the table rows write it.
+inline std::vector<std::string> words(const std::string& line) {
+    std::istringstream in(line);
+    std::vector<std::string> out;
+    for (std::string word; in >> word;) {
+        out.push_back(word);
+    }
+    return out;
 }

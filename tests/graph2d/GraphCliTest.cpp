@@ -11,16 +11,6 @@
 
 namespace {
 
-// The command line split at its blanks.
-std::vector<std::string> words(const std::string& line) {
-    std::istringstream in(line);
-    std::vector<std::string> out;
-    for (std::string word; in >> word;) {
-        out.push_back(word);
-    }
-    return out;
-}
-
 TEST(GraphCli, SummaryLinesAndRecordsAsCsv) {
     // dx = 1 exactly: 10001 regular samples, then the final record at X_END.
     CliRun run = runCli(words("sample 2*x --x-begin 0 --x-end 10000 --points 10000 --summary"));

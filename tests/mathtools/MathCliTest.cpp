@@ -20,15 +20,6 @@ struct MathCliCase {
 
 class MathCliTest : public ::testing::TestWithParam<MathCliCase> {};
 
-std::vector<std::string> words(const std::string& line) {
-    std::istringstream in(line);
-    std::vector<std::string> out;
-    for (std::string word; in >> word;) {
-        out.push_back(word);
-    }
-    return out;
-}
-
 TEST_P(MathCliTest, PrintsAndExitsAsScriptsExpect) {
     const MathCliCase& c = GetParam();
     const CliRun r = runCli(words(c.line));
