@@ -224,8 +224,11 @@ class TwoDGraphDialogTest : public QObject {
         QVERIFY(draw(*makeDialog(), u"-10"_s, u"10"_s, u"x"_s));
         auto second = makeDialog(TwoDGraphRole::Second);
         QVERIFY(draw(*second, u"0"_s, u"2"_s, u"x^2"_s));
-        QCOMPARE(graph.main.points[0].x, 0.0);
-        QCOMPARE(graph.main.points[graph.main.pointCount - 1].x, 2.0);
+        // Records are packed: copy the fields out before comparing by reference.
+        const double firstX = graph.main.points[0].x;
+        const double lastX = graph.main.points[graph.main.pointCount - 1].x;
+        QCOMPARE(firstX, 0.0);
+        QCOMPARE(lastX, 2.0);
         QVERIFY(qAbs(graph.main.yMax - 2.0) < 1e-9);
 
         QVERIFY(worker.start("Other", formula.keepComputing, [](const JobContext& context) {

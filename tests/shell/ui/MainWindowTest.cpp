@@ -209,7 +209,8 @@ class MainWindowTest : public QObject {
 
         QVERIFY(drawWith(true, "x^2"));
         // The second function is drawn over the first one's range.
-        QCOMPARE(graph.second.points[0].x, -3.0);
+        const double secondFirstX = graph.second.points[0].x;
+        QCOMPARE(secondFirstX, -3.0);
         QCOMPARE(plain(action(40051)->text()), QStringLiteral("Erase Another Function"));
         QCOMPARE(action(40051)->toolTip(), QStringLiteral("ERASE SECOND FUNCTION"));
         QVERIFY(action(40054)->isEnabled());
@@ -246,7 +247,9 @@ class MainWindowTest : public QObject {
     // status bar.
     void progressWhileRunningAndAWordForAnEmptyGraph() {
         bool shownWhileRunning = false;
-        connect(&worker, &Worker::progressChanged, this,
+        // Scoped to this test: the flag lives on its stack.
+        QObject scope;
+        connect(&worker, &Worker::progressChanged, &scope,
                 [&] { shownWhileRunning = window->progressBar()->isVisible(); });
         QVERIFY(drawWith(false, "(-2)^x"));
         QVERIFY(shownWhileRunning);
