@@ -25,12 +25,16 @@
 #include "history/ui/HistoryCommands.h"
 #include "history/ui/HistoryService.h"
 #include "history/ui/HistoryWindow.h"
+#include "mathtools/ui/InformationDialog.h"
+#include "mathtools/ui/MathControlIds.h"
+#include "mathtools/ui/MathDialog.h"
 #include "shell/CommandState.h"
 #include "shell/CommandTable.h"
 #include "shell/ui/AboutDialog.h"
 #include "shell/ui/CommandActions.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/MainWindow.h"
+#include "shell/ui/MathCommands.h"
 #include "shell/ui/TitlePage.h"
 #include "tests/support/DialogControls.h"
 #include "tests/support/ModalAnswer.h"
@@ -240,6 +244,30 @@ class MainWindowTest : public QObject {
         QCOMPARE(window->graphKind(), GraphKind::TitlePage);
         QVERIFY(window->titlePage()->isVisible());
         QVERIFY(!action(40010)->isEnabled());
+    }
+
+    // The Math dialog paints an integral on the graph; Erase Integral takes it off again.
+    void mathMenuPaintsAndErasesAnIntegral() {
+        QVERIFY(!action(40012)->isEnabled() && !action(40200)->isEnabled());
+        window->twoDGraphDialog(false)->setEntry("x^2", "-3", "3");
+        QVERIFY(drawWith(false, "x^2"));
+        QVERIFY(action(40012)->isEnabled() && action(40200)->isEnabled());
+        QVERIFY(!action(40029)->isEnabled());
+        action(40012)->trigger();
+        MathDialog* math = window->math().mathDialog();
+        QVERIFY(math->isVisible());
+        QCOMPARE(control<QLineEdit>(*math, math_ids::kXBegin)->text(), u"-3"_s);
+        control<QLineEdit>(*math, math_ids::kXBegin)->setText(u"0"_s);
+        control<QPushButton>(*math, math_ids::kOk)->click();
+        QVERIFY(!math->isVisible());
+        QVERIFY(view.areaPainted);
+        QVERIFY(graph.areaText.starts_with("S(0, 3) = "));
+        QVERIFY(action(40029)->isEnabled());
+        action(40029)->trigger();
+        QVERIFY(!view.areaPainted && graph.areaText.empty());
+        QVERIFY(!action(40029)->isEnabled());
+        action(40200)->trigger();
+        QVERIFY(window->math().informationDialog()->isVisible());
     }
 
     // The progress bar shows only while the worker runs; an undefined graph is said in the
