@@ -39,6 +39,8 @@ FunctionValuePage::FunctionValuePage(Formula& formula, const TwoDGraph& graph, Q
     xEdit_ = new QLineEdit(this);
     xEdit_->setObjectName(QString::number(information_ids::kX));
     xEdit_->setMaxLength(70);
+    // Wide enough for a value written to 15 decimals.
+    xEdit_->setMinimumWidth(xEdit_->fontMetrics().horizontalAdvance(u'0') * 28);
     yResult_ = resultBox(information_ids::kYResult, this);
     slopeResult_ = resultBox(information_ids::kSlopeResult, this);
     piUnits_ = new QCheckBox(QStringLiteral("Results In &PI Units"), this);
@@ -68,6 +70,8 @@ bool FunctionValuePage::calculate() {
     value_ = valueAt(formula_, x);
     shown_ = true;
     showResult();
+    // Ready for the next x.
+    xEdit_->selectAll();
     return true;
 }
 

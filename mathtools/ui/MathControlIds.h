@@ -14,6 +14,8 @@ inline constexpr int kStop = 1014;
 inline constexpr int kCancel = 2;
 // Opens the Information dialog for the same function.
 inline constexpr int kInformation = 1069;
+// Draws the derivative curve of the function on screen.
+inline constexpr int kDrawDerivative = 1075;
 // The "Extreme Values" group.
 inline constexpr int kFindExtremes = 1071;
 inline constexpr int kExtremeList = 1072;

@@ -14,6 +14,7 @@
 
 #include "engine/DisplayFormat.h"
 #include "engine/Formula.h"
+#include "graph2d/DerivativeCurve.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
@@ -47,20 +48,20 @@ MathDialog::MathDialog(Formula& formula, TwoDGraph& graph, GraphView& view, Work
     buildControls();
     setRunning(false);
     connect(&worker_, &Worker::progressChanged, this, [this](int percent) {
-        if (running_) {
+        if (isRunning()) {
             progress_->setValue(percent);
         }
     });
     connect(&worker_, &Worker::finished, this, [this](bool completed) {
-        if (running_) {
-            finishPrecise(completed);
+        if (isRunning()) {
+            finishRun(completed);
         }
     });
 }
 
 // The job reads this dialog's members, so a run still going on must end first.
 MathDialog::~MathDialog() {
-    if (running_) {
+    if (isRunning()) {
         worker_.stop();
         while (worker_.isBusy()) {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
@@ -94,6 +95,7 @@ void MathDialog::buildControls() {
     stopButton_ = makeButton(math_ids::kStop, QStringLiteral("&Stop"));
     cancelButton_ = makeButton(math_ids::kCancel, QStringLiteral("Cancel"));
     informationButton_ = makeButton(math_ids::kInformation, QStringLiteral("I&nformation..."));
+    derivativeButton_ = makeButton(math_ids::kDrawDerivative, QStringLiteral("Draw &Derivative"));
 
     auto* integralGroup = new QGroupBox(QStringLiteral("Integral"), this);
     auto* xBeginLabel = new QLabel(QStringLiteral("X_&BEG"), integralGroup);
@@ -112,6 +114,7 @@ void MathDialog::buildControls() {
 
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(informationButton_);
+    buttons->addWidget(derivativeButton_);
     buttons->addStretch(1);
     buttons->addWidget(okButton_);
     buttons->addWidget(stopButton_);
@@ -126,6 +129,7 @@ void MathDialog::buildControls() {
     connect(stopButton_, &QPushButton::clicked, this, &MathDialog::stop);
     connect(cancelButton_, &QPushButton::clicked, this, &MathDialog::reject);
     connect(informationButton_, &QPushButton::clicked, this, &MathDialog::informationRequested);
+    connect(derivativeButton_, &QPushButton::clicked, this, &MathDialog::drawDerivative);
     connect(xBeginEdit_, &QLineEdit::textChanged, this,
             [this](const QString& text) { xBeginBox_.setText(text.toStdString()); });
     connect(xEndEdit_, &QLineEdit::textChanged, this,
@@ -175,13 +179,20 @@ void MathDialog::refuse(const std::string& message) {
     box->selectAll();
 }
 
-void MathDialog::accept() {
-    if (running_) {
-        return;
+bool MathDialog::refuseWhileBusy() {
+    if (isRunning()) {
+        return true;
     }
-    // The integral reads the curve the worker would be filling.
+    // The tools read the curve and the formula engine a computation there would be using.
     if (worker_.isBusy()) {
         QMessageBox::information(this, QString(), QString::fromLatin1(kMsgWorkerBusy));
+        return true;
+    }
+    return false;
+}
+
+void MathDialog::accept() {
+    if (refuseWhileBusy()) {
         return;
     }
     IntegralState candidate;
@@ -192,7 +203,7 @@ void MathDialog::accept() {
     }
     state_ = candidate;
     if (precise_->isChecked()) {
-        startPrecise();
+        startRun(Run::kIntegral);
         return;
     }
     const bool preciseEnough = integrateQuick(graph_.main, formula_, state_);
@@ -203,7 +214,7 @@ void MathDialog::accept() {
                                  QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes);
         if (answer == QMessageBox::Yes) {
             precise_->setChecked(true);
-            startPrecise();
+            startRun(Run::kIntegral);
             return;
         }
     }
@@ -212,49 +223,81 @@ void MathDialog::accept() {
     QDialog::accept();
 }
 
-void MathDialog::startPrecise() {
-    // The area is painted while it is computed; its value follows when the run ends.
-    IntegralState shown = state_;
-    shown.resultText.clear();
-    showIntegralArea(graph_, view_, shown);
-    Q_EMIT graphChanged();
-    running_ = true;
+void MathDialog::drawDerivative() {
+    if (refuseWhileBusy() || !graph_.main.exists()) {
+        return;
+    }
+    derivativeRun_.main = graph_.main;
+    derivativeRun_.xBegin = graph_.xBegin;
+    derivativeRun_.xEnd = graph_.xEnd;
+    startRun(Run::kDerivative);
+}
+
+void MathDialog::startRun(Run run) {
+    if (run == Run::kIntegral) {
+        // The area is painted while it is computed; its value follows when the run ends.
+        IntegralState shown = state_;
+        shown.resultText.clear();
+        showIntegralArea(graph_, view_, shown);
+        Q_EMIT graphChanged();
+    }
+    run_ = run;
     setRunning(true);
     const bool started =
         worker_.start(kProcMathDialog, formula_.keepComputing, [this](const JobContext& context) {
             control_.progress = context.progress;
+            if (run_ == Run::kDerivative) {
+                return buildDerivativeCurve(derivativeRun_, formula_, control_);
+            }
             return integratePrecise(graph_.main, formula_, state_, control_);
         });
     if (!started) {
-        // accept() checked the worker just before; nothing else can start it in between.
-        running_ = false;
-        setRunning(false);
-        clearIntegralArea(graph_, view_);
-        Q_EMIT graphChanged();
+        // refuseWhileBusy() checked the worker just before; nothing else can start it in between.
+        finishRun(false);
     }
 }
 
-void MathDialog::finishPrecise(bool completed) {
-    running_ = false;
+void MathDialog::finishRun(bool completed) {
+    const Run run = run_;
+    run_ = Run::kNone;
     setRunning(false);
+    if (run == Run::kDerivative) {
+        finishDerivative(completed);
+    } else {
+        finishPrecise(completed);
+    }
+    Q_EMIT runFinished(completed);
+    done(completed ? QDialog::Accepted : QDialog::Rejected);
+}
+
+void MathDialog::finishPrecise(bool completed) {
     if (!completed) {
         state_.value = 0.0;
         state_.resultText.clear();
     }
     finishPreciseIntegral(graph_, view_, state_, completed);
     Q_EMIT graphChanged();
-    Q_EMIT runFinished(completed);
-    done(completed ? QDialog::Accepted : QDialog::Rejected);
+}
+
+void MathDialog::finishDerivative(bool completed) {
+    if (completed) {
+        graph_.derivative = std::move(derivativeRun_.derivative);
+    }
+    derivativeRun_.main.release();
+    derivativeRun_.derivative.release();
+    if (completed) {
+        Q_EMIT derivativeDrawn();
+    }
 }
 
 void MathDialog::stop() {
-    if (running_) {
+    if (isRunning()) {
         worker_.stop();
     }
 }
 
 void MathDialog::reject() {
-    if (running_) {
+    if (isRunning()) {
         stop();
         return;
     }

@@ -9,6 +9,7 @@
 #include "engine/NumberEntry.h"
 #include "failure/ProcedureNames.h"
 #include "graph2d/SamplingControl.h"
+#include "graph2d/TwoDGraph.h"
 #include "mathtools/IntegralState.h"
 #include "mathtools/MathMessages.h"
 
@@ -23,7 +24,6 @@ class ExtremeValuesGroup;
 class Formula;
 class Worker;
 struct GraphView;
-struct TwoDGraph;
 
 class MathDialog : public QDialog, public FailureScope {
     Q_OBJECT
@@ -33,7 +33,7 @@ class MathDialog : public QDialog, public FailureScope {
     ~MathDialog() override;
 
     ProcedureName procedureName() const override { return kProcMathDialog; }
-    bool isRunning() const { return running_; }
+    bool isRunning() const { return run_ != Run::kNone; }
     // The last integral computed or being computed.
     const IntegralState& integral() const { return state_; }
     ExtremeValuesGroup* extremeValues() const { return extremes_; }
@@ -44,12 +44,16 @@ class MathDialog : public QDialog, public FailureScope {
     // Escape and the close box: while the precise run goes on they stop it instead of closing.
     void reject() override;
     void stop();
+    // "Draw Derivative": the derivative curve of the function on screen, on the worker.
+    void drawDerivative();
 
   Q_SIGNALS:
     // The painted area or its text changed: the graph is to be drawn again.
     void graphChanged();
-    // The precise run has ended; `completed` is false when it was stopped.
+    // The precise run or the derivative has ended; `completed` is false when it was stopped.
     void runFinished(bool completed);
+    // A derivative curve was added: the view's ranges are to be chosen again.
+    void derivativeDrawn();
     void informationRequested();
 
   protected:
@@ -59,8 +63,12 @@ class MathDialog : public QDialog, public FailureScope {
     void buildControls();
     void setRunning(bool running);
     void refuse(const std::string& message);
-    void startPrecise();
+    enum class Run { kNone, kIntegral, kDerivative };
+    bool refuseWhileBusy();
+    void startRun(Run run);
+    void finishRun(bool completed);
     void finishPrecise(bool completed);
+    void finishDerivative(bool completed);
     void takeGraph();
 
     Formula& formula_;
@@ -76,6 +84,7 @@ class MathDialog : public QDialog, public FailureScope {
     QPushButton* stopButton_ = nullptr;
     QPushButton* cancelButton_ = nullptr;
     QPushButton* informationButton_ = nullptr;
+    QPushButton* derivativeButton_ = nullptr;
     ExtremeValuesGroup* extremes_ = nullptr;
 
     NumberBox xBeginBox_{math_messages::kBoxXBegin};
@@ -84,7 +93,10 @@ class MathDialog : public QDialog, public FailureScope {
     // the job's frames without unwinding).
     IntegralState state_;
     SamplingControl control_;
-    bool running_ = false;
+    Run run_ = Run::kNone;
+    // The derivative is built from a copy of the main curve into a graph of its own, so the
+    // screen, which may repaint meanwhile, never sees a curve the worker is writing.
+    TwoDGraph derivativeRun_;
     // The sampled graph the boxes and the list were last set up for; another one presets the
     // boxes to its first defined stretch and empties the list.
     std::string seenFormula_;

@@ -232,6 +232,23 @@ class MathDialogsTest : public QObject {
         QVERIFY(graph().areaText.empty());
     }
 
+    void derivativeIsDrawnOnTheWorker() {
+        auto dialog = mathDialog("x^3", -2, 2);
+        QSignalSpy drawn(dialog.get(), &MathDialog::derivativeDrawn);
+        QSignalSpy finished(dialog.get(), &MathDialog::runFinished);
+        click(*dialog, ids::kDrawDerivative);
+        QVERIFY(finished.wait(20000));
+        QVERIFY(finished.first().first().toBool());
+        QCOMPARE(drawn.count(), 1);
+        QVERIFY(!dialog->isVisible());
+        const Curve& derivative = graph().derivative;
+        QCOMPARE(derivative.pointCount, graph().main.pointCount - 1);
+        for (int i : {0, derivative.pointCount / 3, derivative.pointCount - 1}) {
+            const double x = derivative.points[i].x;
+            QVERIFY(std::fabs(derivative.points[i].y - 3 * x * x) < 1e-4);
+        }
+    }
+
     void secondRequestWhileTheWorkerRunsIsRefused() {
         auto dialog = mathDialog("x", -10, 10);
         std::atomic<bool> keep{true};
@@ -243,10 +260,14 @@ class MathDialogsTest : public QObject {
             }
             return true;
         }));
-        ModalAnswer refusal;
-        integrate(*dialog, u"-1"_s, u"1"_s);
-        QCOMPARE(refusal.text, QString::fromLatin1(kMsgWorkerBusy));
-        QVERIFY(!dialog->isRunning() && !view.areaPainted);
+        for (int id : {ids::kOk, ids::kDrawDerivative}) {
+            ModalAnswer refusal;
+            retype(*dialog, ids::kXBegin, u"-1"_s);
+            retype(*dialog, ids::kXEnd, u"1"_s);
+            click(*dialog, id);
+            QCOMPARE(refusal.text, QString::fromLatin1(kMsgWorkerBusy));
+        }
+        QVERIFY(!dialog->isRunning() && !view.areaPainted && !graph().hasDerivative());
         release = true;
         QVERIFY(ended.wait(5000));
     }

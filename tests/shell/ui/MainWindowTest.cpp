@@ -268,6 +268,16 @@ class MainWindowTest : public QObject {
         QVERIFY(!action(40029)->isEnabled());
         action(40200)->trigger();
         QVERIFY(window->math().informationDialog()->isVisible());
+        window->math().informationDialog()->reject();
+
+        QVERIFY(!action(40031)->isEnabled());
+        action(40012)->trigger();
+        QSignalSpy finished(math, &MathDialog::runFinished);
+        control<QPushButton>(*math, math_ids::kDrawDerivative)->click();
+        QVERIFY(finished.wait(20000));
+        QVERIFY(graph.hasDerivative() && action(40031)->isEnabled());
+        action(40031)->trigger();
+        QVERIFY(!graph.hasDerivative() && !action(40031)->isEnabled());
     }
 
     // The progress bar shows only while the worker runs; an undefined graph is said in the
