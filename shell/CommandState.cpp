@@ -11,8 +11,9 @@ bool commandAvailable(int id, const ShellState& state) {
         case 40051:  // a second function goes beside a first one
         case 40012:  // the math tools work on the function on screen
         case 40200:
-        case 40033:
             return function2D;
+        case 40033:
+            return function2D && state.indefiniteMarked;
         case 40054:
             return function2D && state.hasSecondFunction;
         case 40029:  // the integral curve and the painted area go together

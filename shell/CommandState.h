@@ -20,6 +20,8 @@ struct ShellState {
     bool historyChanged = false;
     // An integral's area is painted on the graph.
     bool areaPainted = false;
+    // The stretches without a value are marked on the graph.
+    bool indefiniteMarked = false;
 };
 
 // The rule of a command in this state, whether or not its work is built yet.

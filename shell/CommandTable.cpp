@@ -45,7 +45,7 @@ constexpr std::array kCommands{
     CommandRow{40200, M, "Math", "Information", "", "", &T::openInformation},
     CommandRow{40029, M, "Math", "Erase Integral", "", "", &T::eraseIntegral},
     CommandRow{40031, M, "Math", "Erase Derivative", "", "", &T::eraseDerivative},
-    CommandRow{40033, M, "Math", "Unmark Indefinite Areas", "", "", nullptr},
+    CommandRow{40033, M, "Math", "Unmark Indefinite Areas", "", "", &T::unmarkIndefiniteAreas},
     CommandRow{40140, M, "Math", "Calculator", "", "OPEN CALCULATOR", &T::openCalculator},
     // Customization
     CommandRow{40123, M, "Customization", "TwoD / Equation Customization", "", "", nullptr},

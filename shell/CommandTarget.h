@@ -27,6 +27,7 @@ class CommandTarget {
     virtual void openInformation() = 0;
     virtual void eraseIntegral() = 0;
     virtual void eraseDerivative() = 0;
+    virtual void unmarkIndefiniteAreas() = 0;
 };
 
 }  // namespace curvemill

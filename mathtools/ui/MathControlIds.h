@@ -16,6 +16,8 @@ inline constexpr int kCancel = 2;
 inline constexpr int kInformation = 1069;
 // Draws the derivative curve of the function on screen.
 inline constexpr int kDrawDerivative = 1075;
+// Marks the stretches where the function has no value.
+inline constexpr int kMarkIndefinite = 1076;
 // The "Extreme Values" group.
 inline constexpr int kFindExtremes = 1071;
 inline constexpr int kExtremeList = 1072;

@@ -96,6 +96,7 @@ void MathDialog::buildControls() {
     cancelButton_ = makeButton(math_ids::kCancel, QStringLiteral("Cancel"));
     informationButton_ = makeButton(math_ids::kInformation, QStringLiteral("I&nformation..."));
     derivativeButton_ = makeButton(math_ids::kDrawDerivative, QStringLiteral("Draw &Derivative"));
+    markButton_ = makeButton(math_ids::kMarkIndefinite, QStringLiteral("&Mark Indefinite Areas"));
 
     auto* integralGroup = new QGroupBox(QStringLiteral("Integral"), this);
     auto* xBeginLabel = new QLabel(QStringLiteral("X_&BEG"), integralGroup);
@@ -115,6 +116,7 @@ void MathDialog::buildControls() {
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(informationButton_);
     buttons->addWidget(derivativeButton_);
+    buttons->addWidget(markButton_);
     buttons->addStretch(1);
     buttons->addWidget(okButton_);
     buttons->addWidget(stopButton_);
@@ -130,6 +132,10 @@ void MathDialog::buildControls() {
     connect(cancelButton_, &QPushButton::clicked, this, &MathDialog::reject);
     connect(informationButton_, &QPushButton::clicked, this, &MathDialog::informationRequested);
     connect(derivativeButton_, &QPushButton::clicked, this, &MathDialog::drawDerivative);
+    connect(markButton_, &QPushButton::clicked, this, [this] {
+        view_.indefiniteMarked = true;
+        Q_EMIT graphChanged();
+    });
     connect(xBeginEdit_, &QLineEdit::textChanged, this,
             [this](const QString& text) { xBeginBox_.setText(text.toStdString()); });
     connect(xEndEdit_, &QLineEdit::textChanged, this,
@@ -156,9 +162,9 @@ void MathDialog::takeGraph() {
 }
 
 void MathDialog::setRunning(bool running) {
-    for (QWidget* input :
-         std::initializer_list<QWidget*>{xBeginEdit_, xEndEdit_, precise_, okButton_, cancelButton_,
-                                         informationButton_, extremes_}) {
+    for (QWidget* input : std::initializer_list<QWidget*>{
+             xBeginEdit_, xEndEdit_, precise_, okButton_, cancelButton_, informationButton_,
+             derivativeButton_, markButton_, extremes_}) {
         input->setEnabled(!running);
     }
     stopButton_->setEnabled(running);

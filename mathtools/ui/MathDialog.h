@@ -85,6 +85,7 @@ class MathDialog : public QDialog, public FailureScope {
     QPushButton* cancelButton_ = nullptr;
     QPushButton* informationButton_ = nullptr;
     QPushButton* derivativeButton_ = nullptr;
+    QPushButton* markButton_ = nullptr;
     ExtremeValuesGroup* extremes_ = nullptr;
 
     NumberBox xBeginBox_{math_messages::kBoxXBegin};

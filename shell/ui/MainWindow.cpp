@@ -106,6 +106,7 @@ ShellState MainWindow::shellState() const {
     state.historyWired = history_ != nullptr;
     state.historyChanged = history_ != nullptr && history_->hasUnsavedEntries();
     state.areaPainted = parts_.view.areaPainted;
+    state.indefiniteMarked = parts_.view.indefiniteMarked;
     return state;
 }
 
@@ -367,6 +368,10 @@ void MainWindow::eraseIntegral() {
 
 void MainWindow::eraseDerivative() {
     math_->eraseDerivative();
+}
+
+void MainWindow::unmarkIndefiniteAreas() {
+    math_->unmarkIndefiniteAreas();
 }
 
 }  // namespace curvemill

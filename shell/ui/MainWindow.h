@@ -82,6 +82,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     void openInformation() override;
     void eraseIntegral() override;
     void eraseDerivative() override;
+    void unmarkIndefiniteAreas() override;
     MathCommands& math() const { return *math_; }
 
   Q_SIGNALS:

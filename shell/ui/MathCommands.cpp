@@ -65,6 +65,11 @@ void MathCommands::eraseIntegral() {
     parts_.redraw();
 }
 
+void MathCommands::unmarkIndefiniteAreas() {
+    parts_.view.indefiniteMarked = false;
+    parts_.redraw();
+}
+
 void MathCommands::eraseDerivative() {
     if (!parts_.graph.hasDerivative()) {
         return;

@@ -40,6 +40,7 @@ class MathCommands : public QObject {
     void openInformation();
     void eraseIntegral();
     void eraseDerivative();
+    void unmarkIndefiniteAreas();
 
     // Created on first use.
     MathDialog* mathDialog();

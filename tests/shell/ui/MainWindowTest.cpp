@@ -278,6 +278,13 @@ class MainWindowTest : public QObject {
         QVERIFY(graph.hasDerivative() && action(40031)->isEnabled());
         action(40031)->trigger();
         QVERIFY(!graph.hasDerivative() && !action(40031)->isEnabled());
+
+        QVERIFY(!action(40033)->isEnabled());
+        action(40012)->trigger();
+        control<QPushButton>(*math, math_ids::kMarkIndefinite)->click();
+        QVERIFY(view.indefiniteMarked && action(40033)->isEnabled());
+        action(40033)->trigger();
+        QVERIFY(!view.indefiniteMarked && !action(40033)->isEnabled());
     }
 
     // The progress bar shows only while the worker runs; an undefined graph is said in the
