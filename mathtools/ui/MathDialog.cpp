@@ -1,5 +1,8 @@
 #include "mathtools/ui/MathDialog.h"
 
+#include <charconv>
+#include <system_error>
+
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QGridLayout>
@@ -29,13 +32,24 @@ namespace curvemill {
 
 namespace {
 
+constexpr std::size_t kBoxLength = 70;
+
 QString idName(int id) {
     return QString::number(id);
 }
 
-// A box preset from a number reads back the same number: plain digits (an exponent's 'e' would
-// be read as the constant e), no trailing zeros.
+// A box preset from a number reads back the same number: the shortest plain digits that do (an
+// exponent's 'e' would be read as the constant e). Fifteen decimals would turn the edge of a
+// stretch just right of 0 into 0 itself, where the function has no value. A number too long for
+// the box is rounded to fifteen decimals instead.
 QString boxText(double v) {
+    char buffer[400];
+    const auto written = std::to_chars(buffer, buffer + sizeof buffer, v, std::chars_format::fixed);
+    const std::string exact =
+        written.ec == std::errc() ? std::string(buffer, written.ptr) : std::string();
+    if (!exact.empty() && exact.size() <= kBoxLength) {
+        return QString::fromStdString(exact);
+    }
     return QString::fromStdString(trimZeros(formatValue(v)));
 }
 
@@ -73,7 +87,7 @@ void MathDialog::buildControls() {
     auto makeEdit = [this](int id) {
         auto* edit = new QLineEdit(this);
         edit->setObjectName(idName(id));
-        edit->setMaxLength(70);
+        edit->setMaxLength(static_cast<int>(kBoxLength));
         return edit;
     };
     xBeginEdit_ = makeEdit(math_ids::kXBegin);

@@ -81,9 +81,10 @@ class MathDialogsTest : public QObject {
         }
         QVERIFY(control<QRadioButton>(*dialog, ids::kShowBoth)->isChecked());
         QVERIFY(!control(*dialog, ids::kStop)->isEnabled());
-        // ln(x) has no value up to 0: the boxes start where it has one.
-        const double begin = control<QLineEdit>(*dialog, ids::kXBegin)->text().toDouble();
-        QVERIFY(begin >= 0.0 && begin < 0.01);
+        // ln(x) has no value up to 0: the boxes start where it has one, and say it exactly.
+        const QString begin = control<QLineEdit>(*dialog, ids::kXBegin)->text();
+        QCOMPARE(begin.toDouble(), graph().definedSpan.begin);
+        QVERIFY(graph().definedSpan.begin > 0.0 && !begin.contains(u'e'));
         QCOMPARE(control<QLineEdit>(*dialog, ids::kXEnd)->text(), u"5"_s);
     }
 
