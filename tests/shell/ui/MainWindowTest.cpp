@@ -269,6 +269,13 @@ class MainWindowTest : public QObject {
         action(40200)->trigger();
         QVERIFY(window->math().informationDialog()->isVisible());
         window->math().informationDialog()->reject();
+        // From the Math dialog it comes up over that dialog.
+        action(40012)->trigger();
+        control<QPushButton>(*math, math_ids::kInformation)->click();
+        QVERIFY(window->math().informationDialog()->isVisible());
+        QCOMPARE(window->math().informationDialog()->parentWidget(), math);
+        window->math().informationDialog()->reject();
+        math->reject();
 
         QVERIFY(!action(40031)->isEnabled());
         action(40012)->trigger();
