@@ -56,6 +56,9 @@ struct GraphView {
     double yEnd = 1.0;
 
     bool areaPainted = false;
+    // The stretches where the main function has no value are marked over the curves; the marks
+    // follow whatever function is drawn until they are switched off.
+    bool indefiniteMarked = false;
     bool gridOn = true;
     // Curve letters drawn first to last: f main, d derivative, i integral, F second function.
     std::string displayOrder = "fdiF";

@@ -10,12 +10,14 @@ bool commandAvailable(int id, const ShellState& state) {
     switch (id) {
         case 40051:  // a second function goes beside a first one
         case 40012:  // the math tools work on the function on screen
-        case 40033:
+        case 40200:
             return function2D;
+        case 40033:
+            return function2D && state.indefiniteMarked;
         case 40054:
             return function2D && state.hasSecondFunction;
-        case 40029:
-            return function2D && state.hasIntegral;
+        case 40029:  // the integral curve and the painted area go together
+            return function2D && (state.hasIntegral || state.areaPainted);
         case 40031:
             return function2D && state.hasDerivative;
         case 40093:

@@ -18,6 +18,10 @@ struct ShellState {
     // A history implementation is wired in; without it its commands have nothing to act on.
     bool historyWired = false;
     bool historyChanged = false;
+    // An integral's area is painted on the graph.
+    bool areaPainted = false;
+    // The stretches without a value are marked on the graph.
+    bool indefiniteMarked = false;
 };
 
 // The rule of a command in this state, whether or not its work is built yet.

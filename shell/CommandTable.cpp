@@ -41,10 +41,11 @@ constexpr std::array kCommands{
     CommandRow{40010, M, "Grid", "Draw Grid", "", "DRAW GRID", &T::toggleGrid},
     CommandRow{40133, M, "Grid", "Grid Properties", "", "", nullptr},
     // Math
-    CommandRow{40012, M, "Math", "Math Dialog", "", "MATH DIALOG", nullptr},
-    CommandRow{40029, M, "Math", "Erase Integral", "", "", nullptr},
-    CommandRow{40031, M, "Math", "Erase Derivative", "", "", nullptr},
-    CommandRow{40033, M, "Math", "Unmark Indefinite Areas", "", "", nullptr},
+    CommandRow{40012, M, "Math", "Math Dialog", "", "MATH DIALOG", &T::openMathDialog},
+    CommandRow{40200, M, "Math", "Information", "", "", &T::openInformation},
+    CommandRow{40029, M, "Math", "Erase Integral", "", "", &T::eraseIntegral},
+    CommandRow{40031, M, "Math", "Erase Derivative", "", "", &T::eraseDerivative},
+    CommandRow{40033, M, "Math", "Unmark Indefinite Areas", "", "", &T::unmarkIndefiniteAreas},
     CommandRow{40140, M, "Math", "Calculator", "", "OPEN CALCULATOR", &T::openCalculator},
     // Customization
     CommandRow{40123, M, "Customization", "TwoD / Equation Customization", "", "", nullptr},

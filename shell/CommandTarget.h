@@ -22,6 +22,12 @@ class CommandTarget {
     virtual void findInHistory() = 0;
     virtual void findNextInHistory() = 0;
     virtual void deleteHistoryItem() = 0;
+    // The Math menu.
+    virtual void openMathDialog() = 0;
+    virtual void openInformation() = 0;
+    virtual void eraseIntegral() = 0;
+    virtual void eraseDerivative() = 0;
+    virtual void unmarkIndefiniteAreas() = 0;
 };
 
 }  // namespace curvemill

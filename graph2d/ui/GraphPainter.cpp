@@ -12,6 +12,7 @@
 #include "graph2d/CurveRuns.h"
 #include "graph2d/GridLayout.h"
 #include "graph2d/GridSteps.h"
+#include "graph2d/IndefiniteStretches.h"
 #include "graph2d/ui/FontSubstitutes.h"
 #include "graph2d/ui/GraphPens.h"
 
@@ -158,6 +159,23 @@ void drawCurves(QPainter& painter, const TwoDGraph& graph, const GraphView& view
         drawRuns(painter, buildCurveRuns(view, curve->points.data(), count), view.smoothLines,
                  width);
         painter.setRenderHint(QPainter::Antialiasing, false);
+    }
+}
+
+// Hatched bands over the whole plotting height where the main function has no value, so an
+// empty stretch of the graph reads as "no value here" rather than as a gap in the drawing.
+void drawIndefiniteMarks(QPainter& painter, const TwoDGraph& graph, const GraphView& view) {
+    const double left = view.left;
+    const double right = view.plotRight();
+    for (const XStretch& stretch : indefiniteStretches(graph.main, graph.xBegin, graph.xEnd)) {
+        const double from = std::clamp(view.toPixelX(stretch.begin), left, right);
+        const double to = std::clamp(view.toPixelX(stretch.end), left, right);
+        if (to <= from) {
+            continue;
+        }
+        const QRectF band(from, view.top, to - from, view.visibleHeight());
+        painter.fillRect(band, graph_colors::kIndefiniteFill);
+        painter.fillRect(band, QBrush(graph_colors::kIndefiniteHatch, Qt::BDiagPattern));
     }
 }
 
@@ -315,6 +333,9 @@ void GraphPainter::drawInTargetPixels(QPainter& painter, const TwoDGraph& graph,
         extras.afterGrid(painter, view);
     }
     drawCurves(painter, graph, view, extras.widePens);
+    if (view.indefiniteMarked && extras.titleGraph == TitleGraph::kFunction) {
+        drawIndefiniteMarks(painter, graph, view);
+    }
     if (extras.afterCurves) {
         extras.afterCurves(painter, view);
     }

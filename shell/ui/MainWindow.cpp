@@ -23,6 +23,7 @@
 #include "shell/ui/AboutDialog.h"
 #include "shell/ui/CommandActions.h"
 #include "shell/ui/GraphArea.h"
+#include "shell/ui/MathCommands.h"
 #include "shell/ui/ProductWebPage.h"
 #include "shell/ui/TitlePage.h"
 #include "worker/ui/Worker.h"
@@ -41,6 +42,17 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     pages_->addWidget(graphArea_);
     setCentralWidget(pages_);
     connect(titlePage_, &TitlePage::commandTriggered, this, &MainWindow::onTitleCommand);
+    math_ = std::make_unique<MathCommands>(
+        MathCommandParts{parts_.formula, parts_.graph, parts_.view, parts_.worker, this,
+                         [this] {
+                             graphArea_->redraw();
+                             refreshCommands();
+                         },
+                         [this] {
+                             resetView(parts_.view, parts_.graph);
+                             graphArea_->showNewGraph();
+                             refreshCommands();
+                         }});
 
     // Shown only while the worker runs; it gives up width before the status text does.
     progress_ = new QProgressBar(this);
@@ -93,6 +105,8 @@ ShellState MainWindow::shellState() const {
     state.gridOn = parts_.view.gridOn;
     state.historyWired = history_ != nullptr;
     state.historyChanged = history_ != nullptr && history_->hasUnsavedEntries();
+    state.areaPainted = parts_.view.areaPainted;
+    state.indefiniteMarked = parts_.view.indefiniteMarked;
     return state;
 }
 
@@ -338,6 +352,26 @@ void MainWindow::deleteHistoryItem() {
     if (history_ != nullptr) {
         history_->runListCommand(cmd::kDeleteItem);
     }
+}
+
+void MainWindow::openMathDialog() {
+    math_->openMathDialog();
+}
+
+void MainWindow::openInformation() {
+    math_->openInformation();
+}
+
+void MainWindow::eraseIntegral() {
+    math_->eraseIntegral();
+}
+
+void MainWindow::eraseDerivative() {
+    math_->eraseDerivative();
+}
+
+void MainWindow::unmarkIndefiniteAreas() {
+    math_->unmarkIndefiniteAreas();
 }
 
 }  // namespace curvemill

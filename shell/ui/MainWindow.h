@@ -20,6 +20,7 @@ class CommandActions;
 class Formula;
 class GraphArea;
 class HistoryPort;
+class MathCommands;
 class TitlePage;
 class TwoDGraphDialog;
 class Worker;
@@ -77,6 +78,12 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     void findInHistory() override;
     void findNextInHistory() override;
     void deleteHistoryItem() override;
+    void openMathDialog() override;
+    void openInformation() override;
+    void eraseIntegral() override;
+    void eraseDerivative() override;
+    void unmarkIndefiniteAreas() override;
+    MathCommands& math() const { return *math_; }
 
   Q_SIGNALS:
     void titlePageShown();
@@ -103,6 +110,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     QLabel* status_ = nullptr;
     TwoDGraphDialog* mainDialog_ = nullptr;
     TwoDGraphDialog* secondDialog_ = nullptr;
+    std::unique_ptr<MathCommands> math_;
 };
 
 }  // namespace curvemill

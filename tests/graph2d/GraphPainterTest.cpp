@@ -26,9 +26,11 @@ class GraphPainterTest : public ::testing::Test {
 
     // Draws `graph` unsmoothed into a 530 x 380 image (times `ratio` device pixels) whose
     // plotting area shows x 0..10, y -3.75..3.75.
-    QImage render(TwoDGraph& graph, bool areaPainted = false, double ratio = 1.0) {
+    QImage render(TwoDGraph& graph, bool areaPainted = false, double ratio = 1.0,
+                  bool indefiniteMarked = false) {
         view_ = testView();
         view_.areaPainted = areaPainted;
+        view_.indefiniteMarked = indefiniteMarked;
         view_.gridOn = false;
         view_.smoothLines = false;
         QImage image(530 * ratio, 380 * ratio, QImage::Format_RGB32);
@@ -101,6 +103,26 @@ TEST_F(GraphPainterTest, AreaAcrossTheAxisIsPaintedInBothColours) {
     const int crossing = static_cast<int>(view_.toPixelX(5));
     EXPECT_EQ(countColour(image, graph_colors::kAreaBelow, QRect(crossing + 2, 40, 200, 300)), 0);
     EXPECT_EQ(countColour(image, graph_colors::kAreaAbove, QRect(65, 40, crossing - 67, 300)), 0);
+}
+
+TEST_F(GraphPainterTest, IndefiniteStretchIsHatchedOnlyWhenMarked) {
+    TwoDGraph graph;
+    setCurve(graph.main, {point(0, 1), point(3, 1), point(4, 0, false, true),
+                          point(5, 0, false, true), point(6, 1), point(10, 1)});
+    const auto columns = [this](double from, double to) {
+        const int left = static_cast<int>(view_.toPixelX(from));
+        return QRect(left, 45, static_cast<int>(view_.toPixelX(to)) - left, 290);
+    };
+    const QColor hatch = graph_colors::kIndefiniteHatch;
+    QImage image = render(graph, false, 1.0, true);
+    EXPECT_GT(countColour(image, hatch, columns(3.1, 5.9)), 200);
+    EXPECT_EQ(countColour(image, hatch, columns(0.2, 2.9)), 0);
+    EXPECT_EQ(countColour(image, hatch, columns(6.1, 9.8)), 0);
+    // The curve beside the stretch stays in its own colour.
+    EXPECT_EQ(image.pixelColor(view_.toPixelX(1.5), view_.toPixelY(1)),
+              graph_colors::kMainFunction);
+    image = render(graph);
+    EXPECT_EQ(countColour(image, hatch, columns(3.1, 5.9)), 0);
 }
 
 TEST_F(GraphPainterTest, DenseTargetsAreDrawnInTheirOwnPixels) {

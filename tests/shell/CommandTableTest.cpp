@@ -65,6 +65,7 @@ TEST(CommandTable, EveryCommandHasItsTextKeyAndTooltip) {
         {40010, "Grid", "Draw Grid", "", "DRAW GRID"},
         {40133, "Grid", "Grid Properties", "", ""},
         {40012, "Math", "Math Dialog", "", "MATH DIALOG"},
+        {40200, "Math", "Information", "", ""},
         {40029, "Math", "Erase Integral", "", ""},
         {40031, "Math", "Erase Derivative", "", ""},
         {40033, "Math", "Unmark Indefinite Areas", "", ""},
@@ -123,10 +124,11 @@ TEST(CommandState, EnablingFollowsTheGraphOnScreen) {
         {40030, false, true, true, true, true},    {40005, false, true, true, true, false},
         {40126, false, true, true, true, false},   {40010, false, true, true, true, false},
         {40012, false, true, true, false, false},  {40029, false, false, true, false, false},
-        {40031, false, false, true, false, false}, {40063, false, true, true, true, false},
-        {40114, false, false, false, false, true}, {40101, false, false, false, false, true},
-        {40140, true, true, true, true, true},     {1033, true, true, true, true, true},
-        {40032, true, true, true, true, true},     {40022, false, false, true, false, false},
+        {40200, false, true, true, false, false},  {40031, false, false, true, false, false},
+        {40063, false, true, true, true, false},   {40114, false, false, false, false, true},
+        {40101, false, false, false, false, true}, {40140, true, true, true, true, true},
+        {1033, true, true, true, true, true},      {40032, true, true, true, true, true},
+        {40022, false, false, true, false, false},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.id);
@@ -136,6 +138,11 @@ TEST(CommandState, EnablingFollowsTheGraphOnScreen) {
         EXPECT_EQ(commandAvailable(row.id, equation), row.onEquation);
         EXPECT_EQ(commandAvailable(row.id, surface), row.onSurface);
     }
+    // A painted area is erased with the integral curve.
+    ShellState painted{GraphKind::Function2D};
+    painted.areaPainted = true;
+    EXPECT_TRUE(commandAvailable(40029, painted));
+    EXPECT_FALSE(commandAvailable(40031, painted));
     // Work not built yet stays grey whatever the state.
     EXPECT_FALSE(commandEnabled(*findCommand(40005), full2D));
     EXPECT_TRUE(commandEnabled(*findCommand(40054), full2D));

@@ -25,12 +25,16 @@
 #include "history/ui/HistoryCommands.h"
 #include "history/ui/HistoryService.h"
 #include "history/ui/HistoryWindow.h"
+#include "mathtools/ui/InformationDialog.h"
+#include "mathtools/ui/MathControlIds.h"
+#include "mathtools/ui/MathDialog.h"
 #include "shell/CommandState.h"
 #include "shell/CommandTable.h"
 #include "shell/ui/AboutDialog.h"
 #include "shell/ui/CommandActions.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/MainWindow.h"
+#include "shell/ui/MathCommands.h"
 #include "shell/ui/TitlePage.h"
 #include "tests/support/DialogControls.h"
 #include "tests/support/ModalAnswer.h"
@@ -241,6 +245,54 @@ class MainWindowTest : public QObject {
         QCOMPARE(window->graphKind(), GraphKind::TitlePage);
         QVERIFY(window->titlePage()->isVisible());
         QVERIFY(!action(40010)->isEnabled());
+    }
+
+    // The Math dialog paints an integral on the graph; Erase Integral takes it off again.
+    void mathMenuPaintsAndErasesAnIntegral() {
+        QVERIFY(!action(40012)->isEnabled() && !action(40200)->isEnabled());
+        window->twoDGraphDialog(false)->setEntry("x^2", "-3", "3");
+        QVERIFY(drawWith(false, "x^2"));
+        QVERIFY(action(40012)->isEnabled() && action(40200)->isEnabled());
+        QVERIFY(!action(40029)->isEnabled());
+        action(40012)->trigger();
+        MathDialog* math = window->math().mathDialog();
+        QVERIFY(math->isVisible());
+        QCOMPARE(control<QLineEdit>(*math, math_ids::kXBegin)->text(), u"-3"_s);
+        control<QLineEdit>(*math, math_ids::kXBegin)->setText(u"0"_s);
+        control<QPushButton>(*math, math_ids::kOk)->click();
+        QVERIFY(!math->isVisible());
+        QVERIFY(view.areaPainted);
+        QVERIFY(graph.areaText.starts_with("S(0, 3) = "));
+        QVERIFY(action(40029)->isEnabled());
+        action(40029)->trigger();
+        QVERIFY(!view.areaPainted && graph.areaText.empty());
+        QVERIFY(!action(40029)->isEnabled());
+        action(40200)->trigger();
+        QVERIFY(window->math().informationDialog()->isVisible());
+        window->math().informationDialog()->reject();
+        // From the Math dialog it comes up over that dialog.
+        action(40012)->trigger();
+        control<QPushButton>(*math, math_ids::kInformation)->click();
+        QVERIFY(window->math().informationDialog()->isVisible());
+        QCOMPARE(window->math().informationDialog()->parentWidget(), math);
+        window->math().informationDialog()->reject();
+        math->reject();
+
+        QVERIFY(!action(40031)->isEnabled());
+        action(40012)->trigger();
+        QSignalSpy finished(math, &MathDialog::runFinished);
+        control<QPushButton>(*math, math_ids::kDrawDerivative)->click();
+        QVERIFY(finished.wait(20000));
+        QVERIFY(graph.hasDerivative() && action(40031)->isEnabled());
+        action(40031)->trigger();
+        QVERIFY(!graph.hasDerivative() && !action(40031)->isEnabled());
+
+        QVERIFY(!action(40033)->isEnabled());
+        action(40012)->trigger();
+        control<QPushButton>(*math, math_ids::kMarkIndefinite)->click();
+        QVERIFY(view.indefiniteMarked && action(40033)->isEnabled());
+        action(40033)->trigger();
+        QVERIFY(!view.indefiniteMarked && !action(40033)->isEnabled());
     }
 
     // The progress bar shows only while the worker runs; an undefined graph is said in the

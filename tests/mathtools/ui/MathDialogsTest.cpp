@@ -1,0 +1,351 @@
+// The Math and Information dialogs driven as a user would: typed boxes, buttons found by their
+// identifiers, message boxes answered, the precise run on the worker.
+#include <atomic>
+#include <cmath>
+#include <memory>
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QTreeWidget>
+#include <QtTest>
+
+#include "failure/FaultTranslation.h"
+#include "graph2d/GraphView.h"
+#include "graph2d/ui/TwoDGraphDialog.h"
+#include "mathtools/MathMessages.h"
+#include "mathtools/MathTexts.h"
+#include "mathtools/ui/ExtremeValuesGroup.h"
+#include "mathtools/ui/InformationDialog.h"
+#include "mathtools/ui/MathControlIds.h"
+#include "mathtools/ui/MathDialog.h"
+#include "tests/mathtools/SampledGraph.h"
+#include "tests/support/DialogControls.h"
+#include "tests/support/ModalAnswer.h"
+#include "tests/support/RecordingReporter.h"
+#include "worker/ui/Worker.h"
+
+using namespace curvemill;
+using namespace curvemill::testing;
+using namespace Qt::Literals::StringLiterals;
+namespace ids = curvemill::math_ids;
+
+class MathDialogsTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<SampledGraph> sampled;
+    GraphView view;
+    RecordingReporter reporter;
+    Worker worker{reporter};
+
+    TwoDGraph& graph() { return sampled->graph; }
+    std::unique_ptr<MathDialog> mathDialog(const std::string& formula, double xBegin, double xEnd,
+                                           int points = 10000) {
+        sampled = std::make_unique<SampledGraph>(formula, xBegin, xEnd, points);
+        graph().mainFormulaText = formula;
+        view = GraphView{};
+        auto dialog = std::make_unique<MathDialog>(sampled->formula, graph(), view, worker);
+        dialog->show();
+        return dialog;
+    }
+    static void click(const QWidget& dialog, int id) {
+        QTest::mouseClick(control<QAbstractButton>(dialog, id), Qt::LeftButton);
+    }
+    // Types the interval and presses OK.
+    static void integrate(MathDialog& dialog, const QString& from, const QString& to) {
+        retype(dialog, ids::kXBegin, from);
+        retype(dialog, ids::kXEnd, to);
+        click(dialog, ids::kOk);
+    }
+    QStringList extremeColumn(const MathDialog& dialog, int column) {
+        auto* list = control<QTreeWidget>(dialog, ids::kExtremeList);
+        QStringList texts;
+        for (int i = 0; i < list->topLevelItemCount(); ++i) {
+            texts << list->topLevelItem(i)->text(column);
+        }
+        return texts;
+    }
+
+  private Q_SLOTS:
+    void initTestCase() { installFaultTranslation(); }
+
+    void opensOnTheFirstDefinedStretch() {
+        auto dialog = mathDialog("ln(x)", -2, 5);
+        QCOMPARE(dialog->windowTitle(), u"Math"_s);
+        for (int id :
+             {1000, 1002, 1068, 1012, 1, 1014, 2, 1069, 1071, 1072, 1073, 1074, 1197, 1198, 1199}) {
+            control(*dialog, id);
+        }
+        QVERIFY(control<QRadioButton>(*dialog, ids::kShowBoth)->isChecked());
+        QVERIFY(!control(*dialog, ids::kStop)->isEnabled());
+        // ln(x) has no value up to 0: the boxes start where it has one, and say it exactly.
+        const QString begin = control<QLineEdit>(*dialog, ids::kXBegin)->text();
+        QCOMPARE(begin.toDouble(), graph().definedSpan.begin);
+        QVERIFY(graph().definedSpan.begin > 0.0 && !begin.contains(u'e'));
+        QCOMPARE(control<QLineEdit>(*dialog, ids::kXEnd)->text(), u"5"_s);
+    }
+
+    void refusalsComeInTheDialogsOrder_data() {
+        QTest::addColumn<QString>("formula");
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<QString>("to");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<int>("focused");
+        QTest::newRow("begin not constant")
+            << u"x"_s << u"2*x"_s << u"30"_s
+            << u"ERROR IN X_BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT"_s << ids::kXBegin;
+        QTest::newRow("begin outside") << u"x"_s << u"-11"_s << u""_s
+                                       << QString(math_messages::kXBeginOutside) << ids::kXBegin;
+        QTest::newRow("end empty") << u"x"_s << u"1"_s << u""_s
+                                   << u"ERROR IN X_END EDIT BOX:\nBOX IS EMPTY"_s << ids::kXEnd;
+        QTest::newRow("end outside")
+            << u"x"_s << u"1"_s << u"10.5"_s << QString(math_messages::kXEndOutside) << ids::kXEnd;
+        QTest::newRow("equal") << u"x"_s << u"2"_s << u"2"_s
+                               << QString(math_messages::kXEndNotGreater) << ids::kXEnd;
+        QTest::newRow("indefinite inside")
+            << u"ln(x)"_s << u"-1"_s << u"1"_s << QString(math_messages::kCannotIntegrate)
+            << ids::kXBegin;
+        QTest::newRow("pole inside") << u"1/x"_s << u"-1"_s << u"1"_s
+                                     << QString(math_messages::kCannotIntegrate) << ids::kXBegin;
+    }
+    void refusalsComeInTheDialogsOrder() {
+        QFETCH(QString, formula);
+        QFETCH(QString, from);
+        QFETCH(QString, to);
+        QFETCH(QString, message);
+        QFETCH(int, focused);
+        auto dialog = mathDialog(formula.toStdString(), -10, 10);
+        QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
+        ModalAnswer answer;
+        integrate(*dialog, from, to);
+        QVERIFY(answer.seen);
+        QCOMPARE(answer.text, message);
+        QCOMPARE(answer.icon, QMessageBox::Critical);
+        QVERIFY(dialog->isVisible());
+        QVERIFY(!view.areaPainted);
+        QCOMPARE(dialog->focusWidget(), control(*dialog, focused));
+    }
+
+    void quickIntegralOfALineIsAcceptedAtOnce() {
+        auto dialog = mathDialog("3*x-2", -5, 5);
+        QSignalSpy changed(dialog.get(), &MathDialog::graphChanged);
+        ModalAnswer noQuestion;
+        integrate(*dialog, u"-5"_s, u"5"_s);
+        QVERIFY(!noQuestion.seen);
+        QCOMPARE(dialog->result(), int(QDialog::Accepted));
+        QVERIFY(!dialog->isVisible());
+        QVERIFY(view.areaPainted);
+        QVERIFY(std::fabs(dialog->integral().value + 20.0) < 1e-12);
+        QCOMPARE(graph().areaText, integralText(-5, 5, dialog->integral().value));
+        QVERIFY(graph().areaText.starts_with("S(-5, 5) = -"));
+        QCOMPARE(graph().areaFirst, 0);
+        QCOMPARE(changed.count(), 1);
+    }
+
+    // e^(x-20) over [0, 20] bends too much for the samples' step: the quick value comes with a
+    // question.
+    void quickIntegralNotPreciseEnoughAsks_data() {
+        QTest::addColumn<bool>("yes");
+        QTest::newRow("no keeps the quick value") << false;
+        QTest::newRow("yes calculates precisely") << true;
+    }
+    void quickIntegralNotPreciseEnoughAsks() {
+        QFETCH(bool, yes);
+        auto dialog = mathDialog("e^(x-20)", 0, 20);
+        QSignalSpy finished(dialog.get(), &MathDialog::runFinished);
+        ModalAnswer question(yes ? QMessageBox::Yes : QMessageBox::No);
+        double quick = 0.0;
+        question.answered = [&] { quick = dialog->integral().value; };
+        integrate(*dialog, u"0"_s, u"20"_s);
+        QVERIFY(question.seen);
+        QCOMPARE(question.caption, u"Warning"_s);
+        QCOMPARE(question.icon, QMessageBox::Warning);
+        QCOMPARE(question.text, QString::fromStdString(preciseQuestionText(quick)));
+        const double exact = 1.0 - std::exp(-20.0);
+        if (!yes) {
+            QVERIFY(!dialog->isVisible());
+            QCOMPARE(graph().areaText, integralText(0, 20, quick));
+            return;
+        }
+        QVERIFY(control<QCheckBox>(*dialog, ids::kPrecise)->isChecked());
+        QVERIFY(finished.wait(20000));
+        QVERIFY(finished.first().first().toBool());
+        const double precise = dialog->integral().value;
+        QVERIFY(std::fabs(precise - exact) < std::fabs(quick - exact));
+        QVERIFY(std::fabs(precise - exact) < 1e-6);
+        QCOMPARE(graph().areaText, integralText(0, 20, precise));
+    }
+
+    void preciseRunShowsProgressAndEnds() {
+        auto dialog = mathDialog("sin(x)/x*80", -10, 10, 400000);
+        QSignalSpy finished(dialog.get(), &MathDialog::runFinished);
+        QSignalSpy progress(&worker, &Worker::progressChanged);
+        control<QCheckBox>(*dialog, ids::kPrecise)->setChecked(true);
+        integrate(*dialog, u"-10"_s, u"10"_s);
+        QVERIFY(dialog->isRunning());
+        for (int id : {ids::kXBegin, ids::kXEnd, ids::kOk, ids::kCancel, ids::kFindExtremes}) {
+            QVERIFY(!control(*dialog, id)->isEnabled());
+        }
+        QVERIFY(control(*dialog, ids::kStop)->isEnabled());
+        QVERIFY(control(*dialog, ids::kProgress)->isVisible());
+        // The area is on the graph while its value is computed.
+        QVERIFY(view.areaPainted && graph().areaText.empty());
+        QVERIFY(finished.wait(20000));
+        QVERIFY(finished.first().first().toBool());
+        QVERIFY(!progress.isEmpty());
+        int last = -1;
+        for (const QList<QVariant>& report : progress) {
+            QVERIFY(report.first().toInt() > last);
+            last = report.first().toInt();
+        }
+        QCOMPARE(last, 100);
+        QCOMPARE(dialog->result(), int(QDialog::Accepted));
+        QCOMPARE(graph().areaText, integralText(-10, 10, dialog->integral().value));
+        // 80 times the sine integral Si(10) on both sides.
+        QVERIFY(std::fabs(dialog->integral().value - 160 * 1.658347594218874) < 1e-5);
+    }
+
+    void stopLeavesNoAreaAndAZeroIntegral_data() {
+        QTest::addColumn<bool>("byEscape");
+        QTest::newRow("Stop") << false;
+        QTest::newRow("Escape") << true;
+    }
+    void stopLeavesNoAreaAndAZeroIntegral() {
+        QFETCH(bool, byEscape);
+        auto dialog = mathDialog("sin(x*30)*e^(x/5)", -10, 10, 400000);
+        QSignalSpy finished(dialog.get(), &MathDialog::runFinished);
+        control<QCheckBox>(*dialog, ids::kPrecise)->setChecked(true);
+        integrate(*dialog, u"-10"_s, u"10"_s);
+        QVERIFY(dialog->isRunning());
+        if (byEscape) {
+            QTest::keyClick(dialog.get(), Qt::Key_Escape);
+        } else {
+            click(*dialog, ids::kStop);
+        }
+        QVERIFY(finished.wait(20000));
+        QVERIFY(!finished.first().first().toBool());
+        QCOMPARE(dialog->result(), int(QDialog::Rejected));
+        QCOMPARE(dialog->integral().value, 0.0);
+        QVERIFY(!view.areaPainted);
+        QVERIFY(graph().areaText.empty());
+    }
+
+    void derivativeIsDrawnOnTheWorker() {
+        auto dialog = mathDialog("x^3", -2, 2);
+        QSignalSpy drawn(dialog.get(), &MathDialog::derivativeDrawn);
+        QSignalSpy finished(dialog.get(), &MathDialog::runFinished);
+        click(*dialog, ids::kDrawDerivative);
+        QVERIFY(finished.wait(20000));
+        QVERIFY(finished.first().first().toBool());
+        QCOMPARE(drawn.count(), 1);
+        QVERIFY(!dialog->isVisible());
+        const Curve& derivative = graph().derivative;
+        QCOMPARE(derivative.pointCount, graph().main.pointCount - 1);
+        for (int i : {0, derivative.pointCount / 3, derivative.pointCount - 1}) {
+            const double x = derivative.points[i].x;
+            QVERIFY(std::fabs(derivative.points[i].y - 3 * x * x) < 1e-4);
+        }
+    }
+
+    void secondRequestWhileTheWorkerRunsIsRefused() {
+        auto dialog = mathDialog("x", -10, 10);
+        std::atomic<bool> keep{true};
+        std::atomic<bool> release{false};
+        QSignalSpy ended(&worker, &Worker::finished);
+        QVERIFY(worker.start(kProcTwoDGraphDialog, keep, [&release](const JobContext&) {
+            while (!release) {
+                QThread::msleep(1);
+            }
+            return true;
+        }));
+        for (int id : {ids::kOk, ids::kDrawDerivative}) {
+            ModalAnswer refusal;
+            retype(*dialog, ids::kXBegin, u"-1"_s);
+            retype(*dialog, ids::kXEnd, u"1"_s);
+            click(*dialog, id);
+            QCOMPARE(refusal.text, QString::fromLatin1(kMsgWorkerBusy));
+        }
+        QVERIFY(!dialog->isRunning() && !view.areaPainted && !graph().hasDerivative());
+        release = true;
+        QVERIFY(ended.wait(5000));
+    }
+
+    // sin(x) over [-10, 10]: maxima at -3pi/2, pi/2, 5pi/2; minima at -5pi/2, -pi/2, 3pi/2.
+    void extremeListFollowsFilterAndUnits() {
+        auto dialog = mathDialog("sin(x)", -10, 10);
+        QCOMPARE(dialog->extremeValues()->rowCount(), 0);
+        click(*dialog, ids::kFindExtremes);
+        QCOMPARE(dialog->extremeValues()->rowCount(), 6);
+        click(*dialog, ids::kShowMaxima);
+        const QStringList maxima = extremeColumn(*dialog, 1);
+        QCOMPARE(maxima.size(), 3);
+        for (const QString& y : maxima) {
+            QVERIFY2(y.startsWith(u"1.000000000"_s) || y.startsWith(u"0.999999999"_s),
+                     qPrintable(y));
+        }
+        click(*dialog, ids::kShowMinima);
+        QCOMPARE(extremeColumn(*dialog, 1).size(), 3);
+        QVERIFY(extremeColumn(*dialog, 1).first().startsWith(u"-"_s));
+        click(*dialog, ids::kXInPi);
+        const QStringList xs = extremeColumn(*dialog, 0);
+        QVERIFY2(xs[1].startsWith(u"pi*-0.50000000"_s) || xs[1].startsWith(u"pi*-0.49999999"_s),
+                 qPrintable(xs[1]));
+        QVERIFY(!extremeColumn(*dialog, 1).first().startsWith(u"pi*"_s));
+        click(*dialog, ids::kShowBoth);
+        QCOMPARE(dialog->extremeValues()->rowCount(), 6);
+    }
+
+    void informationGivesValueAndSlope_data() {
+        QTest::addColumn<QString>("formula");
+        QTest::addColumn<QString>("x");
+        QTest::addColumn<bool>("pi");
+        QTest::addColumn<QString>("y");
+        QTest::addColumn<QString>("slope");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("x^2 at 3") << u"x^2"_s << u"3"_s << false << u"y=9.000000"_s
+                                  << u"y'=6.000000"_s << QString();
+        // Below 0.1 in size the slope is the plain forward difference, 1e-5 too high here.
+        QTest::newRow("small slope")
+            << u"x^2"_s << u"0.02"_s << false << u"y=0.000400"_s << u"y'=0.040010"_s << QString();
+        QTest::newRow("in pi units")
+            << u"2*x"_s << u"pi/4"_s << true << u"y=pi*0.5"_s << u"y'=pi*0.63662"_s << QString();
+        QTest::newRow("indefinite")
+            << u"ln(x)"_s << u"-1"_s << false << u"y=INDEFINITE"_s << QString() << QString();
+        QTest::newRow("outside") << u"x"_s << u"11"_s << false << QString() << QString()
+                                 << QString(math_messages::kXOutsideFunction);
+        QTest::newRow("empty") << u"x"_s << u""_s << false << QString() << QString()
+                               << u"ERROR IN X EDIT BOX:\nBOX IS EMPTY"_s;
+    }
+    void informationGivesValueAndSlope() {
+        QFETCH(QString, formula);
+        QFETCH(QString, x);
+        QFETCH(bool, pi);
+        QFETCH(QString, y);
+        QFETCH(QString, slope);
+        QFETCH(QString, message);
+        sampled = std::make_unique<SampledGraph>(formula.toStdString(), -10, 10);
+        InformationDialog dialog(sampled->formula, graph(), worker);
+        dialog.show();
+        QCOMPARE(dialog.windowTitle(), u"Information"_s);
+        namespace info = curvemill::information_ids;
+        control<QCheckBox>(dialog, info::kPiUnits)->setChecked(pi);
+        retype(dialog, info::kX, x);
+        ModalAnswer answer;
+        click(dialog, info::kCalculate);
+        QCOMPARE(answer.text, message);
+        QCOMPARE(control<QLineEdit>(dialog, info::kYResult)->text(), y);
+        QCOMPARE(control<QLineEdit>(dialog, info::kSlopeResult)->text(), slope);
+        // The switch writes the same result the other way.
+        if (!message.isEmpty() || y.endsWith(u"INDEFINITE"_s)) {
+            return;
+        }
+        control<QCheckBox>(dialog, info::kPiUnits)->setChecked(!pi);
+        QCOMPARE(control<QLineEdit>(dialog, info::kYResult)->text().startsWith(u"y=pi*"_s), !pi);
+    }
+};
+
+QTEST_MAIN(MathDialogsTest)
+#include "MathDialogsTest.moc"
