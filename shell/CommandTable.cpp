@@ -20,15 +20,15 @@ constexpr std::array kCommands{
     CommandRow{40086, M, "File", "Equation with 2 Varialbles", "", "EQUATION WITH TWO VARIABLES",
                nullptr},
     CommandRow{40091, M, "File", "Three D Graph", "", "THREE D FUNCTION F (X, Y)", nullptr},
-    CommandRow{40030, M, "File", "Save As File", "", "SAVE TO FILE", nullptr},
-    CommandRow{40018, M, "File", "Print", "", "PRINT", nullptr},
+    CommandRow{40030, M, "File", "Save As File", "", "SAVE TO FILE", &T::saveAsFile},
+    CommandRow{40018, M, "File", "Print", "", "PRINT", &T::printGraph},
     CommandRow{40093, M, "File", "Save New Entries", "", "", &T::saveNewEntries},
     CommandRow{40110, M, "File", "Return To Title Page", "", "", &T::returnToTitlePage},
     CommandRow{40032, M, "File", "Exit", "", "", &T::exitProgram},
     // Selection
     CommandRow{40049, M, "Selection", "Stretch", "", "", nullptr},
     CommandRow{40050, M, "Selection", "Undo Stretch", "", "", nullptr},
-    CommandRow{40052, M, "Selection", "Copy\tCtrl+C", "Ctrl+C", "COPY SELECTION", nullptr},
+    CommandRow{40052, M, "Selection", "Copy\tCtrl+C", "Ctrl+C", "COPY SELECTION", &T::copySelection},
     // Zoom
     CommandRow{40003, M, "Zoom/Zoom In", "X axis", "", "", nullptr},
     CommandRow{40004, M, "Zoom/Zoom In", "Y axis", "", "", nullptr},

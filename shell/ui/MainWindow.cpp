@@ -23,6 +23,7 @@
 #include "shell/ui/AboutDialog.h"
 #include "shell/ui/CommandActions.h"
 #include "shell/ui/GraphArea.h"
+#include "shell/ui/GraphOutputs.h"
 #include "shell/ui/ProductWebPage.h"
 #include "shell/ui/TitlePage.h"
 #include "worker/ui/Worker.h"
@@ -41,6 +42,7 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     pages_->addWidget(graphArea_);
     setCentralWidget(pages_);
     connect(titlePage_, &TitlePage::commandTriggered, this, &MainWindow::onTitleCommand);
+    outputs_ = std::make_unique<GraphOutputs>(parts_.graph, parts_.view, *graphArea_, this);
 
     // Shown only while the worker runs; it gives up width before the status text does.
     progress_ = new QProgressBar(this);
@@ -320,6 +322,18 @@ void MainWindow::demonstrateFailure() {
 void MainWindow::showAbout() {
     AboutDialog about(this);
     about.exec();
+}
+
+void MainWindow::saveAsFile() {
+    outputs_->saveAsFile();
+}
+
+void MainWindow::printGraph() {
+    outputs_->print();
+}
+
+void MainWindow::copySelection() {
+    outputs_->copy();
 }
 
 void MainWindow::findInHistory() {

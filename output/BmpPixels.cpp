@@ -1,0 +1,54 @@
+#include "output/BmpPixels.h"
+
+#include <algorithm>
+#include <cstring>
+#include <vector>
+
+#include "output/BmpLayout.h"
+
+namespace curvemill {
+
+void packBmpRows(const RgbPixels& pixels, int bitsPerPixel, const Palette256& palette,
+                 std::span<std::uint8_t> out) {
+    const std::int64_t rowSize = bmpRowSize(pixels.width, bitsPerPixel);
+    std::fill(out.begin(), out.end(), std::uint8_t{0});
+    NearestColourCache nearest(palette);
+    for (int stored = 0; stored < pixels.height; ++stored) {
+        const int y = pixels.height - 1 - stored;
+        std::uint8_t* row = out.data() + stored * rowSize;
+        const auto* source =
+            reinterpret_cast<const std::uint32_t*>(pixels.bits + y * pixels.bytesPerLine);
+        if (bitsPerPixel == 8) {
+            for (int x = 0; x < pixels.width; ++x) {
+                row[x] = nearest(source[x]);
+            }
+            continue;
+        }
+        for (int x = 0; x < pixels.width; ++x) {
+            const std::uint32_t rgb = source[x];
+            row[3 * x] = static_cast<std::uint8_t>(rgb & 0xff);
+            row[3 * x + 1] = static_cast<std::uint8_t>((rgb >> 8) & 0xff);
+            row[3 * x + 2] = static_cast<std::uint8_t>((rgb >> 16) & 0xff);
+        }
+    }
+}
+
+std::string encodeBmp(const RgbPixels& pixels, int bitsPerPixel) {
+    const BmpHeaderFields fields = bmpHeaderFields(pixels.width, pixels.height, bitsPerPixel);
+    std::string file(fields.fileSize, '\0');
+    auto* bytes = reinterpret_cast<std::uint8_t*>(file.data());
+    const auto fileHeader = encodeFileHeader(fields);
+    const auto infoHeader = encodeInfoHeader(fields);
+    std::memcpy(bytes, fileHeader.data(), fileHeader.size());
+    std::memcpy(bytes + kBmpFileHeaderSize, infoHeader.data(), infoHeader.size());
+    const Palette256 palette;
+    if (bitsPerPixel == 8) {
+        const auto table = palette.fileBytes();
+        std::memcpy(bytes + kBmpHeadersSize, table.data(), table.size());
+    }
+    packBmpRows(pixels, bitsPerPixel, palette,
+                std::span<std::uint8_t>(bytes + fields.pixelOffset, fields.imageSize));
+    return file;
+}
+
+}  // namespace curvemill
