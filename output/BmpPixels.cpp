@@ -11,11 +11,12 @@ namespace curvemill {
 void packBmpRows(const RgbPixels& pixels, int bitsPerPixel, const Palette256& palette,
                  std::span<std::uint8_t> out) {
     const std::int64_t rowSize = bmpRowSize(pixels.width, bitsPerPixel);
-    std::fill(out.begin(), out.end(), std::uint8_t{0});
     NearestColourCache nearest(palette);
     for (int stored = 0; stored < pixels.height; ++stored) {
         const int y = pixels.height - 1 - stored;
         std::uint8_t* row = out.data() + stored * rowSize;
+        const std::int64_t used = static_cast<std::int64_t>(pixels.width) * bitsPerPixel / 8;
+        std::fill(row + used, row + rowSize, std::uint8_t{0});
         const auto* source =
             reinterpret_cast<const std::uint32_t*>(pixels.bits + y * pixels.bytesPerLine);
         if (bitsPerPixel == 8) {
@@ -33,10 +34,9 @@ void packBmpRows(const RgbPixels& pixels, int bitsPerPixel, const Palette256& pa
     }
 }
 
-std::string encodeBmp(const RgbPixels& pixels, int bitsPerPixel) {
+void encodeBmpInto(const RgbPixels& pixels, int bitsPerPixel, std::span<std::uint8_t> out) {
     const BmpHeaderFields fields = bmpHeaderFields(pixels.width, pixels.height, bitsPerPixel);
-    std::string file(fields.fileSize, '\0');
-    auto* bytes = reinterpret_cast<std::uint8_t*>(file.data());
+    std::uint8_t* bytes = out.data();
     const auto fileHeader = encodeFileHeader(fields);
     const auto infoHeader = encodeInfoHeader(fields);
     std::memcpy(bytes, fileHeader.data(), fileHeader.size());
@@ -48,6 +48,14 @@ std::string encodeBmp(const RgbPixels& pixels, int bitsPerPixel) {
     }
     packBmpRows(pixels, bitsPerPixel, palette,
                 std::span<std::uint8_t>(bytes + fields.pixelOffset, fields.imageSize));
+}
+
+std::string encodeBmp(const RgbPixels& pixels, int bitsPerPixel) {
+    std::string file(
+        static_cast<std::size_t>(bmpFileSize(pixels.width, pixels.height, bitsPerPixel)), '\0');
+    encodeBmpInto(
+        pixels, bitsPerPixel,
+        std::span<std::uint8_t>(reinterpret_cast<std::uint8_t*>(file.data()), file.size()));
     return file;
 }
 

@@ -31,5 +31,7 @@ void packBmpRows(const RgbPixels& pixels, int bitsPerPixel, const Palette256& pa
 
 // A whole file in memory, through the same layout and packing as the staged writer.
 std::string encodeBmp(const RgbPixels& pixels, int bitsPerPixel);
+// The same into `out`, which holds exactly bmpFileSize bytes (a buffer of the caller's kind).
+void encodeBmpInto(const RgbPixels& pixels, int bitsPerPixel, std::span<std::uint8_t> out);
 
 }  // namespace curvemill

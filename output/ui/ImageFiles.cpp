@@ -9,6 +9,7 @@
 #include <QSaveFile>
 #include <QSvgGenerator>
 
+#include "output/BmpLayout.h"
 #include "output/BmpPixels.h"
 
 namespace curvemill {
@@ -120,8 +121,12 @@ std::optional<QByteArray> encodeRasterFile(ImageFormat format, const QImage& ima
     const QImage rgb = image.convertToFormat(QImage::Format_RGB32);
     if (format == ImageFormat::Bmp) {
         const int depth = options.bitsPerPixel == 8 ? 8 : 24;
-        const std::string file = encodeBmp(pixelsOf(rgb), depth);
-        return QByteArray(file.data(), static_cast<qsizetype>(file.size()));
+        QByteArray file(static_cast<qsizetype>(bmpFileSize(rgb.width(), rgb.height(), depth)),
+                        Qt::Uninitialized);
+        encodeBmpInto(pixelsOf(rgb), depth,
+                      std::span<std::uint8_t>(reinterpret_cast<std::uint8_t*>(file.data()),
+                                              static_cast<std::size_t>(file.size())));
+        return file;
     }
     if (format != ImageFormat::Png) {
         return std::nullopt;
