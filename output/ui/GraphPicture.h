@@ -19,6 +19,9 @@ enum class PictureExtent {
     Screen,
     // The whole graph, also the parts scrolled out of sight.
     Document,
+    // What the screen shows, for a printed page: curves drawn with wider pens, since a line one
+    // screen pixel wide is a hairline on paper.
+    PrintedPage,
 };
 
 // Draws the graph into `painter`, filling a target of `pixels` (its own pixels: a printer page or

@@ -31,7 +31,7 @@ void printPicture(QPrinter& printer, const GraphPicture& picture) {
     painter.translate(target.topLeft());
     painter.setClipRect(QRect(QPoint(0, 0), target.size()));
     painter.fillRect(QRect(QPoint(0, 0), target.size()), Qt::white);
-    picture.draw(painter, target.size(), PictureExtent::Screen);
+    picture.draw(painter, target.size(), PictureExtent::PrintedPage);
 }
 
 PrintPreviewWindow::PrintPreviewWindow(QPrinter& printer, GraphPicture picture, QWidget* parent)

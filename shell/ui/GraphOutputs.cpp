@@ -36,16 +36,21 @@ GraphDrawing twoDGraphDrawing(const TwoDGraph& graph, const GraphView& view) {
         }
         const GraphView base = extent == PictureExtent::Document ? twoDDocumentView(view) : view;
         GraphView target = scaledView(base, pixels.width() / std::max(1.0, base.width));
-        drawGraph(painter, graph, target);
+        GraphExtras extras;
+        extras.widePens = extent == PictureExtent::PrintedPage;
+        drawGraph(painter, graph, target, extras);
     };
 }
 
 std::string twoDPointsCsv(const TwoDGraph& graph, const GraphView& view, const QRectF& part) {
-    const auto inside = [&view, &part](const PlotPoint& point) {
+    // Curves are clipped to the plotting area: a point in the margins is not on the picture.
+    const QRectF shown =
+        part.intersected(QRectF(view.left, view.top, view.visibleWidth(), view.visibleHeight()));
+    const auto inside = [&view, &shown](const PlotPoint& point) {
         if (point.isIndefinite || !std::isfinite(point.y)) {
             return false;
         }
-        return part.contains(view.toPixelX(point.x), view.toPixelY(point.y));
+        return shown.contains(view.toPixelX(point.x), view.toPixelY(point.y));
     };
     const auto take = [&inside](const Curve& curve, std::string name) {
         CsvCurve taken{std::move(name), {}};

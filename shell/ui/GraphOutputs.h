@@ -27,7 +27,7 @@ GraphDrawing twoDGraphDrawing(const TwoDGraph& graph, const GraphView& view);
 GraphView twoDDocumentView(const GraphView& view);
 
 // The 2D curves' points whose pixels lie inside `part` of a screen laid out as `view` (in its
-// logical pixels), as CSV.
+// logical pixels) and inside its plotting area, as CSV.
 std::string twoDPointsCsv(const TwoDGraph& graph, const GraphView& view, const QRectF& part);
 
 class GraphOutputs {

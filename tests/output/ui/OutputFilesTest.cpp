@@ -172,6 +172,7 @@ void OutputFilesTest::printingDrawsAtThePrintersResolution() {
     QCOMPARE(calls->size(), std::size_t{1});
     // Laid out in printer pixels, many times the screen's.
     QVERIFY(calls->back().pixels.width() > 4 * 400);
+    QCOMPARE(calls->back().extent, PictureExtent::PrintedPage);
     QFile file(printer.outputFileName());
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QByteArray pdf = file.readAll();
