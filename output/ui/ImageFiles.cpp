@@ -172,17 +172,4 @@ std::optional<QString> writeWholeFile(const QString& path, const QByteArray& byt
     return std::nullopt;
 }
 
-std::optional<QString> writeImageFile(const QString& path, const PageDrawing& draw, QSize pixels,
-                                      const ImageFileOptions& options) {
-    const std::optional<ImageFormat> format = formatForPath(path);
-    if (!format) {
-        return QStringLiteral("unknown file type (use .bmp, .png, .svg or .pdf)");
-    }
-    const std::optional<QByteArray> bytes = encodeGraphFile(*format, draw, pixels, options);
-    if (!bytes) {
-        return QStringLiteral("the picture could not be encoded");
-    }
-    return writeWholeFile(path, *bytes);
-}
-
 }  // namespace curvemill

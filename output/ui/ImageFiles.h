@@ -42,11 +42,8 @@ std::optional<QByteArray> encodeGraphFile(ImageFormat format, const PageDrawing&
 std::optional<QByteArray> encodeRasterFile(ImageFormat format, const QImage& image,
                                            const ImageFileOptions& options = {});
 
-// Writes the file the path's extension names, replacing an old one only once every byte is
-// written (never a half-written file). Returns why it failed, or nothing.
-std::optional<QString> writeImageFile(const QString& path, const PageDrawing& draw, QSize pixels,
-                                      const ImageFileOptions& options = {});
-// Writes bytes to `path` whole or not at all.
+// Writes bytes to `path` whole or not at all: an old file is replaced only once every byte is
+// written. Returns why it failed, or nothing.
 std::optional<QString> writeWholeFile(const QString& path, const QByteArray& bytes);
 
 }  // namespace curvemill

@@ -10,19 +10,6 @@
 namespace curvemill {
 namespace {
 
-TEST(ExportChoices, EachSourceOffersItsPercentList) {
-    const auto texts = [](ExportSource source) {
-        std::string joined;
-        for (const PercentChoice& choice : percentList(source)) {
-            joined += std::string(choice.text) + "=" + std::to_string(choice.scale) + " ";
-        }
-        return joined;
-    };
-    EXPECT_EQ(texts(ExportSource::Document), "25%=0.250000 50%=0.500000 75%=0.750000 ");
-    EXPECT_EQ(texts(ExportSource::Screen), "150%=1.500000 200%=2.000000 400%=4.000000 ");
-    EXPECT_EQ(texts(ExportSource::Selection), texts(ExportSource::Screen));
-}
-
 TEST(ExportChoices, ScalesAndSizesOfEveryChoice) {
     const PixelSize screen{1000, 600};
     const struct {
