@@ -28,7 +28,8 @@ constexpr std::array kCommands{
     // Selection
     CommandRow{40049, M, "Selection", "Stretch", "", "", nullptr},
     CommandRow{40050, M, "Selection", "Undo Stretch", "", "", nullptr},
-    CommandRow{40052, M, "Selection", "Copy\tCtrl+C", "Ctrl+C", "COPY SELECTION", &T::copySelection},
+    CommandRow{40052, M, "Selection", "Copy\tCtrl+C", "Ctrl+C", "COPY SELECTION",
+               &T::copySelection},
     // Zoom
     CommandRow{40003, M, "Zoom/Zoom In", "X axis", "", "", nullptr},
     CommandRow{40004, M, "Zoom/Zoom In", "Y axis", "", "", nullptr},
