@@ -5,13 +5,11 @@
 // The engine's headers come before Qt's, whose "slots" macro would swallow a member name.
 #include "cli/Command.h"
 #include "cli/GraphArguments.h"
-#include "cli/OutputFile.h"
+#include "cli/ImageOutput.h"
 #include "cli/Printable.h"
 #include "graph2d/GraphView.h"
 
-#include <QBuffer>
 #include <QGuiApplication>
-#include <QImage>
 #include <QPainter>
 
 #include "graph2d/ui/GraphPainter.h"
@@ -25,8 +23,10 @@ constexpr int kLargestSide = 16384;
 CommandSyntax plotSyntax() {
     CommandSyntax syntax{
         "plot",
-        "Samples FORMULA over [A, B] as the Function dialog does and draws the graph into a PNG\n"
-        "image, as the program draws it, with the whole Y range fitted to the image height.",
+        "Samples FORMULA over [A, B] as the Function dialog does and draws the graph into an\n"
+        "image, as the program draws it, with the whole Y range fitted to the image height.\n"
+        "The file's extension chooses the format: .png, .bmp, .svg (vector, text as text) or\n"
+        ".pdf (vector, one page); a name without an extension gets PNG.",
         "FORMULA",
         1,
         64,
@@ -34,13 +34,14 @@ CommandSyntax plotSyntax() {
         "Options may come before or after FORMULA. A file is replaced atomically; a device or\n"
         "FIFO is written straight through.\n"
         "Exit status: 0 written, 1 an entry refused (the dialog's message is printed) or the\n"
-        "file could not be written, 2 wrong command line.\n"};
+        "file could not be written, 2 wrong command line (an unknown extension too).\n"};
     syntax.options.push_back({"second", "F", "a second function drawn beside the first"});
     syntax.options.push_back({"derivative", "", "also draw the derivative curve"});
     syntax.options.push_back({"grid", "", "draw the grid lines"});
     syntax.options.push_back({"no-smooth", "", "draw the curves without antialiasing"});
     syntax.options.push_back({"size", "WxH", "image size in pixels (default 1024x768)"});
-    syntax.options.push_back({"output", "FILE", "the PNG file to write (also -o FILE)"});
+    syntax.options.push_back({"depth", "24|8", "bits per pixel of a .bmp file (default 24)"});
+    syntax.options.push_back({"output", "FILE", "the image file to write (also -o FILE)"});
     return syntax;
 }
 
@@ -93,16 +94,6 @@ std::unique_ptr<QGuiApplication> ensureGuiApplication() {
     return app;
 }
 
-// The image as PNG bytes, or nothing when the encoder fails.
-std::optional<std::string> encodePng(const QImage& image) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    if (!buffer.open(QIODevice::WriteOnly) || !image.save(&buffer, "PNG")) {
-        return std::nullopt;
-    }
-    return bytes.toStdString();
-}
-
 int runPlot(const ParsedArguments& parsed, std::ostream& out, std::ostream& err) {
     ParsedArguments arguments = parsed;
     const CommandSyntax syntax = plotSyntax();
@@ -124,6 +115,11 @@ int runPlot(const ParsedArguments& parsed, std::ostream& out, std::ostream& err)
     if (!request || !readSize(arguments.value("size"), width, height, err)) {
         return kExitUsage;
     }
+    const std::optional<ImageFormat> format = outputFormat(*output, "plot", err);
+    const std::optional<int> depth = outputDepth(arguments.value("depth"), "plot", err);
+    if (!format || !depth) {
+        return kExitUsage;
+    }
     Formula formula;
     TwoDGraph graph;
     if (const auto refusal = computeGraph(*request, formula, graph)) {
@@ -138,20 +134,14 @@ int runPlot(const ParsedArguments& parsed, std::ostream& out, std::ostream& err)
     setViewSize(view, width, height);
     resetView(view, graph);
     fitGraphHeight(view);
-    QImage image(width, height, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    {
-        QPainter painter(&image);
-        drawGraph(painter, graph, view);
-    }
-    const std::optional<std::string> png = encodePng(image);
-    const std::optional<std::string> failure =
-        png ? writeOutputFile(*output, *png) : std::optional<std::string>("PNG encoding failed");
-    if (failure) {
-        out << "CANNOT WRITE " << quoted(*output) << ": " << *failure << '\n';
-        return kExitRefused;
-    }
-    return kExitOk;
+    // SVG and PDF pages ask for more pixels than the image has: the view is laid out at theirs.
+    const PageDrawing draw = [&graph, &view](QPainter& painter, QSize pixels) {
+        GraphView target = scaledView(view, pixels.width() / view.width);
+        drawGraph(painter, graph, target);
+    };
+    ImageFileOptions options;
+    options.bitsPerPixel = *depth;
+    return writeGraphImage(*output, *format, draw, QSize(width, height), options, out);
 }
 
 }  // namespace

@@ -18,6 +18,10 @@ class CommandTarget {
     virtual void setMouseSelect() = 0;
     virtual void demonstrateFailure() = 0;
     virtual void showAbout() = 0;
+    // Save As File, Print and Copy: the graph on screen goes out.
+    virtual void saveAsFile() = 0;
+    virtual void printGraph() = 0;
+    virtual void copySelection() = 0;
     // Find, Find Next and Delete Item: keys of the history list, handed on to it.
     virtual void findInHistory() = 0;
     virtual void findNextInHistory() = 0;

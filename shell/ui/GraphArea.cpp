@@ -54,6 +54,13 @@ void GraphCanvas::render() {
     stale_ = false;
 }
 
+const QImage& GraphCanvas::renderedImage() {
+    if (stale_ || buffer_.size() != size() * devicePixelRatioF()) {
+        render();
+    }
+    return buffer_;
+}
+
 void GraphCanvas::paintEvent(QPaintEvent*) {
     if (stale_ || buffer_.size() != size() * devicePixelRatioF()) {
         render();

@@ -22,6 +22,8 @@ class GraphCanvas : public QWidget {
     // Lays the view out for the canvas's size now, as the next paint would.
     void layOutView();
     const QImage& backBuffer() const { return buffer_; }
+    // The back buffer as the next paint shows it, drawn now if it is out of date.
+    const QImage& renderedImage();
 
   Q_SIGNALS:
     // The view was laid out again: the scroll bars follow its content size.

@@ -24,6 +24,7 @@
 #include "shell/ui/CommandActions.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/MathCommands.h"
+#include "shell/ui/GraphOutputs.h"
 #include "shell/ui/ProductWebPage.h"
 #include "shell/ui/TitlePage.h"
 #include "worker/ui/Worker.h"
@@ -53,6 +54,7 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
                              graphArea_->showNewGraph();
                              refreshCommands();
                          }});
+    outputs_ = std::make_unique<GraphOutputs>(parts_.graph, parts_.view, *graphArea_, this);
 
     // Shown only while the worker runs; it gives up width before the status text does.
     progress_ = new QProgressBar(this);
@@ -334,6 +336,18 @@ void MainWindow::demonstrateFailure() {
 void MainWindow::showAbout() {
     AboutDialog about(this);
     about.exec();
+}
+
+void MainWindow::saveAsFile() {
+    outputs_->saveAsFile();
+}
+
+void MainWindow::printGraph() {
+    outputs_->print();
+}
+
+void MainWindow::copySelection() {
+    outputs_->copy();
 }
 
 void MainWindow::findInHistory() {

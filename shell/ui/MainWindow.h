@@ -19,6 +19,7 @@ namespace curvemill {
 class CommandActions;
 class Formula;
 class GraphArea;
+class GraphOutputs;
 class HistoryPort;
 class MathCommands;
 class TitlePage;
@@ -75,6 +76,10 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     void setMouseSelect() override;
     void demonstrateFailure() override;
     void showAbout() override;
+    void saveAsFile() override;
+    void printGraph() override;
+    void copySelection() override;
+    GraphOutputs& outputs() const { return *outputs_; }
     void findInHistory() override;
     void findNextInHistory() override;
     void deleteHistoryItem() override;
@@ -103,6 +108,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     GraphKind kind_ = GraphKind::TitlePage;
     MouseMode mouseMode_ = MouseMode::Move;
     std::unique_ptr<CommandActions> commands_;
+    std::unique_ptr<GraphOutputs> outputs_;
     QStackedWidget* pages_ = nullptr;
     TitlePage* titlePage_ = nullptr;
     GraphArea* graphArea_ = nullptr;

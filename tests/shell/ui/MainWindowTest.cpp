@@ -1,9 +1,11 @@
 #include <fenv.h>
 
 #include <QAction>
+#include <QClipboard>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
@@ -28,11 +30,13 @@
 #include "mathtools/ui/InformationDialog.h"
 #include "mathtools/ui/MathControlIds.h"
 #include "mathtools/ui/MathDialog.h"
+#include "output/ui/PictureRendering.h"
 #include "shell/CommandState.h"
 #include "shell/CommandTable.h"
 #include "shell/ui/AboutDialog.h"
 #include "shell/ui/CommandActions.h"
 #include "shell/ui/GraphArea.h"
+#include "shell/ui/GraphOutputs.h"
 #include "shell/ui/MainWindow.h"
 #include "shell/ui/MathCommands.h"
 #include "shell/ui/TitlePage.h"
@@ -310,6 +314,38 @@ class MainWindowTest : public QObject {
                  qPrintable(window->statusText()));
         QVERIFY(drawWith(false, "x"));
         QCOMPARE(window->statusText(), u"Ready"_s);
+    }
+
+    // Save, Print and Copy see the screen and the whole tall graph, drawn by the 2D painter.
+    void graphGoesOutWholeAndInParts() {
+        QVERIFY(!action(40030)->isEnabled());
+        QVERIFY(drawWith(false, "x^3"));
+        for (const int id : {40030, 40018, 40052}) {
+            QVERIFY(action(id)->isEnabled());
+        }
+        const GraphPicture picture = window->outputs().picture();
+        GraphCanvas* canvas = window->graphArea()->canvas();
+        QCOMPARE(picture.screenSize, canvas->size() * canvas->devicePixelRatioF());
+        QVERIFY(picture.documentSize.height() > 2 * picture.screenSize.height());
+        // The document view holds the whole Y range between its top and bottom rows.
+        const GraphView document = twoDDocumentView(view);
+        QCOMPARE(document.height, view.contentHeight + 2 * view.marginY);
+        QVERIFY(qAbs(document.toPixelY(view.yEnd) - document.top) < 2.0);
+        QVERIFY(qAbs(document.toPixelY(view.yBegin) - document.plotBottom()) < 2.0);
+        const QImage whole = renderPicture(picture, ExportSource::Document, 0.25);
+        QCOMPARE(whole.height(), picture.documentSize.height() / 4);
+        // Only the points shown on screen are copied as text.
+        action(40052)->trigger();
+        const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
+        QVERIFY(copied->hasImage());
+        const QStringList lines = copied->text().split(u"\r\n"_s, Qt::SkipEmptyParts);
+        QVERIFY(lines.size() > 100);
+        QCOMPARE(lines.first(), u"curve,x,y"_s);
+        for (const QString& line : lines.mid(1)) {
+            const double y = line.section(u',', 2).toDouble();
+            QVERIFY2(y >= view.visibleYBegin() - 1e-9 && y <= view.visibleYEnd() + 1e-9,
+                     qPrintable(line));
+        }
     }
 
     void tallGraphOpensAroundTheAxisFromASharpBuffer() {

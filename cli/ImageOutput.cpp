@@ -1,0 +1,52 @@
+#include "cli/ImageOutput.h"
+
+#include "cli/Command.h"
+#include "cli/OutputFile.h"
+#include "cli/Printable.h"
+
+namespace curvemill::cli {
+
+std::optional<ImageFormat> outputFormat(const std::string& path, std::string_view command,
+                                        std::ostream& err) {
+    const QString name = QString::fromLocal8Bit(path.data(), static_cast<qsizetype>(path.size()));
+    const qsizetype slash = name.lastIndexOf(u'/');
+    const qsizetype dot = name.lastIndexOf(u'.');
+    if (dot <= slash + 1) {  // no extension (a leading dot starts a hidden name, not one)
+        return ImageFormat::Png;
+    }
+    if (const std::optional<ImageFormat> format = formatForPath(name)) {
+        return format;
+    }
+    err << "curvemill-cli " << command << ": cannot tell the format of " << quoted(path)
+        << " from its extension; use .png, .bmp, .svg or .pdf\n";
+    return std::nullopt;
+}
+
+std::optional<int> outputDepth(const std::optional<std::string>& value, std::string_view command,
+                               std::ostream& err) {
+    if (!value || *value == "24") {
+        return 24;
+    }
+    if (*value == "8") {
+        return 8;
+    }
+    err << "curvemill-cli " << command << ": --depth must be 24 or 8, not " << quoted(*value)
+        << "\n";
+    return std::nullopt;
+}
+
+int writeGraphImage(const std::string& path, ImageFormat format, const PageDrawing& draw,
+                    QSize pixels, const ImageFileOptions& options, std::ostream& out) {
+    const std::optional<QByteArray> bytes = encodeGraphFile(format, draw, pixels, options);
+    const std::optional<std::string> failure =
+        bytes ? writeOutputFile(path, std::string_view(bytes->constData(),
+                                                       static_cast<std::size_t>(bytes->size())))
+              : std::optional<std::string>("the picture could not be encoded");
+    if (failure) {
+        out << "CANNOT WRITE " << quoted(path) << ": " << *failure << '\n';
+        return kExitRefused;
+    }
+    return kExitOk;
+}
+
+}  // namespace curvemill::cli

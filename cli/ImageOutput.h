@@ -1,0 +1,29 @@
+// Writing a drawn graph to the file named on the command line, in the format of its extension.
+#pragma once
+
+#include <optional>
+#include <ostream>
+#include <string>
+#include <string_view>
+
+#include "output/ui/ImageFiles.h"
+
+namespace curvemill::cli {
+
+// The format `path` asks for: its extension's (.png, .bmp, .svg, .pdf, any letter case), PNG for
+// a name without one (a device or pipe such as /dev/stdout). An unknown extension is told on
+// `err` as `command`'s usage error and gives nothing.
+std::optional<ImageFormat> outputFormat(const std::string& path, std::string_view command,
+                                        std::ostream& err);
+
+// Reads "--depth 24|8" (24 when absent); a wrong value is told on `err`.
+std::optional<int> outputDepth(const std::optional<std::string>& value, std::string_view command,
+                               std::ostream& err);
+
+// Draws the picture of `pixels` in `format` and writes it to `path` whole or not at all (see
+// writeOutputFile). Returns kExitOk, or kExitRefused after "CANNOT WRITE 'path': why" on `out`.
+// For every command that writes a graph: plot, and the equation and surface commands.
+int writeGraphImage(const std::string& path, ImageFormat format, const PageDrawing& draw,
+                    QSize pixels, const ImageFileOptions& options, std::ostream& out);
+
+}  // namespace curvemill::cli

@@ -1,0 +1,136 @@
+#include "shell/ui/GraphOutputs.h"
+
+#include <cmath>
+
+#include <QPainter>
+#include <QPrinter>
+
+#include "graph2d/GraphView.h"
+#include "graph2d/TwoDGraph.h"
+#include "graph2d/ui/GraphPainter.h"
+#include "output/PointsCsv.h"
+#include "output/ui/ClipboardCopy.h"
+#include "output/ui/GraphPrinting.h"
+#include "output/ui/SaveToFileDialog.h"
+#include "shell/ui/GraphArea.h"
+
+namespace curvemill {
+
+GraphView twoDDocumentView(const GraphView& view) {
+    GraphView document = view;
+    document.scrollX = 0.0;
+    document.scrollY = 0.0;
+    // Laid out at zoom 1 across a surface as wide as the zoomed graph, the x scale is the
+    // zoomed one; the y zoom keeps its ratio to it.
+    document.yZoom = view.yZoom / view.xZoom;
+    document.xZoom = 1.0;
+    setViewSize(document, view.contentWidth + 2.0 * view.marginX,
+                view.contentHeight + 2.0 * view.marginY);
+    return document;
+}
+
+GraphDrawing twoDGraphDrawing(const TwoDGraph& graph, const GraphView& view) {
+    return [&graph, &view](QPainter& painter, QSize pixels, PictureExtent extent) {
+        if (!graph.main.exists()) {
+            return;
+        }
+        const GraphView base = extent == PictureExtent::Document ? twoDDocumentView(view) : view;
+        GraphView target = scaledView(base, pixels.width() / std::max(1.0, base.width));
+        GraphExtras extras;
+        extras.widePens = extent == PictureExtent::PrintedPage;
+        drawGraph(painter, graph, target, extras);
+    };
+}
+
+std::string twoDPointsCsv(const TwoDGraph& graph, const GraphView& view, const QRectF& part) {
+    // Curves are clipped to the plotting area: a point in the margins is not on the picture.
+    const QRectF shown =
+        part.intersected(QRectF(view.left, view.top, view.visibleWidth(), view.visibleHeight()));
+    const auto inside = [&view, &shown](const PlotPoint& point) {
+        if (point.isIndefinite || !std::isfinite(point.y)) {
+            return false;
+        }
+        return shown.contains(view.toPixelX(point.x), view.toPixelY(point.y));
+    };
+    const auto take = [&inside](const Curve& curve, std::string name) {
+        CsvCurve taken{std::move(name), {}};
+        if (curve.exists()) {
+            for (const PlotPoint& point : curve) {
+                if (inside(point)) {
+                    taken.points.push_back({point.x, point.y});
+                }
+            }
+        }
+        return taken;
+    };
+    std::vector<CsvCurve> curves;
+    curves.push_back(take(graph.main, "y = " + graph.mainFormulaText));
+    if (graph.hasSecond()) {
+        curves.push_back(take(graph.second, "y = " + graph.secondFormulaText));
+    }
+    if (graph.hasDerivative()) {
+        curves.push_back(take(graph.derivative, "derivative"));
+    }
+    if (graph.hasIntegral()) {
+        curves.push_back(take(graph.integral, "integral"));
+    }
+    return pointsCsv(curves);
+}
+
+GraphOutputs::GraphOutputs(const TwoDGraph& graph, const GraphView& view, GraphArea& area,
+                           QWidget* window)
+    : graph_(graph), view_(view), area_(area), window_(window) {}
+
+GraphOutputs::~GraphOutputs() = default;
+
+GraphPicture GraphOutputs::picture() const {
+    GraphCanvas* canvas = area_.canvas();
+    canvas->layOutView();
+    const double ratio = canvas->devicePixelRatioF();
+    const auto devicePixels = [ratio](double logical) {
+        return static_cast<int>(std::lround(logical * ratio));
+    };
+    GraphPicture picture;
+    picture.draw = twoDGraphDrawing(graph_, view_);
+    picture.screenPixels = [canvas] { return canvas->renderedImage(); };
+    picture.screenSize = QSize(devicePixels(view_.width), devicePixels(view_.height));
+    picture.documentSize = QSize(devicePixels(view_.contentWidth + 2.0 * view_.marginX),
+                                 devicePixels(view_.contentHeight + 2.0 * view_.marginY));
+    if (selection_) {
+        if (const std::optional<QRect> selected = selection_()) {
+            picture.selection =
+                QRect(devicePixels(selected->x()), devicePixels(selected->y()),
+                      devicePixels(selected->width()), devicePixels(selected->height()));
+        }
+    }
+    const TwoDGraph& graph = graph_;
+    const GraphView& view = view_;
+    picture.pointsCsv = [&graph, &view, ratio](const QRect& part) {
+        const QRectF logical(part.x() / ratio, part.y() / ratio, part.width() / ratio,
+                             part.height() / ratio);
+        return twoDPointsCsv(graph, view, logical);
+    };
+    return picture;
+}
+
+void GraphOutputs::saveAsFile() {
+    SaveToFileDialog dialog(picture(), window_);
+    dialog.setFileName(fileName_);
+    dialog.exec();
+    fileName_ = dialog.fileName();
+}
+
+void GraphOutputs::print() {
+    if (!printer_) {
+        printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        printer_->setDocName(QStringLiteral("CurveMill graph"));
+    }
+    PrintPreviewWindow preview(*printer_, picture(), window_);
+    preview.exec();
+}
+
+void GraphOutputs::copy() {
+    copyToClipboard(picture());
+}
+
+}  // namespace curvemill

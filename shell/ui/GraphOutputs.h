@@ -1,0 +1,60 @@
+// Save As File, Print and Copy for the graph on screen: builds the picture the output side needs.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include <QRect>
+#include <QString>
+
+#include "output/ui/GraphPicture.h"
+
+class QPrinter;
+class QWidget;
+
+namespace curvemill {
+
+class GraphArea;
+struct GraphView;
+struct TwoDGraph;
+
+// The 2D graph's drawing for any target: the screen's view (or the whole zoomed graph) laid out
+// again in the target's own pixels, so a page or a large export is drawn at its resolution.
+GraphDrawing twoDGraphDrawing(const TwoDGraph& graph, const GraphView& view);
+
+// The view of the whole graph at the screen's zoom, unscrolled: the "document" of a zoomed graph.
+GraphView twoDDocumentView(const GraphView& view);
+
+// The 2D curves' points whose pixels lie inside `part` of a screen laid out as `view` (in its
+// logical pixels) and inside its plotting area, as CSV.
+std::string twoDPointsCsv(const TwoDGraph& graph, const GraphView& view, const QRectF& part);
+
+class GraphOutputs {
+  public:
+    GraphOutputs(const TwoDGraph& graph, const GraphView& view, GraphArea& area, QWidget* window);
+    ~GraphOutputs();
+
+    // The selected rectangle in the graph canvas's logical pixels, once selecting exists.
+    void setSelectionSource(std::function<std::optional<QRect>()> selection) {
+        selection_ = std::move(selection);
+    }
+    // The graph on screen as the output side sees it.
+    GraphPicture picture() const;
+
+    void saveAsFile();
+    void print();
+    void copy();
+
+  private:
+    const TwoDGraph& graph_;
+    const GraphView& view_;
+    GraphArea& area_;
+    QWidget* window_;
+    std::function<std::optional<QRect>()> selection_;
+    // Kept between saves and prints, as the user left them.
+    QString fileName_ = QStringLiteral("Graph.bmp");
+    std::unique_ptr<QPrinter> printer_;
+};
+
+}  // namespace curvemill

@@ -1,0 +1,95 @@
+// plot writes the format of the output file's extension, and refuses what it cannot write.
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "CliRun.h"
+
+namespace {
+
+std::string folder() {
+    std::string name = ::testing::TempDir() + "cli_formats_XXXXXX";
+    return mkdtemp(name.data()) != nullptr ? name + "/" : std::string();
+}
+
+std::vector<std::string> plot(const std::string& path, std::vector<std::string> extra = {}) {
+    std::vector<std::string> args{"plot",     "x^2",   "--x-begin", "-1",      "--x-end", "1",
+                                  "--points", "10000", "--size",    "203x200", "-o",      path};
+    args.insert(args.end(), extra.begin(), extra.end());
+    return args;
+}
+
+std::string contents(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+unsigned le32(const std::string& bytes, std::size_t at) {
+    unsigned value = 0;
+    for (int i = 3; i >= 0; --i) {
+        value = value << 8 | static_cast<unsigned char>(bytes[at + i]);
+    }
+    return value;
+}
+
+TEST(CliImageFormats, TheExtensionChoosesTheFormat) {
+    const std::string dir = folder();
+    ASSERT_FALSE(dir.empty());
+    const struct {
+        const char* name;
+        std::vector<std::string> extra;
+        const char* start;
+        unsigned bmpSize;  // 0: not a bitmap
+    } cases[] = {
+        {"a.png", {}, "\x89PNG", 0},
+        {"a.BMP", {}, "BM", 54 + 612 * 200},                  // 609 padded to 612
+        {"b.bmp", {"--depth", "8"}, "BM", 1078 + 204 * 200},  // 203 padded to 204
+        {"a.svg", {}, "<?xml", 0},
+        {"a.pdf", {}, "%PDF-", 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const CliRun run = runCli(plot(dir + c.name, c.extra));
+        ASSERT_EQ(run.exitCode, 0) << run.out << run.err;
+        const std::string file = contents(dir + c.name);
+        EXPECT_EQ(file.rfind(c.start, 0), 0u);
+        if (c.bmpSize != 0) {
+            EXPECT_EQ(file.size(), c.bmpSize);
+            EXPECT_EQ(le32(file, 2), c.bmpSize);
+            EXPECT_EQ(le32(file, 18), 203u);
+        }
+    }
+}
+
+TEST(CliImageFormats, RefusesUnknownTypesDepthsAndFolders) {
+    const std::string dir = folder();
+    ASSERT_FALSE(dir.empty());
+    const struct {
+        std::string path;
+        std::vector<std::string> extra;
+        int exitCode;
+        const char* says;  // in stderr for usage errors, stdout otherwise
+    } cases[] = {
+        {dir + "a.jpg", {}, 2, "use .png, .bmp, .svg or .pdf"},
+        {dir + "a.bmp", {"--depth", "16"}, 2, "--depth must be 24 or 8"},
+        {dir + "none/a.pdf", {}, 1, "CANNOT WRITE"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.path);
+        const CliRun run = runCli(plot(c.path, c.extra));
+        EXPECT_EQ(run.exitCode, c.exitCode);
+        EXPECT_NE((c.exitCode == 2 ? run.err : run.out).find(c.says), std::string::npos)
+            << run.out << run.err;
+    }
+    EXPECT_TRUE(std::filesystem::is_empty(dir));  // nothing written, nothing temporary left
+}
+
+}  // namespace

@@ -1,0 +1,204 @@
+// The bitmap file layout, its palette and the staged writer with its progress and cancel flag.
+#include <atomic>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include "output/BmpExport.h"
+#include "output/BmpLayout.h"
+#include "output/BmpPixels.h"
+#include "output/Palette256.h"
+
+namespace curvemill {
+namespace {
+
+std::uint32_t le(const std::string& bytes, std::size_t at, int size) {
+    std::uint32_t value = 0;
+    for (int i = size - 1; i >= 0; --i) {
+        value = value << 8 | static_cast<std::uint8_t>(bytes[at + i]);
+    }
+    return value;
+}
+
+std::string contents(const std::filesystem::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+// A small picture in the 32-bit layout of an RGB32 image, rows padded like Qt pads none.
+struct Picture {
+    int width;
+    int height;
+    std::vector<std::uint32_t> words;
+    RgbPixels pixels() const {
+        return {reinterpret_cast<const std::uint8_t*>(words.data()), width, height,
+                static_cast<std::ptrdiff_t>(width * 4)};
+    }
+};
+
+Picture testPicture(int width, int height) {
+    Picture picture{width, height, {}};
+    std::mt19937 random(7);
+    for (int i = 0; i < width * height; ++i) {
+        picture.words.push_back(0xff000000u | (random() & 0xffffff));
+    }
+    return picture;
+}
+
+TEST(BmpLayout, RowsArePaddedToFourBytes) {
+    const struct {
+        int width, bits;
+        std::int64_t row;
+    } cases[] = {{3, 24, 12}, {3, 8, 4},  {4, 24, 12},      {4, 8, 4},        {1, 24, 4},
+                 {5, 8, 8},   {0, 24, 0}, {1920, 24, 5760}, {1921, 24, 5764}, {1922, 8, 1924}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::to_string(c.width) + "x" + std::to_string(c.bits));
+        EXPECT_EQ(bmpRowSize(c.width, c.bits), c.row);
+        EXPECT_EQ(bmpPixelSize(c.width, 7, c.bits), c.row * 7);
+        // Headers, and for 8 bits exactly 1024 bytes of palette on top.
+        EXPECT_EQ(bmpFileSize(c.width, 7, c.bits), c.row * 7 + (c.bits == 8 ? 1078 : 54));
+    }
+}
+
+// Every header field against the layout table, for both depths.
+TEST(BmpLayout, HeaderFieldsFollowTheLayout) {
+    for (const int bits : {24, 8}) {
+        SCOPED_TRACE(bits);
+        const Picture picture = testPicture(3, 2);
+        const std::string file = encodeBmp(picture.pixels(), bits);
+        const std::uint32_t palette = bits == 8 ? 1024 : 0;
+        const std::uint32_t image = bits == 8 ? 4 * 2 : 12 * 2;
+        const struct {
+            std::size_t at;
+            int size;
+            std::uint32_t value;
+        } fields[] = {{2, 4, image + palette + 54},
+                      {6, 4, 0},
+                      {10, 4, palette + 54},
+                      {14, 4, 40},
+                      {18, 4, 3},
+                      {22, 4, 2},
+                      {26, 2, 1},
+                      {28, 2, static_cast<std::uint32_t>(bits)},
+                      {30, 4, 0},
+                      {34, 4, image},
+                      {38, 4, 0},
+                      {42, 4, 0},
+                      {46, 4, bits == 8 ? 256u : 0u},
+                      {50, 4, 0}};
+        ASSERT_EQ(file.size(), image + palette + 54);
+        EXPECT_EQ(file.substr(0, 2), "BM");
+        for (const auto& field : fields) {
+            SCOPED_TRACE(field.at);
+            EXPECT_EQ(le(file, field.at, field.size), field.value);
+        }
+    }
+}
+
+TEST(Palette256, EntriesMapToThemselvesAndAnyColourToTheClosest) {
+    const Palette256 palette;
+    const auto bytes = palette.fileBytes();
+    for (int index = 0; index < 256; ++index) {
+        const std::uint32_t rgb = palette.colour(index);
+        EXPECT_EQ(palette.colour(palette.nearest(rgb)), rgb) << index;
+        EXPECT_EQ(bytes[4 * index], rgb & 0xff);  // blue, green, red, 0
+        EXPECT_EQ(bytes[4 * index + 1], (rgb >> 8) & 0xff);
+        EXPECT_EQ(bytes[4 * index + 2], (rgb >> 16) & 0xff);
+        EXPECT_EQ(bytes[4 * index + 3], 0);
+    }
+    // Pure hues, white, black and the drawing surface's grey are exact.
+    for (const std::uint32_t exact : {0x0000ffu, 0xff0000u, 0x00ff00u, 0xffffffu, 0u, 0xe6e6e6u}) {
+        EXPECT_EQ(palette.colour(palette.nearest(exact)), exact);
+    }
+    // The cache answers as the search does, also when colours share its slots.
+    NearestColourCache cached(palette);
+    std::mt19937 random(3);
+    for (int i = 0; i < 20000; ++i) {
+        const std::uint32_t rgb = random() & 0xffffff;
+        const std::uint8_t index = cached(rgb | 0xff000000u);
+        ASSERT_EQ(index, palette.nearest(rgb));
+    }
+}
+
+class BmpExportTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        folder_ = std::filesystem::path(::testing::TempDir()) /
+                  ("bmp_export_" + std::to_string(::getpid()));
+        std::filesystem::create_directories(folder_);
+        path_ = folder_ / "Graph.bmp";
+    }
+    void TearDown() override { std::filesystem::remove_all(folder_); }
+
+    ExportOutcome run(int bits, int cancelAt = -1) {
+        BmpExportSteps steps;
+        steps.makePicture = [this] { return picture_.pixels(); };
+        steps.progress = [this, cancelAt](int percent) {
+            stages_.push_back(percent);
+            if (percent == cancelAt) {
+                cancel_ = true;
+            }
+        };
+        steps.cancel = &cancel_;
+        return exportBmp(path_.string(), bits, steps);
+    }
+
+    std::filesystem::path folder_;
+    std::filesystem::path path_;
+    Picture picture_ = testPicture(5, 4);
+    std::atomic<bool> cancel_{false};
+    std::vector<int> stages_;
+};
+
+TEST_F(BmpExportTest, WritesTheSameBytesAsTheEncoderWithEveryStage) {
+    for (const int bits : {24, 8}) {
+        SCOPED_TRACE(bits);
+        stages_.clear();
+        ASSERT_EQ(run(bits), ExportOutcome::Written);
+        EXPECT_EQ(stages_, (std::vector<int>{10, 20, 30, 40, 50, 100}));
+        EXPECT_EQ(contents(path_), encodeBmp(picture_.pixels(), bits));
+    }
+}
+
+TEST_F(BmpExportTest, CancellingAtAnyStageLeavesAnEmptyFile) {
+    for (const int stage : {0, 10, 20, 30, 40, 50, 100}) {
+        SCOPED_TRACE(stage);
+        std::ofstream(path_) << "an older picture";
+        cancel_ = stage == 0;  // pressed before the first stage ended
+        stages_.clear();
+        EXPECT_EQ(run(24, stage), ExportOutcome::Cancelled);
+        ASSERT_TRUE(std::filesystem::exists(path_));
+        EXPECT_EQ(std::filesystem::file_size(path_), 0u);
+        // Nothing runs after the stage that saw the flag.
+        if (stage != 0) {
+            EXPECT_EQ(stages_.back(), stage);
+        }
+    }
+}
+
+TEST_F(BmpExportTest, FailuresLeaveNoPictureBehind) {
+    // A picture that could not be made: the file is emptied, not half-written.
+    BmpExportSteps steps;
+    steps.makePicture = [] { return RgbPixels{}; };
+    std::ofstream(path_) << "old";
+    EXPECT_EQ(exportBmp(path_.string(), 24, steps), ExportOutcome::Failed);
+    EXPECT_EQ(std::filesystem::file_size(path_), 0u);
+    // A folder that does not exist: nothing is written anywhere.
+    steps.makePicture = [this] { return picture_.pixels(); };
+    const auto missing = folder_ / "none" / "Graph.bmp";
+    EXPECT_EQ(exportBmp(missing.string(), 8, steps), ExportOutcome::Failed);
+    EXPECT_FALSE(std::filesystem::exists(missing));
+}
+
+}  // namespace
+}  // namespace curvemill
