@@ -25,6 +25,7 @@
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/ProductWebPage.h"
 #include "shell/ui/TitlePage.h"
+#include "shell/ui/ViewCommands.h"
 #include "worker/ui/Worker.h"
 
 namespace curvemill {
@@ -63,6 +64,11 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     status_->setObjectName(QStringLiteral("statusText"));
     status_->setMinimumWidth(0);
     statusBar()->addWidget(status_, 2);
+    viewCommands_ = new ViewCommands(*this, *graphArea_, parts_.graph, parts_.view, *commands_);
+    connect(viewCommands_, &ViewCommands::stateChanged, this, [this] {
+        mouseMode_ = viewCommands_->settings().selectArea ? MouseMode::Select : MouseMode::Move;
+        refreshCommands();
+    });
 
     refreshCommands();
 }
@@ -93,6 +99,7 @@ ShellState MainWindow::shellState() const {
     state.gridOn = parts_.view.gridOn;
     state.historyWired = history_ != nullptr;
     state.historyChanged = history_ != nullptr && history_->hasUnsavedEntries();
+    viewCommands_->fillState(state);
     return state;
 }
 
@@ -304,13 +311,59 @@ void MainWindow::openCalculator() {
 }
 
 void MainWindow::setMouseMove() {
-    mouseMode_ = MouseMode::Move;
-    graphArea_->setCursor(Qt::OpenHandCursor);
+    viewCommands_->setSelectArea(false);
 }
 
 void MainWindow::setMouseSelect() {
-    mouseMode_ = MouseMode::Select;
-    graphArea_->setCursor(Qt::CrossCursor);
+    viewCommands_->setSelectArea(true);
+}
+
+void MainWindow::zoomInX() {
+    viewCommands_->zoomIn(ZoomAxis::kX);
+}
+
+void MainWindow::zoomInY() {
+    viewCommands_->zoomIn(ZoomAxis::kY);
+}
+
+void MainWindow::zoomInBoth() {
+    viewCommands_->zoomIn(ZoomAxis::kBoth);
+}
+
+void MainWindow::zoomOutX() {
+    viewCommands_->zoomOut(ZoomAxis::kX);
+}
+
+void MainWindow::zoomOutY() {
+    viewCommands_->zoomOut(ZoomAxis::kY);
+}
+
+void MainWindow::zoomOutBoth() {
+    viewCommands_->zoomOut(ZoomAxis::kBoth);
+}
+
+void MainWindow::restoreZoom() {
+    viewCommands_->restore();
+}
+
+void MainWindow::fitToWindow() {
+    viewCommands_->fit();
+}
+
+void MainWindow::stretch() {
+    viewCommands_->stretch();
+}
+
+void MainWindow::undoStretch() {
+    viewCommands_->undoStretch();
+}
+
+void MainWindow::openTwoDCustomization() {
+    viewCommands_->openCustomization(kind_ == GraphKind::Equation);
+}
+
+void MainWindow::toggleDrawingProcess() {
+    viewCommands_->toggleDrawingProcess();
 }
 
 void MainWindow::demonstrateFailure() {

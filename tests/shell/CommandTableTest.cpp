@@ -62,6 +62,7 @@ TEST(CommandTable, EveryCommandHasItsTextKeyAndTooltip) {
         {40007, "Zoom/Zoom Out", "Y axis", "", ""},
         {40008, "Zoom/Zoom Out", "Both", "", "ZOOM OUT"},
         {40126, "Zoom", "Restore", "", "RESTORE ZOOM"},
+        {40200, "Zoom", "Fit To Window", "", "FIT TO WINDOW"},
         {40010, "Grid", "Draw Grid", "", "DRAW GRID"},
         {40133, "Grid", "Grid Properties", "", ""},
         {40012, "Math", "Math Dialog", "", "MATH DIALOG"},
@@ -137,8 +138,68 @@ TEST(CommandState, EnablingFollowsTheGraphOnScreen) {
         EXPECT_EQ(commandAvailable(row.id, surface), row.onSurface);
     }
     // Work not built yet stays grey whatever the state.
-    EXPECT_FALSE(commandEnabled(*findCommand(40005), full2D));
+    EXPECT_FALSE(commandEnabled(*findCommand(40139), full2D));
     EXPECT_TRUE(commandEnabled(*findCommand(40054), full2D));
+}
+
+TEST(CommandState, ZoomEntriesFollowTheLimitsAndTheStretchStack) {
+    struct Row {
+        const char* what;
+        bool inX, inY, outX, outY, stretch, undo;
+        // 40003 .. 40008, 40049, 40050
+        std::vector<bool> enabled;
+    };
+    const std::vector<Row> rows{
+        {"at zoom 1",
+         true,
+         true,
+         true,
+         true,
+         false,
+         false,
+         {true, true, true, true, true, true, false, false}},
+        {"X at its top",
+         false,
+         true,
+         true,
+         true,
+         true,
+         false,
+         {false, true, true, true, true, true, true, false}},
+        {"both at the top",
+         false,
+         false,
+         true,
+         true,
+         false,
+         true,
+         {false, false, false, true, true, true, false, true}},
+        {"Y at its bottom",
+         true,
+         true,
+         true,
+         false,
+         false,
+         false,
+         {true, true, true, true, false, true, false, false}},
+    };
+    const int ids[] = {40003, 40004, 40005, 40006, 40007, 40008, 40049, 40050};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        ShellState state{GraphKind::Function2D};
+        state.canZoomInX = row.inX;
+        state.canZoomInY = row.inY;
+        state.canZoomOutX = row.outX;
+        state.canZoomOutY = row.outY;
+        state.canStretch = row.stretch;
+        state.canUndoStretch = row.undo;
+        for (std::size_t i = 0; i < std::size(ids); ++i) {
+            SCOPED_TRACE(ids[i]);
+            EXPECT_EQ(commandEnabled(*findCommand(ids[i]), state), row.enabled[i]);
+        }
+        state.kind = GraphKind::Surface3D;
+        EXPECT_FALSE(commandEnabled(*findCommand(40049), state));
+    }
 }
 
 TEST(CommandState, SecondFunctionAndGridEntriesChangeTheirWords) {
