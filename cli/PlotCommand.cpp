@@ -6,6 +6,7 @@
 #include "cli/Command.h"
 #include "cli/GraphArguments.h"
 #include "cli/OutputFile.h"
+#include "cli/PlotView.h"
 #include "cli/Printable.h"
 #include "graph2d/GraphView.h"
 
@@ -26,7 +27,8 @@ CommandSyntax plotSyntax() {
     CommandSyntax syntax{
         "plot",
         "Samples FORMULA over [A, B] as the Function dialog does and draws the graph into a PNG\n"
-        "image, as the program draws it, with the whole Y range fitted to the image height.",
+        "image, as the program draws it, with the whole Y range fitted to the image height;\n"
+        "with --zoom-x, --zoom-y, --scroll or --fit the view is laid out as on the screen.",
         "FORMULA",
         1,
         64,
@@ -41,6 +43,7 @@ CommandSyntax plotSyntax() {
     syntax.options.push_back({"no-smooth", "", "draw the curves without antialiasing"});
     syntax.options.push_back({"size", "WxH", "image size in pixels (default 1024x768)"});
     syntax.options.push_back({"output", "FILE", "the PNG file to write (also -o FILE)"});
+    addPlotViewOptions(syntax.options);
     return syntax;
 }
 
@@ -121,7 +124,8 @@ int runPlot(const ParsedArguments& parsed, std::ostream& out, std::ostream& err)
     int width = 1024;
     int height = 768;
     const auto request = graphRequest(arguments, "plot", err);
-    if (!request || !readSize(arguments.value("size"), width, height, err)) {
+    const auto viewOptions = plotViewOptions(arguments, err);
+    if (!request || !viewOptions || !readSize(arguments.value("size"), width, height, err)) {
         return kExitUsage;
     }
     Formula formula;
@@ -130,6 +134,7 @@ int runPlot(const ParsedArguments& parsed, std::ostream& out, std::ostream& err)
         out << *refusal << '\n';
         return kExitRefused;
     }
+    applyGraphOptions(*viewOptions, graph);
 
     const auto app = ensureGuiApplication();
     GraphView view;
@@ -137,7 +142,7 @@ int runPlot(const ParsedArguments& parsed, std::ostream& out, std::ostream& err)
     view.smoothLines = !arguments.flag("no-smooth");
     setViewSize(view, width, height);
     resetView(view, graph);
-    fitGraphHeight(view);
+    applyViewOptions(*viewOptions, view);
     QImage image(width, height, QImage::Format_RGB32);
     image.fill(Qt::white);
     {

@@ -135,6 +135,14 @@ void restoreZoom(GraphView& view) {
     afterChange(view);
 }
 
+void scrollToXAxis(GraphView& view) {
+    if (view.contentHeight > view.visibleHeight()) {
+        const double axisRow = (view.graphHeight + view.yBase * view.ppu) * view.yZoom;
+        view.scrollY = axisRow - view.visibleHeight() / 2;
+        clampScroll(view);
+    }
+}
+
 bool zoomAbout(GraphView& view, ZoomAxis axis, double factor, double column, double row) {
     if (!(factor > 0.0) || !std::isfinite(factor)) {
         return false;

@@ -25,6 +25,10 @@ bool zoomOut(GraphView& view, ZoomAxis axis);
 // Back to zoom 1 with no scrolling (the caller also clears its StretchStack).
 void restoreZoom(GraphView& view);
 
+// How a new graph opens: when it is taller than the plotting area, scrolled so the x axis is in
+// the middle, where most curves are read.
+void scrollToXAxis(GraphView& view);
+
 // The zoom one wheel notch (120 eighths of a degree) applies: four notches make one menu zoom.
 inline constexpr double kWheelNotchFactor = 1.189207115002721;  // 2^(1/4)
 

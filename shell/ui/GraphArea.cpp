@@ -10,6 +10,7 @@
 #include "graph2d/GridSteps.h"
 #include "graph2d/ScrollBars.h"
 #include "graph2d/ViewResize.h"
+#include "graph2d/ViewZoom.h"
 #include "graph2d/ui/GraphPens.h"
 #include "shell/ui/GraphMouse.h"
 
@@ -172,12 +173,7 @@ void GraphArea::followView() {
 
 void GraphArea::showNewGraph() {
     canvas_->layOutView();
-    GraphView& view = *view_;
-    if (view.contentHeight > view.visibleHeight()) {
-        const double axisRow = (view.graphHeight + view.yBase * view.ppu) * view.yZoom;
-        view.scrollY = axisRow - view.visibleHeight() / 2;
-        clampScroll(view);
-    }
+    scrollToXAxis(*view_);
     Q_EMIT newGraphShown();
     redraw();
 }
