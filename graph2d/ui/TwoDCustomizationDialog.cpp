@@ -30,7 +30,6 @@ TwoDCustomizationDialog::TwoDCustomizationDialog(const TwoDGraph& graph, TwoDSet
     : QDialog(parent),
       graph_(graph),
       settings_(std::move(current)),
-      openingRatio_(settings_.maxYRatio),
       picker_(settings_.displayOrder) {
     setObjectName(QStringLiteral("TwoDCustomizationDialog"));
     setWindowTitle(QStringLiteral("Customization"));
@@ -81,6 +80,7 @@ QWidget* TwoDCustomizationDialog::buildRatioGroup() {
     caption->setBuddy(ratio_);
     const int top = ratioSpinTop(graph_);
     settings_.maxYRatio = std::clamp(settings_.maxYRatio, 1, top);
+    openingRatio_ = settings_.maxYRatio;
     ratio_->setRange(1, top);
     ratio_->setValue(settings_.maxYRatio);
     ratio_->setEnabled(top > 1);

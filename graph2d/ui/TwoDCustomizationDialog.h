@@ -51,7 +51,8 @@ class TwoDCustomizationDialog : public QDialog, public FailureScope {
     ProcedureName procedureName() const override { return kProcTwoDCustomizationDialog; }
     // What the controls say now (the display order rebuilt from the place numbers).
     TwoDSettings settings() const;
-    // The ratio when the dialog opened: a different one on OK means a new Y range.
+    // The ratio the dialog opened with, lowered to what the curves allow: a different one on OK
+    // means a new Y range.
     int openingRatio() const { return openingRatio_; }
 
   private:

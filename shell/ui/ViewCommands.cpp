@@ -108,6 +108,9 @@ TwoDSettings ViewCommands::currentSettings() const {
 
 void ViewCommands::openCustomization(bool equationShown) {
     TwoDCustomizationDialog dialog(graph_, currentSettings(), equationShown, &window_);
+    // A ratio above what the curves reach is lowered on opening; it shows the same Y range, so
+    // only a ratio changed in the dialog lays the view out anew.
+    graph_.maxYRatio = dialog.openingRatio();
     if (dialog.exec() == QDialog::Accepted) {
         applySettings(dialog.settings());
     }

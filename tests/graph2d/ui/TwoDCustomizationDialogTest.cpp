@@ -57,6 +57,7 @@ class TwoDCustomizationDialogTest : public QObject {
         QCOMPARE(spin->maximum(), top);
         QCOMPARE(spin->isEnabled(), top > 1);
         QCOMPARE(spin->value(), std::min(ratio, top));
+        QCOMPARE(dialog.openingRatio(), std::min(ratio, top));
         QCOMPARE(control<QLineEdit>(dialog, ids::kRatioEdit)->text(),
                  QString::number(std::min(ratio, top)));
         QCOMPARE(control<QLabel>(dialog, ids::kXRangeLabel)->text(), u"X Range: 0 to 20"_s);

@@ -4,9 +4,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QToolBar>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <QtTest>
 
@@ -193,6 +195,36 @@ class ViewNavigationUiTest : public QObject {
         QVERIFY(view.visibleYEnd() >= graph.main.yMax - 1e-9);
         QVERIFY(view.visibleYBegin() <= graph.main.yMin + 1e-9);
         QVERIFY(!window->graphArea()->verticalBar()->isEnabled());
+    }
+
+    // The curve's name and the nearest record's coordinates once the mouse rests on it; nothing
+    // away from it or with "Display Tooltips" off.
+    void tooltipNamesTheCurveUnderTheMouse() {
+        const QPoint onCurve(int(view.toPixelX(3.0)), int(view.toPixelY(80 * std::sin(3.0) / 3)));
+        const auto rest = [&](QPoint at) {
+            QToolTip::hideText();
+            const bool hidden = QTest::qWaitFor([] { return !QToolTip::isVisible(); });
+            if (!hidden) {
+                return u"(an earlier tooltip stayed)"_s;
+            }
+            QHelpEvent help(QEvent::ToolTip, at, canvas()->mapToGlobal(at));
+            QApplication::sendEvent(canvas(), &help);
+            QTest::qWait(50);
+            return QToolTip::isVisible() ? QToolTip::text() : QString();
+        };
+        const QString text = rest(onCurve);
+        const QRegularExpressionMatch hit =
+            QRegularExpression(u"^FUNCTION x=(-?\\d+\\.\\d{6}) y=(-?\\d+\\.\\d{6})$"_s).match(text);
+        QVERIFY2(hit.hasMatch(), qPrintable(text));
+        // A sampled record of the curve, within a few pixels of the mouse.
+        const double x = hit.captured(1).toDouble();
+        QVERIFY(qAbs(hit.captured(2).toDouble() - 80 * std::sin(x) / x) < 1e-5);
+        QVERIFY(qAbs(view.toPixelX(x) - onCurve.x()) <= 5);
+        QCOMPARE(rest(onCurve + QPoint(40, 0)), QString());
+        TwoDSettings settings = window->viewCommands().settings();
+        settings.tooltips = false;
+        window->viewCommands().applySettings(settings);
+        QCOMPARE(rest(onCurve), QString());
     }
 
     void customizationSettingsReachTheWindow() {
