@@ -66,8 +66,7 @@ void BM_WheelNotchAndRedraw(benchmark::State& state) {
     GraphPainter painter;
     bool in = true;
     for (auto _ : state) {
-        zoomAbout(view, ZoomAxis::kBoth, in ? kWheelNotchFactor : 1 / kWheelNotchFactor, 500,
-                  300);
+        zoomAbout(view, ZoomAxis::kBoth, in ? kWheelNotchFactor : 1 / kWheelNotchFactor, 500, 300);
         in = !in;
         QPainter p(&image);
         painter.draw(p, s.graph, view);

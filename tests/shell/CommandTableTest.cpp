@@ -143,59 +143,25 @@ TEST(CommandState, EnablingFollowsTheGraphOnScreen) {
 }
 
 TEST(CommandState, ZoomEntriesFollowTheLimitsAndTheStretchStack) {
-    struct Row {
-        const char* what;
-        bool inX, inY, outX, outY, stretch, undo;
-        // 40003 .. 40008, 40049, 40050
-        std::vector<bool> enabled;
-    };
-    const std::vector<Row> rows{
-        {"at zoom 1",
-         true,
-         true,
-         true,
-         true,
-         false,
-         false,
-         {true, true, true, true, true, true, false, false}},
-        {"X at its top",
-         false,
-         true,
-         true,
-         true,
-         true,
-         false,
-         {false, true, true, true, true, true, true, false}},
-        {"both at the top",
-         false,
-         false,
-         true,
-         true,
-         false,
-         true,
-         {false, false, false, true, true, true, false, true}},
-        {"Y at its bottom",
-         true,
-         true,
-         true,
-         false,
-         false,
-         false,
-         {true, true, true, true, false, true, false, false}},
+    // State: can zoom in X, in Y, out X, out Y, stretch, undo stretch. Enabled: 40003..40008,
+    // 40049, 40050.
+    const std::pair<std::string, std::string> rows[] = {
+        {"111100", "11111100"},  // at zoom 1
+        {"011110", "01111110"},  // X at its top, a selection
+        {"001101", "00011101"},  // both at the top, a stretch to undo
+        {"111000", "11110100"},  // Y at its bottom
     };
     const int ids[] = {40003, 40004, 40005, 40006, 40007, 40008, 40049, 40050};
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.what);
+    for (const auto& [flags, enabled] : rows) {
+        SCOPED_TRACE(flags);
         ShellState state{GraphKind::Function2D};
-        state.canZoomInX = row.inX;
-        state.canZoomInY = row.inY;
-        state.canZoomOutX = row.outX;
-        state.canZoomOutY = row.outY;
-        state.canStretch = row.stretch;
-        state.canUndoStretch = row.undo;
+        bool* fields[] = {&state.canZoomInX,  &state.canZoomInY, &state.canZoomOutX,
+                          &state.canZoomOutY, &state.canStretch, &state.canUndoStretch};
+        for (std::size_t i = 0; i < std::size(fields); ++i) {
+            *fields[i] = flags[i] == '1';
+        }
         for (std::size_t i = 0; i < std::size(ids); ++i) {
-            SCOPED_TRACE(ids[i]);
-            EXPECT_EQ(commandEnabled(*findCommand(ids[i]), state), row.enabled[i]);
+            EXPECT_EQ(commandEnabled(*findCommand(ids[i]), state), enabled[i] == '1') << ids[i];
         }
         state.kind = GraphKind::Surface3D;
         EXPECT_FALSE(commandEnabled(*findCommand(40049), state));

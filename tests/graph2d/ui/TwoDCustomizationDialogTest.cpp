@@ -41,6 +41,7 @@ class TwoDCustomizationDialogTest : public QObject {
         QTest::newRow("a pole") << -1e300 << 1e300 << 10 << 20 << u"Y Range: -100 to 100"_s;
         QTest::newRow("ratio 3") << -30.0 << 30.0 << 10 << 3 << u"Y Range: -30 to 30"_s;
         QTest::newRow("ratio 3.2") << -32.0 << 32.0 << 2 << 4 << u"Y Range: -20 to 20"_s;
+        QTest::newRow("nothing defined") << 1e100 << -1e100 << 10 << 1 << u"Y Range: -1 to 1"_s;
     }
     void ratioSpin() {
         QFETCH(double, yMin);
