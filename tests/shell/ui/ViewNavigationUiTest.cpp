@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QToolBar>
+#include <QToolButton>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <QtTest>
@@ -219,6 +220,14 @@ class ViewNavigationUiTest : public QObject {
         settings.tooltips = false;
         window->viewCommands().applySettings(settings);
         QCOMPARE(rest(onCurve), QString());
+        // The toolbar's tooltips go with them.
+        auto* zoomButton = qobject_cast<QToolButton*>(
+            window->commands().toolBar()->widgetForAction(action(40005)));
+        QVERIFY(zoomButton != nullptr);
+        QHelpEvent help(QEvent::ToolTip, QPoint(5, 5), zoomButton->mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(zoomButton, &help);
+        QTest::qWait(50);
+        QVERIFY(!QToolTip::isVisible());
     }
 
     void customizationSettingsReachTheWindow() {
