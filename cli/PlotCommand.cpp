@@ -6,6 +6,7 @@
 #include "cli/Command.h"
 #include "cli/GraphArguments.h"
 #include "cli/ImageOutput.h"
+#include "cli/PlotView.h"
 #include "cli/Printable.h"
 #include "graph2d/GraphView.h"
 
@@ -24,7 +25,8 @@ CommandSyntax plotSyntax() {
     CommandSyntax syntax{
         "plot",
         "Samples FORMULA over [A, B] as the Function dialog does and draws the graph into an\n"
-        "image, as the program draws it, with the whole Y range fitted to the image height.\n"
+        "image, as the program draws it, with the whole Y range fitted to the image height;\n"
+        "with --zoom-x, --zoom-y, --scroll or --fit the view is laid out as on the screen.\n"
         "The file's extension chooses the format: .png, .bmp, .svg (vector, text as text) or\n"
         ".pdf (vector, one page); a name without an extension gets PNG.",
         "FORMULA",
@@ -42,6 +44,7 @@ CommandSyntax plotSyntax() {
     syntax.options.push_back({"size", "WxH", "image size in pixels (default 1024x768)"});
     syntax.options.push_back({"depth", "24|8", "bits per pixel of a .bmp file (default 24)"});
     syntax.options.push_back({"output", "FILE", "the image file to write (also -o FILE)"});
+    addPlotViewOptions(syntax.options);
     return syntax;
 }
 
@@ -112,7 +115,8 @@ int runPlot(const ParsedArguments& parsed, std::ostream& out, std::ostream& err)
     int width = 1024;
     int height = 768;
     const auto request = graphRequest(arguments, "plot", err);
-    if (!request || !readSize(arguments.value("size"), width, height, err)) {
+    const auto viewOptions = plotViewOptions(arguments, err);
+    if (!request || !viewOptions || !readSize(arguments.value("size"), width, height, err)) {
         return kExitUsage;
     }
     const std::optional<ImageFormat> format = outputFormat(*output, "plot", err);
@@ -126,6 +130,7 @@ int runPlot(const ParsedArguments& parsed, std::ostream& out, std::ostream& err)
         out << *refusal << '\n';
         return kExitRefused;
     }
+    applyGraphOptions(*viewOptions, graph);
 
     const auto app = ensureGuiApplication();
     GraphView view;
@@ -133,7 +138,7 @@ int runPlot(const ParsedArguments& parsed, std::ostream& out, std::ostream& err)
     view.smoothLines = !arguments.flag("no-smooth");
     setViewSize(view, width, height);
     resetView(view, graph);
-    fitGraphHeight(view);
+    applyViewOptions(*viewOptions, view);
     // SVG and PDF pages ask for more pixels than the image has: the view is laid out at theirs.
     const PageDrawing draw = [&graph, &view](QPainter& painter, QSize pixels) {
         GraphView target = scaledView(view, pixels.width() / view.width);

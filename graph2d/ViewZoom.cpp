@@ -1,6 +1,7 @@
 #include "graph2d/ViewZoom.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "graph2d/GridSteps.h"
 
@@ -48,6 +49,34 @@ bool zoomAxisOut(AxisState a, double f) {
     a.zoom /= f;
     a.scroll = (2 * a.scroll + a.visible * (1 - f)) / (2 * f);
     a.content /= f;
+    return true;
+}
+
+// The largest and smallest zoom any command reaches: the first power of two past each limit.
+constexpr double kTopZoom = 65536.0;
+constexpr double kBottomZoom = 1.0 / 256.0;
+
+double snappedToPowerOfTwo(double zoom) {
+    const double power = std::exp2(std::round(std::log2(zoom)));
+    return std::fabs(zoom - power) <= power * 1e-9 ? power : zoom;
+}
+
+// One axis of zoomAbout: `pixel` is the mouse's distance from the plotting area's origin.
+bool zoomAxisAbout(AxisState a, double factor, double pixel) {
+    double zoom = a.zoom;
+    if (factor > 1.0 && a.zoom < kMostZoom) {
+        zoom = std::min(a.zoom * factor, kTopZoom);
+    } else if (factor < 1.0 && a.zoom > kLeastZoom) {
+        zoom = std::max(a.zoom * factor, kBottomZoom);
+    }
+    zoom = snappedToPowerOfTwo(zoom);
+    if (zoom == a.zoom) {
+        return false;
+    }
+    const double f = zoom / a.zoom;
+    a.zoom = zoom;
+    a.scroll = (a.scroll + pixel) * f - pixel;
+    a.content *= f;
     return true;
 }
 
@@ -106,6 +135,47 @@ void restoreZoom(GraphView& view) {
     afterChange(view);
 }
 
+void scrollToXAxis(GraphView& view) {
+    if (view.contentHeight > view.visibleHeight()) {
+        const double axisRow = (view.graphHeight + view.yBase * view.ppu) * view.yZoom;
+        view.scrollY = axisRow - view.visibleHeight() / 2;
+        clampScroll(view);
+    }
+}
+
+bool zoomAbout(GraphView& view, ZoomAxis axis, double factor, double column, double row) {
+    if (!(factor > 0.0) || !std::isfinite(factor)) {
+        return false;
+    }
+    bool changed = false;
+    if (hasX(axis)) {
+        changed = zoomAxisAbout(xAxis(view), factor, column - view.left) || changed;
+    }
+    if (hasY(axis)) {
+        changed = zoomAxisAbout(yAxis(view), factor, row - view.top) || changed;
+    }
+    if (changed) {
+        afterChange(view);
+    }
+    return changed;
+}
+
+bool fitToWindow(GraphView& view) {
+    if (!(view.graphHeight > 0.0)) {
+        return false;
+    }
+    const double zoom =
+        std::clamp(std::max(1.0, view.visibleHeight()) / view.graphHeight, kBottomZoom, kTopZoom);
+    if (zoom == view.yZoom && view.scrollY == 0.0) {
+        return false;
+    }
+    view.yZoom = zoom;
+    view.contentHeight = view.graphHeight * zoom;
+    view.scrollY = 0.0;
+    afterChange(view);
+    return true;
+}
+
 bool StretchStack::stretch(GraphView& view, double left, double top, double right, double bottom) {
     const double width = std::max(left, right) - std::min(left, right);
     const double height = std::max(top, bottom) - std::min(top, bottom);
@@ -114,10 +184,15 @@ bool StretchStack::stretch(GraphView& view, double left, double top, double righ
     }
     const double fx = view.visibleWidth() / width;
     const double fy = view.visibleHeight() / height;
-    levels_[depth_++] = {fx, fy, view.scrollX, view.scrollY};
+    if (!(view.xZoom * fx <= kTopZoom) || !(view.yZoom * fy <= kTopZoom)) {
+        return false;
+    }
+    const double cornerX = std::min(left, right) - view.left;
+    const double cornerY = std::min(top, bottom) - view.top;
+    levels_[depth_++] = {fx, fy, cornerX, cornerY};
     // The selection's top-left corner becomes the plotting area's.
-    view.scrollX = (view.scrollX + std::min(left, right) - view.left) * fx;
-    view.scrollY = (view.scrollY + std::min(top, bottom) - view.top) * fy;
+    view.scrollX = (view.scrollX + cornerX) * fx;
+    view.scrollY = (view.scrollY + cornerY) * fy;
     view.xZoom *= fx;
     view.yZoom *= fy;
     view.contentWidth *= fx;
@@ -135,8 +210,8 @@ bool StretchStack::undo(GraphView& view) {
     view.yZoom /= level.yFactor;
     view.contentWidth /= level.xFactor;
     view.contentHeight /= level.yFactor;
-    view.scrollX = level.scrollX;
-    view.scrollY = level.scrollY;
+    view.scrollX = view.scrollX / level.xFactor - level.cornerX;
+    view.scrollY = view.scrollY / level.yFactor - level.cornerY;
     afterChange(view);
     return true;
 }

@@ -32,15 +32,24 @@ bool commandAvailable(int id, const ShellState& state) {
         case 40018:
         case 40052:
             return graph;
-        case 40049:  // zoom, stretch, grid and mouse modes act on a flat view
-        case 40050:
         case 40003:
+            return plane && state.canZoomInX;
         case 40004:
+            return plane && state.canZoomInY;
         case 40005:
+            return plane && (state.canZoomInX || state.canZoomInY);
         case 40006:
+            return plane && state.canZoomOutX;
         case 40007:
+            return plane && state.canZoomOutY;
         case 40008:
-        case 40126:
+            return plane && (state.canZoomOutX || state.canZoomOutY);
+        case 40049:  // a selection to stretch, a level left on the stack
+            return plane && state.canStretch;
+        case 40050:
+            return plane && state.canUndoStretch;
+        case 40126:  // zoom, grid and mouse modes act on a flat view
+        case 40201:
         case 40010:
         case 40133:
         case 40063:

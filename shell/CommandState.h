@@ -22,6 +22,15 @@ struct ShellState {
     bool areaPainted = false;
     // The stretches without a value are marked on the graph.
     bool indefiniteMarked = false;
+    // Where the 2D view's zoom stands against its limits, and its stretch stack.
+    bool canZoomInX = true;
+    bool canZoomInY = true;
+    bool canZoomOutX = true;
+    bool canZoomOutY = true;
+    bool canStretch = false;
+    bool canUndoStretch = false;
+    bool selectArea = false;
+    bool drawingProcess = false;
 };
 
 // The rule of a command in this state, whether or not its work is built yet.

@@ -26,21 +26,22 @@ constexpr std::array kCommands{
     CommandRow{40110, M, "File", "Return To Title Page", "", "", &T::returnToTitlePage},
     CommandRow{40032, M, "File", "Exit", "", "", &T::exitProgram},
     // Selection
-    CommandRow{40049, M, "Selection", "Stretch", "", "", nullptr},
-    CommandRow{40050, M, "Selection", "Undo Stretch", "", "", nullptr},
+    CommandRow{40049, M, "Selection", "Stretch", "", "", &T::stretch},
+    CommandRow{40050, M, "Selection", "Undo Stretch", "", "", &T::undoStretch},
     CommandRow{40052, M, "Selection", "Copy\tCtrl+C", "Ctrl+C", "COPY SELECTION",
                &T::copySelection},
     // Zoom
-    CommandRow{40003, M, "Zoom/Zoom In", "X axis", "", "", nullptr},
-    CommandRow{40004, M, "Zoom/Zoom In", "Y axis", "", "", nullptr},
-    CommandRow{40005, M, "Zoom/Zoom In", "Both", "", "ZOOM IN", nullptr},
-    CommandRow{40006, M, "Zoom/Zoom Out", "X axis", "", "", nullptr},
-    CommandRow{40007, M, "Zoom/Zoom Out", "Y axis", "", "", nullptr},
-    CommandRow{40008, M, "Zoom/Zoom Out", "Both", "", "ZOOM OUT", nullptr},
-    CommandRow{40126, M, "Zoom", "Restore", "", "RESTORE ZOOM", nullptr},
+    CommandRow{40003, M, "Zoom/Zoom In", "X axis", "", "", &T::zoomInX},
+    CommandRow{40004, M, "Zoom/Zoom In", "Y axis", "", "", &T::zoomInY},
+    CommandRow{40005, M, "Zoom/Zoom In", "Both", "", "ZOOM IN", &T::zoomInBoth},
+    CommandRow{40006, M, "Zoom/Zoom Out", "X axis", "", "", &T::zoomOutX},
+    CommandRow{40007, M, "Zoom/Zoom Out", "Y axis", "", "", &T::zoomOutY},
+    CommandRow{40008, M, "Zoom/Zoom Out", "Both", "", "ZOOM OUT", &T::zoomOutBoth},
+    CommandRow{40126, M, "Zoom", "Restore", "", "RESTORE ZOOM", &T::restoreZoom},
+    CommandRow{40201, M, "Zoom", "Fit To Window", "", "FIT TO WINDOW", &T::fitToWindow},
     // Grid
     CommandRow{40010, M, "Grid", "Draw Grid", "", "DRAW GRID", &T::toggleGrid},
-    CommandRow{40133, M, "Grid", "Grid Properties", "", "", nullptr},
+    CommandRow{40133, M, "Grid", "Grid Properties", "", "", &T::openTwoDCustomization},
     // Math
     CommandRow{40012, M, "Math", "Math Dialog", "", "MATH DIALOG", &T::openMathDialog},
     CommandRow{40200, M, "Math", "Information", "", "", &T::openInformation},
@@ -49,10 +50,11 @@ constexpr std::array kCommands{
     CommandRow{40033, M, "Math", "Unmark Indefinite Areas", "", "", &T::unmarkIndefiniteAreas},
     CommandRow{40140, M, "Math", "Calculator", "", "OPEN CALCULATOR", &T::openCalculator},
     // Customization
-    CommandRow{40123, M, "Customization", "TwoD / Equation Customization", "", "", nullptr},
+    CommandRow{40123, M, "Customization", "TwoD / Equation Customization", "", "",
+               &T::openTwoDCustomization},
     CommandRow{40139, M, "Customization", "ThreeD Customization", "", "", nullptr},
     CommandRow{40130, M, "Customization", "Show Drawing Process", "", "SHOW DRAWING PROCESS",
-               nullptr},
+               &T::toggleDrawingProcess},
     // Top level
     CommandRow{40114, M, "", "ThreeD Rotation", "", "", nullptr},
     // Help

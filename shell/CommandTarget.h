@@ -32,6 +32,19 @@ class CommandTarget {
     virtual void eraseIntegral() = 0;
     virtual void eraseDerivative() = 0;
     virtual void unmarkIndefiniteAreas() = 0;
+    // Moving around the 2D view: zoom, stretch, its settings and the drawing process.
+    virtual void zoomInX() = 0;
+    virtual void zoomInY() = 0;
+    virtual void zoomInBoth() = 0;
+    virtual void zoomOutX() = 0;
+    virtual void zoomOutY() = 0;
+    virtual void zoomOutBoth() = 0;
+    virtual void restoreZoom() = 0;
+    virtual void fitToWindow() = 0;
+    virtual void stretch() = 0;
+    virtual void undoStretch() = 0;
+    virtual void openTwoDCustomization() = 0;
+    virtual void toggleDrawingProcess() = 0;
 };
 
 }  // namespace curvemill

@@ -78,7 +78,7 @@ CommandActions::CommandActions(QMainWindow& window, CommandTarget& target)
             action->setChecked(row.id == cmd::kMouseMove);
             mouseModes_->addAction(action);
         }
-        if (row.id == cmd::kDrawGrid) {
+        if (row.id == cmd::kDrawGrid || row.id == cmd::kShowDrawingProcess) {
             action->setCheckable(true);
         }
         actions_[row.id] = action;
@@ -137,6 +137,12 @@ void CommandActions::apply(const ShellState& state) {
         }
         if (row.id == cmd::kDrawGrid) {
             action->setChecked(state.gridOn);
+        }
+        if (row.id == cmd::kShowDrawingProcess) {
+            action->setChecked(state.drawingProcess);
+        }
+        if (row.id == cmd::kMouseMove || row.id == cmd::kMouseSelect) {
+            action->setChecked(state.selectArea == (row.id == cmd::kMouseSelect));
         }
     }
     markMnemonics();

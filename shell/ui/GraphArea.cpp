@@ -5,17 +5,69 @@
 #include <QGridLayout>
 #include <QPainter>
 #include <QScrollBar>
+#include <QTimer>
 
 #include "graph2d/GridSteps.h"
+#include "graph2d/ScrollBars.h"
+#include "graph2d/ViewResize.h"
+#include "graph2d/ViewZoom.h"
 #include "graph2d/ui/GraphPens.h"
+#include "shell/ui/GraphMouse.h"
 
 namespace curvemill {
 
+namespace {
+
+// Frames of the drawing process and the time between them: about a second and a half, long
+// enough to follow the curves being drawn, short enough not to be in the way.
+constexpr int kProcessFrames = 50;
+constexpr int kProcessFrameMs = 30;
+
+}  // namespace
+
 GraphCanvas::GraphCanvas(const TwoDGraph& graph, GraphView& view, QWidget* parent)
-    : QWidget(parent), graph_(graph), view_(view) {
+    : QWidget(parent), graph_(graph), view_(view), processTimer_(new QTimer(this)) {
     setObjectName(QStringLiteral("graphCanvas"));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(200, 150);
+    processTimer_->setInterval(kProcessFrameMs);
+    connect(processTimer_, &QTimer::timeout, this, &GraphCanvas::drawNextPart);
+}
+
+void GraphCanvas::setShowDrawingProcess(bool on) {
+    showProcess_ = on;
+    if (!on && animating_) {
+        frame_ = kProcessFrames - 1;
+        drawNextPart();
+    }
+}
+
+void GraphCanvas::redrawShowingProcess() {
+    if (!showProcess_ || !graph_.main.exists()) {
+        invalidate();
+        return;
+    }
+    layOutView();
+    partial_.start(graph_, view_);
+    partial_.show(0.0);
+    frame_ = 0;
+    animating_ = true;
+    processTimer_->start();
+    Q_EMIT drawingProgress(0);
+    invalidate();
+}
+
+void GraphCanvas::drawNextPart() {
+    ++frame_;
+    if (frame_ >= kProcessFrames) {
+        animating_ = false;
+        processTimer_->stop();
+        Q_EMIT drawingProgress(-1);
+    } else {
+        partial_.show(static_cast<double>(frame_) / kProcessFrames);
+        Q_EMIT drawingProgress(frame_ * 100 / kProcessFrames);
+    }
+    invalidate();
 }
 
 void GraphCanvas::invalidate() {
@@ -31,7 +83,7 @@ void GraphCanvas::resizeEvent(QResizeEvent* event) {
 void GraphCanvas::layOutView() {
     if (laidOutSize_ != size()) {
         laidOutSize_ = size();
-        setViewSize(view_, width(), height());
+        resizeKeepingCentre(view_, width(), height());
         resetGridSteps(view_);
         Q_EMIT viewLaidOut();
     }
@@ -49,7 +101,7 @@ void GraphCanvas::render() {
     painter.setRenderHint(QPainter::Antialiasing);
     layOutView();
     if (graph_.main.exists()) {
-        painter_.draw(painter, graph_, view_);
+        painter_.draw(painter, animating_ ? partial_.graph() : graph_, view_);
     }
     stale_ = false;
 }
@@ -72,6 +124,7 @@ void GraphCanvas::paintEvent(QPaintEvent*) {
 GraphArea::GraphArea(const TwoDGraph& graph, GraphView& view, QWidget* parent)
     : QWidget(parent),
       canvas_(new GraphCanvas(graph, view, this)),
+      mouse_(new GraphMouse(*canvas_, graph, view)),
       horizontal_(new QScrollBar(Qt::Horizontal, this)),
       vertical_(new QScrollBar(Qt::Vertical, this)) {
     horizontal_->setObjectName(QStringLiteral("horizontalScrollBar"));
@@ -84,46 +137,68 @@ GraphArea::GraphArea(const TwoDGraph& graph, GraphView& view, QWidget* parent)
     layout->addWidget(canvas_, 0, 0);
     layout->addWidget(vertical_, 0, 1);
     layout->addWidget(horizontal_, 1, 0);
-    connect(canvas_, &GraphCanvas::viewLaidOut, this, &GraphArea::updateScrollBars);
+    connect(canvas_, &GraphCanvas::viewLaidOut, this, [this] {
+        clearSelection();
+        updateScrollBars();
+    });
+    // Lines, pages and the dragged thumb all arrive as a new value.
     connect(horizontal_, &QScrollBar::valueChanged, this, [this, &view](int value) {
         view.scrollX = value;
         clampScroll(view);
+        clearSelection();
         canvas_->invalidate();
     });
     connect(vertical_, &QScrollBar::valueChanged, this, [this, &view](int value) {
         view.scrollY = value;
         clampScroll(view);
+        clearSelection();
         canvas_->invalidate();
     });
+    connect(mouse_, &GraphMouse::viewScrolled, this, &GraphArea::followView);
+    connect(mouse_, &GraphMouse::viewZoomed, this, &GraphArea::followView);
     view_ = &view;
 }
 
+QRect GraphArea::selectedRect() const {
+    return mouse_->selection();
+}
+
+void GraphArea::clearSelection() {
+    mouse_->clearSelection();
+}
+
 void GraphArea::redraw() {
+    clearSelection();
+    updateScrollBars();
+    canvas_->redrawShowingProcess();
+}
+
+void GraphArea::followView() {
     updateScrollBars();
     canvas_->invalidate();
 }
 
 void GraphArea::showNewGraph() {
     canvas_->layOutView();
-    GraphView& view = *view_;
-    if (view.contentHeight > view.visibleHeight()) {
-        const double axisRow = (view.graphHeight + view.yBase * view.ppu) * view.yZoom;
-        view.scrollY = axisRow - view.visibleHeight() / 2;
-        clampScroll(view);
-    }
+    scrollToXAxis(*view_);
+    Q_EMIT newGraphShown();
     redraw();
 }
 
 void GraphArea::updateScrollBars() {
-    const auto setUp = [](QScrollBar* bar, double content, double visible, double offset) {
+    // A bar's range runs to the content size with a page of the visible size; Qt counts the
+    // range to the last page's start instead.
+    const auto setUp = [](QScrollBar* bar, const ScrollBarState& state) {
         const QSignalBlocker block(bar);
-        bar->setRange(0, static_cast<int>(std::max(0.0, content - visible)));
-        bar->setPageStep(static_cast<int>(std::max(1.0, visible)));
-        bar->setSingleStep(static_cast<int>(std::max(1.0, visible / 20)));
-        bar->setValue(static_cast<int>(offset));
+        bar->setRange(0, std::max(0, state.maximum - state.page));
+        bar->setPageStep(std::max(1, state.page));
+        bar->setSingleStep(2);
+        bar->setValue(state.position);
+        bar->setEnabled(state.enabled);
     };
-    setUp(horizontal_, view_->contentWidth, view_->visibleWidth(), view_->scrollX);
-    setUp(vertical_, view_->contentHeight, view_->visibleHeight(), view_->scrollY);
+    const bool shown = canvas_->graphShown();
+    setUp(horizontal_, horizontalScrollBar(*view_, shown));
+    setUp(vertical_, verticalScrollBar(*view_, shown));
 }
 
 }  // namespace curvemill

@@ -5,10 +5,12 @@
 #include <QWidget>
 
 #include "graph2d/GraphView.h"
+#include "graph2d/PartialGraph.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/GraphPainter.h"
 
 class QScrollBar;
+class QTimer;
 
 namespace curvemill {
 
@@ -21,13 +23,23 @@ class GraphCanvas : public QWidget {
     void invalidate();
     // Lays the view out for the canvas's size now, as the next paint would.
     void layOutView();
+    bool graphShown() const { return graph_.main.exists(); }
     const QImage& backBuffer() const { return buffer_; }
     // The back buffer as the next paint shows it, drawn now if it is out of date.
     const QImage& renderedImage();
+    // "Show Drawing Process": while on, redrawShowingProcess() reveals the curves as they are
+    // drawn, from left to right, over about a second.
+    void setShowDrawingProcess(bool on);
+    bool showsDrawingProcess() const { return showProcess_; }
+    bool drawingInProgress() const { return animating_; }
+    // A redraw asked for by a command; scrolling and wheel zooms use invalidate() and stay quick.
+    void redrawShowingProcess();
 
   Q_SIGNALS:
     // The view was laid out again: the scroll bars follow its content size.
     void viewLaidOut();
+    // Percent of the curves drawn while the drawing process is shown; -1 once it is done.
+    void drawingProgress(int percent);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -35,6 +47,7 @@ class GraphCanvas : public QWidget {
 
   private:
     void render();
+    void drawNextPart();
 
     const TwoDGraph& graph_;
     GraphView& view_;
@@ -45,7 +58,15 @@ class GraphCanvas : public QWidget {
     bool stale_ = true;
     // The size the view was last laid out for; a new size chooses the grid steps again.
     QSize laidOutSize_;
+    bool showProcess_ = false;
+    bool animating_ = false;
+    int frame_ = 0;
+    QTimer* processTimer_;
+    // The curves cut where the drawing has got to; drawn instead of graph_ while animating_.
+    PartialGraph partial_;
 };
+
+class GraphMouse;
 
 class GraphArea : public QWidget {
     Q_OBJECT
@@ -54,15 +75,28 @@ class GraphArea : public QWidget {
     GraphCanvas* canvas() const { return canvas_; }
     QScrollBar* horizontalBar() const { return horizontal_; }
     QScrollBar* verticalBar() const { return vertical_; }
+    GraphMouse& mouse() const { return *mouse_; }
+    // The rectangle selected in "Select Area" mode, in canvas logical pixels (the view's);
+    // empty when there is none.
+    QRect selectedRect() const;
+    void clearSelection();
+    // The view changed by a command: scroll bars, selection and picture follow.
     void redraw();
     // After a new graph: lays the view out for the canvas and, when the graph is taller than the
     // window, scrolls so the x axis is in the middle, where most curves are read.
     void showNewGraph();
 
+  Q_SIGNALS:
+    // A new graph replaced the view's zoom: stretches made on the old one no longer apply.
+    void newGraphShown();
+
   private:
     void updateScrollBars();
+    // The view moved by the mouse or the scroll bars: no drawing process, no menu change.
+    void followView();
 
     GraphCanvas* canvas_;
+    GraphMouse* mouse_;
     GraphView* view_ = nullptr;
     // Present from the start; zooming and scrolling give them a range.
     QScrollBar* horizontal_;

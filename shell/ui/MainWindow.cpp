@@ -27,6 +27,7 @@
 #include "shell/ui/MathCommands.h"
 #include "shell/ui/ProductWebPage.h"
 #include "shell/ui/TitlePage.h"
+#include "shell/ui/ViewCommands.h"
 #include "worker/ui/Worker.h"
 
 namespace curvemill {
@@ -55,6 +56,10 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
                              refreshCommands();
                          }});
     outputs_ = std::make_unique<GraphOutputs>(parts_.graph, parts_.view, *graphArea_, this);
+    outputs_->setSelectionSource([this]() -> std::optional<QRect> {
+        const QRect selected = graphArea_->selectedRect();
+        return selected.isEmpty() ? std::nullopt : std::optional<QRect>(selected);
+    });
 
     // Shown only while the worker runs; it gives up width before the status text does.
     progress_ = new QProgressBar(this);
@@ -77,6 +82,11 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     status_->setObjectName(QStringLiteral("statusText"));
     status_->setMinimumWidth(0);
     statusBar()->addWidget(status_, 2);
+    viewCommands_ = new ViewCommands(*this, *graphArea_, parts_.graph, parts_.view, *commands_);
+    connect(viewCommands_, &ViewCommands::stateChanged, this, [this] {
+        mouseMode_ = viewCommands_->settings().selectArea ? MouseMode::Select : MouseMode::Move;
+        refreshCommands();
+    });
 
     refreshCommands();
 }
@@ -109,6 +119,7 @@ ShellState MainWindow::shellState() const {
     state.historyChanged = history_ != nullptr && history_->hasUnsavedEntries();
     state.areaPainted = parts_.view.areaPainted;
     state.indefiniteMarked = parts_.view.indefiniteMarked;
+    viewCommands_->fillState(state);
     return state;
 }
 
@@ -320,13 +331,59 @@ void MainWindow::openCalculator() {
 }
 
 void MainWindow::setMouseMove() {
-    mouseMode_ = MouseMode::Move;
-    graphArea_->setCursor(Qt::OpenHandCursor);
+    viewCommands_->setSelectArea(false);
 }
 
 void MainWindow::setMouseSelect() {
-    mouseMode_ = MouseMode::Select;
-    graphArea_->setCursor(Qt::CrossCursor);
+    viewCommands_->setSelectArea(true);
+}
+
+void MainWindow::zoomInX() {
+    viewCommands_->zoomIn(ZoomAxis::kX);
+}
+
+void MainWindow::zoomInY() {
+    viewCommands_->zoomIn(ZoomAxis::kY);
+}
+
+void MainWindow::zoomInBoth() {
+    viewCommands_->zoomIn(ZoomAxis::kBoth);
+}
+
+void MainWindow::zoomOutX() {
+    viewCommands_->zoomOut(ZoomAxis::kX);
+}
+
+void MainWindow::zoomOutY() {
+    viewCommands_->zoomOut(ZoomAxis::kY);
+}
+
+void MainWindow::zoomOutBoth() {
+    viewCommands_->zoomOut(ZoomAxis::kBoth);
+}
+
+void MainWindow::restoreZoom() {
+    viewCommands_->restore();
+}
+
+void MainWindow::fitToWindow() {
+    viewCommands_->fit();
+}
+
+void MainWindow::stretch() {
+    viewCommands_->stretch();
+}
+
+void MainWindow::undoStretch() {
+    viewCommands_->undoStretch();
+}
+
+void MainWindow::openTwoDCustomization() {
+    viewCommands_->openCustomization(kind_ == GraphKind::Equation);
+}
+
+void MainWindow::toggleDrawingProcess() {
+    viewCommands_->toggleDrawingProcess();
 }
 
 void MainWindow::demonstrateFailure() {

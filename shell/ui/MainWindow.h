@@ -24,6 +24,7 @@ class HistoryPort;
 class MathCommands;
 class TitlePage;
 class TwoDGraphDialog;
+class ViewCommands;
 class Worker;
 struct GraphView;
 struct TwoDGraph;
@@ -89,6 +90,19 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     void eraseDerivative() override;
     void unmarkIndefiniteAreas() override;
     MathCommands& math() const { return *math_; }
+    void zoomInX() override;
+    void zoomInY() override;
+    void zoomInBoth() override;
+    void zoomOutX() override;
+    void zoomOutY() override;
+    void zoomOutBoth() override;
+    void restoreZoom() override;
+    void fitToWindow() override;
+    void stretch() override;
+    void undoStretch() override;
+    void openTwoDCustomization() override;
+    void toggleDrawingProcess() override;
+    ViewCommands& viewCommands() const { return *viewCommands_; }
 
   Q_SIGNALS:
     void titlePageShown();
@@ -112,6 +126,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     QStackedWidget* pages_ = nullptr;
     TitlePage* titlePage_ = nullptr;
     GraphArea* graphArea_ = nullptr;
+    ViewCommands* viewCommands_ = nullptr;
     QProgressBar* progress_ = nullptr;
     QLabel* status_ = nullptr;
     TwoDGraphDialog* mainDialog_ = nullptr;

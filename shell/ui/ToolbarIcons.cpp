@@ -149,6 +149,20 @@ void paintIcon(QPainter& p, int id) {
             p.setPen(QPen(kInk, 1.5));
             p.drawRect(QRectF(8, 8, 8, 8));
             break;
+        case 40201: {  // fit to window: a tall wave between two bars, arrows to them
+            p.setPen(QPen(kInk, 1.5));
+            p.drawLine(QPointF(4, 3), QPointF(20, 3));
+            p.drawLine(QPointF(4, 21), QPointF(20, 21));
+            QPainterPath wave;
+            for (int i = 0; i <= 24; ++i) {
+                const double t = i / 24.0;
+                const QPointF point(5 + 14 * t, 12 - 8 * std::sin(t * 6.283));
+                i == 0 ? wave.moveTo(point) : wave.lineTo(point);
+            }
+            p.setPen(QPen(QColor(40, 90, 200), 1.6));
+            p.drawPath(wave);
+            break;
+        }
         case 40010:  // grid
             p.setPen(QPen(QColor(150, 150, 150), 1));
             for (int i = 4; i <= 20; i += 4) {

@@ -1,6 +1,7 @@
 // The plot and sample commands of curvemill-cli: exact outputs, dialog messages and the image.
 #include <cstdio>
 #include <fstream>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -55,6 +56,13 @@ TEST(GraphCli, DialogMessagesAndExitCodes) {
         {words("sample x --x-begin 0 --x-end 1 --points 410000"), "", 2},
         {words("sample x --x-begin 0"), "", 2},
         {words("plot x --x-begin 0 --x-end 1 --size 10x10 -o /tmp/never.png"), "", 2},
+        {words("plot x --x-begin 0 --x-end 1 --zoom-x 70000 -o /tmp/never.png"), "", 2},
+        {words("plot x --x-begin 0 --x-end 1 --zoom-y 0 -o /tmp/never.png"), "", 2},
+        {words("plot x --x-begin 0 --x-end 1 --scroll 5 -o /tmp/never.png"), "", 2},
+        {words("plot x --x-begin 0 --x-end 1 --scroll 5,-1 -o /tmp/never.png"), "", 2},
+        {words("plot x --x-begin 0 --x-end 1 --ratio 21 -o /tmp/never.png"), "", 2},
+        {words("plot x --x-begin 0 --x-end 1 --order fdf -o /tmp/never.png"), "", 2},
+        {words("plot x --x-begin 0 --x-end 1 --order fx -o /tmp/never.png"), "", 2},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.args[1]);
@@ -85,6 +93,32 @@ TEST(GraphCli, PlotWritesAPngOfTheRequestedSize) {
     };
     EXPECT_EQ(be32(16), 640);
     EXPECT_EQ(be32(20), 480);
+}
+
+// A script renders the views the screen shows: --fit is the whole-height picture plot draws by
+// default, while a zoom lays the view out as the screen does, around the x axis.
+TEST(GraphCli, PlotViewOptionsChangeThePicture) {
+    const auto plotBytes = [](const std::string& options) {
+        const std::string file = ::testing::TempDir() + "graph2d_cli_view.png";
+        std::remove(file.c_str());
+        std::vector<std::string> args =
+            words("plot sin(x)/x*80 --x-begin -20 --x-end 20 --points 10000 --size 400x300 " +
+                  options + " -o");
+        args.push_back(file);
+        EXPECT_EQ(runCli(args).exitCode, 0) << options;
+        std::ifstream png(file, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(png), {});
+    };
+    const std::string whole = plotBytes("");
+    ASSERT_FALSE(whole.empty());
+    EXPECT_TRUE(plotBytes("--fit") == whole);
+    EXPECT_TRUE(plotBytes("--zoom-x 1 --fit") == whole);
+    const std::string screen = plotBytes("--zoom-x 1");
+    EXPECT_TRUE(screen != whole);
+    EXPECT_TRUE(plotBytes("--zoom-y 1") == screen);
+    EXPECT_TRUE(plotBytes("--zoom-x 2 --fit") != whole);
+    EXPECT_TRUE(plotBytes("--ratio 1 --fit") != whole);
+    EXPECT_FALSE(plotBytes("--order Ffid --no-optimize").empty());
 }
 
 }  // namespace

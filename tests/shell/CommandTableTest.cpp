@@ -62,6 +62,7 @@ TEST(CommandTable, EveryCommandHasItsTextKeyAndTooltip) {
         {40007, "Zoom/Zoom Out", "Y axis", "", ""},
         {40008, "Zoom/Zoom Out", "Both", "", "ZOOM OUT"},
         {40126, "Zoom", "Restore", "", "RESTORE ZOOM"},
+        {40201, "Zoom", "Fit To Window", "", "FIT TO WINDOW"},
         {40010, "Grid", "Draw Grid", "", "DRAW GRID"},
         {40133, "Grid", "Grid Properties", "", ""},
         {40012, "Math", "Math Dialog", "", "MATH DIALOG"},
@@ -144,8 +145,34 @@ TEST(CommandState, EnablingFollowsTheGraphOnScreen) {
     EXPECT_TRUE(commandAvailable(40029, painted));
     EXPECT_FALSE(commandAvailable(40031, painted));
     // Work not built yet stays grey whatever the state.
-    EXPECT_FALSE(commandEnabled(*findCommand(40005), full2D));
+    EXPECT_FALSE(commandEnabled(*findCommand(40139), full2D));
     EXPECT_TRUE(commandEnabled(*findCommand(40054), full2D));
+}
+
+TEST(CommandState, ZoomEntriesFollowTheLimitsAndTheStretchStack) {
+    // State: can zoom in X, in Y, out X, out Y, stretch, undo stretch. Enabled: 40003..40008,
+    // 40049, 40050.
+    const std::pair<std::string, std::string> rows[] = {
+        {"111100", "11111100"},  // at zoom 1
+        {"011110", "01111110"},  // X at its top, a selection
+        {"001101", "00011101"},  // both at the top, a stretch to undo
+        {"111000", "11110100"},  // Y at its bottom
+    };
+    const int ids[] = {40003, 40004, 40005, 40006, 40007, 40008, 40049, 40050};
+    for (const auto& [flags, enabled] : rows) {
+        SCOPED_TRACE(flags);
+        ShellState state{GraphKind::Function2D};
+        bool* fields[] = {&state.canZoomInX,  &state.canZoomInY, &state.canZoomOutX,
+                          &state.canZoomOutY, &state.canStretch, &state.canUndoStretch};
+        for (std::size_t i = 0; i < std::size(fields); ++i) {
+            *fields[i] = flags[i] == '1';
+        }
+        for (std::size_t i = 0; i < std::size(ids); ++i) {
+            EXPECT_EQ(commandEnabled(*findCommand(ids[i]), state), enabled[i] == '1') << ids[i];
+        }
+        state.kind = GraphKind::Surface3D;
+        EXPECT_FALSE(commandEnabled(*findCommand(40049), state));
+    }
 }
 
 TEST(CommandState, SecondFunctionAndGridEntriesChangeTheirWords) {

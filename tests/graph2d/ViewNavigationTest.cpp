@@ -1,0 +1,230 @@
+#include <cmath>
+#include <string>
+#include <tuple>
+
+#include <gtest/gtest.h>
+
+#include "GeometryFixture.h"
+#include "engine/DisplayFormat.h"
+#include "graph2d/CoordinateText.h"
+#include "graph2d/MouseDrag.h"
+#include "graph2d/PartialGraph.h"
+#include "graph2d/TwoDSettings.h"
+#include "graph2d/ViewResize.h"
+#include "graph2d/ViewZoom.h"
+
+namespace curvemill {
+namespace {
+
+// The sinc-like graph of a tall curve: x -20..20, y -17.4..80 on a 1000 x 700 surface.
+GraphView tallView() {
+    GraphView view;
+    setViewSize(view, 1000, 700);
+    setViewRanges(view, -20.0, 20.0, -17.4, 80.0);
+    return view;
+}
+
+TEST(WheelZoom, KeepsThePointUnderTheMouseAndTheMenuLimits) {
+    const std::tuple<ZoomAxis, double, double, double> cases[] = {
+        {ZoomAxis::kBoth, kWheelNotchFactor, 100, 80},
+        {ZoomAxis::kBoth, 1 / kWheelNotchFactor, 300, 200},
+        {ZoomAxis::kX, 3.0, 420, 300},
+        {ZoomAxis::kY, 2.0, 70, 330},
+    };
+    for (const auto& [axis, factor, column, row] : cases) {
+        SCOPED_TRACE(testing::Message() << "factor " << factor << " at " << column << "," << row);
+        GraphView view = testView();
+        zoomIn(view, ZoomAxis::kBoth);  // room to scroll both ways
+        const double x = view.graphX(column);
+        const double y = view.graphY(row);
+        ASSERT_TRUE(zoomAbout(view, axis, factor, column, row));
+        EXPECT_NEAR(view.toPixelX(x), column, 1.0);
+        EXPECT_NEAR(view.toPixelY(y), row, 1.0);
+        EXPECT_DOUBLE_EQ(view.contentWidth, view.contentWidthAtZoom1 * view.xZoom);
+    }
+
+    GraphView view = testView();
+    for (int notch = 0; notch < 7; ++notch) {
+        zoomAbout(view, ZoomAxis::kX, kWheelNotchFactor, 130, 100);
+    }
+    for (int notch = 0; notch < 7; ++notch) {
+        zoomAbout(view, ZoomAxis::kX, 1 / kWheelNotchFactor, 130, 100);
+    }
+    EXPECT_EQ(view.xZoom, 1.0);
+    EXPECT_EQ(view.scrollX, 0.0);
+    while (zoomAbout(view, ZoomAxis::kBoth, kWheelNotchFactor, 200, 200)) {
+    }
+    EXPECT_EQ(view.xZoom, 65536.0);
+    EXPECT_FALSE(zoomIn(view, ZoomAxis::kBoth));
+    while (zoomAbout(view, ZoomAxis::kY, 0.1, 200, 200)) {
+    }
+    EXPECT_EQ(view.yZoom, 0.00390625);
+    EXPECT_FALSE(zoomAbout(view, ZoomAxis::kY, 0.0, 200, 200));
+}
+
+TEST(FitToWindow, ShowsTheWholeYRangeOfATallCurve) {
+    GraphView view = tallView();
+    ASSERT_GT(view.contentHeight, view.visibleHeight());  // the peak is off screen
+    zoomIn(view, ZoomAxis::kX);
+    ASSERT_TRUE(fitToWindow(view));
+    EXPECT_LE(view.visibleYBegin(), -17.4 + 1e-9);
+    EXPECT_GE(view.visibleYEnd(), 80.0 - 1e-9);
+    EXPECT_NEAR(view.contentHeight, view.visibleHeight(), 1e-9);
+    EXPECT_EQ(view.xZoom, 2.0);
+    EXPECT_FALSE(fitToWindow(view));
+    restoreZoom(view);
+    EXPECT_EQ(view.yZoom, 1.0);
+}
+
+TEST(ViewResize, KeepsTheVisibleCentreThroughResizes) {
+    GraphView view = tallView();
+    view.scrollY = 300;
+    zoomIn(view, ZoomAxis::kX);
+    const auto centre = [](const GraphView& v) {
+        return std::pair(v.graphX(v.left + v.visibleWidth() / 2),
+                         v.graphY(v.top + v.visibleHeight() / 2));
+    };
+    const auto before = centre(view);
+    const double yBegin = view.visibleYBegin();
+    for (const auto& [w, h] : {std::pair(1000, 700), std::pair(1280, 760), std::pair(900, 650)}) {
+        SCOPED_TRACE(testing::Message() << w << "x" << h);
+        resizeKeepingCentre(view, w, h);
+        EXPECT_NEAR(centre(view).first, before.first, 1e-9);
+        EXPECT_NEAR(centre(view).second, before.second, 1e-9);
+    }
+    resizeKeepingCentre(view, 1000, 700);
+    EXPECT_NEAR(view.visibleYBegin(), yBegin, 1e-9);
+
+    GraphView fresh;  // never laid out: plain layout, nothing to keep
+    resizeKeepingCentre(fresh, 530, 380);
+    EXPECT_EQ(fresh.visibleWidth(), 400.0);
+    EXPECT_EQ(fresh.scrollX, 0.0);
+}
+
+TEST(Stretch, FillsTheAreaWithTheSelectionAndUndoesAfterOtherZooms) {
+    const PixelRect selections[] = {{100, 60, 180, 140}, {65, 40, 465, 90}, {300, 250, 460, 335}};
+    for (const PixelRect& s : selections) {
+        SCOPED_TRACE(testing::Message()
+                     << s.left << "," << s.top << " " << s.width() << "x" << s.height());
+        GraphView view = testView();
+        const double x0 = view.graphX(s.left), x1 = view.graphX(s.right);
+        const double y0 = view.graphY(s.top), y1 = view.graphY(s.bottom);
+        StretchStack stack;
+        ASSERT_TRUE(stack.stretch(view, s.left, s.top, s.right, s.bottom));
+        EXPECT_NEAR(view.toPixelX(x0), view.left, 1.0);
+        EXPECT_NEAR(view.toPixelX(x1), view.plotRight(), 1.0);
+        EXPECT_NEAR(view.toPixelY(y0), view.top, 1.0);
+        EXPECT_NEAR(view.toPixelY(y1), view.plotBottom(), 1.0);
+        // A zoom in and out between the stretch and its undo changes nothing the undo needs.
+        zoomIn(view, ZoomAxis::kBoth);
+        zoomOut(view, ZoomAxis::kBoth);
+        ASSERT_TRUE(stack.undo(view));
+        EXPECT_NEAR(view.scrollX, 0.0, 1e-9);
+        EXPECT_NEAR(view.scrollY, 0.0, 1e-9);
+        EXPECT_DOUBLE_EQ(view.xZoom, 1.0);
+        EXPECT_FALSE(stack.undo(view));
+    }
+    GraphView deep = testView();
+    StretchStack stack;
+    deep.xZoom = 40000;
+    EXPECT_FALSE(stack.stretch(deep, 100, 100, 200, 200));  // would pass 65536
+    EXPECT_EQ(stack.depth(), 0);
+}
+
+TEST(MouseDrag, SelectionIsCutToThePlottingAreaAndMoveFollowsTheHand) {
+    const GraphView view = testView();  // plotting area 65..465 x 40..340
+    const std::tuple<double, double, double, double, PixelRect> cases[] = {
+        {100, 100, 200, 150, {100, 100, 200, 150}},
+        {200, 150, 100, 100, {100, 100, 200, 150}},
+        {10, 5, 600, 400, {65, 40, 465, 340}},
+        {100, 100, 102, 200, {}},  // a click with a tremble
+        {10, 10, 50, 30, {}},      // all in the margin
+    };
+    for (const auto& [px, py, x, y, expected] : cases) {
+        SCOPED_TRACE(testing::Message() << px << "," << py << " to " << x << "," << y);
+        const PixelRect r = selectionRect(view, px, py, x, y);
+        EXPECT_EQ(r.empty(), expected.empty());
+        if (!expected.empty()) {
+            EXPECT_EQ(std::tie(r.left, r.top, r.right, r.bottom),
+                      std::tie(expected.left, expected.top, expected.right, expected.bottom));
+        }
+    }
+    GraphView moved = testView();
+    zoomIn(moved, ZoomAxis::kBoth);  // offsets 200, 150 of at most 400, 300
+    dragScroll(moved, 200, 150, 30, -20);
+    EXPECT_EQ(std::pair(moved.scrollX, moved.scrollY), std::pair(170.0, 170.0));
+    dragScroll(moved, 200, 150, 500, -500);
+    EXPECT_EQ(std::pair(moved.scrollX, moved.scrollY), std::pair(0.0, 300.0));
+}
+
+TEST(CoordinateText, PlainOrPiUnitsAsTheAxesShow) {
+    GraphView view = testView();  // 40 pixels per unit: two decimals
+    EXPECT_EQ(coordinateText(view, 145, 190), "x = 2.00   y = 0.00");
+    view.piUnitsX = true;
+    EXPECT_EQ(coordinateText(view, 65 + 40 * kPi, 150), "x = pi*1.000   y = 1.00");
+    for (int i = 0; i < 3; ++i) {
+        zoomIn(view, ZoomAxis::kY);  // 320 pixels per unit: a third decimal
+    }
+    const std::string text = coordinateText(view, 65, 190);
+    EXPECT_EQ(text.size() - text.rfind('.') - 1, 3u) << text;
+}
+
+TwoDGraph graphWithExtent(double xBegin, double xEnd, double yMin, double yMax) {
+    TwoDGraph graph;
+    graph.xBegin = xBegin;
+    graph.xEnd = xEnd;
+    setCurve(graph.main, {point(xBegin, yMin), point(xEnd, yMax)});
+    graph.main.yMin = yMin;
+    graph.main.yMax = yMax;
+    return graph;
+}
+
+TEST(TwoDSettings, OptimizeDrawingAndTheDisplayOrder) {
+    TwoDGraph graph = graphWithExtent(0, 10, 0, 30);
+    setCurve(graph.main, line(25, 0, 10, [](int i) { return i; }));
+    GraphView view = testView();
+    TwoDSettings settings;
+    settings.optimizeDrawing = false;
+    settings.displayOrder = "Fidf";
+    EXPECT_FALSE(applyGraphSettings(graph, view, settings));
+    EXPECT_EQ(graph.drawStep, 1);
+    EXPECT_EQ(view.displayOrder, "Fidf");
+    settings.optimizeDrawing = true;
+    settings.maxYRatio = 3;
+    EXPECT_TRUE(applyGraphSettings(graph, view, settings));
+    EXPECT_EQ(graph.drawStep, 10);
+    std::string vertices;
+    for (const PlotPoint& p : graph.main) {
+        vertices += p.isVertex ? '1' : '0';
+    }
+    EXPECT_EQ(vertices, "1000000000100000000010001");
+
+    DisplayOrderPicker picker("fdiF");
+    picker.reset();
+    EXPECT_EQ(picker.press('i'), 1);
+    EXPECT_EQ(picker.press('x'), 0);
+    EXPECT_EQ(picker.order(), "ifdF");  // letters never placed follow
+}
+
+TEST(PartialGraph, CutsEveryCurveAcrossTheVisiblePart) {
+    TwoDGraph graph;
+    setCurve(graph.main, line(31, -10, 20, [](int) { return 1.0; }));  // x -10, -9, .. 20
+    setCurve(graph.derivative, line(11, 0, 10, [](int) { return 0.0; }));
+    graph.areaFirst = 0;
+    graph.areaLast = 30;
+    PartialGraph partial;
+    partial.start(graph, testView());  // x 0..10 visible
+    partial.show(0.0);
+    EXPECT_EQ(partial.graph().main.pointCount, 9);
+    partial.show(0.5);
+    // Records 9 (x -1, the last left of the view) to 21 (x 11, the first right of it).
+    EXPECT_EQ(partial.graph().main.pointCount, 9 + 6);
+    EXPECT_EQ(partial.graph().derivative.pointCount, 5);
+    EXPECT_EQ(partial.graph().areaLast, 14);
+    partial.show(1.0);
+    EXPECT_EQ(partial.graph().main.pointCount, 31);
+    EXPECT_EQ(partial.graph().areaLast, 30);
+}
+
+}  // namespace
+}  // namespace curvemill

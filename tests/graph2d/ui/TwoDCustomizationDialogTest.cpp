@@ -1,0 +1,125 @@
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QtTest>
+
+#include "graph2d/TwoDGraph.h"
+#include "graph2d/ui/TwoDCustomizationDialog.h"
+#include "tests/support/DialogControls.h"
+
+using namespace curvemill;
+using namespace curvemill::testing;
+using namespace Qt::Literals::StringLiterals;
+namespace ids = curvemill::customization_ids;
+
+class TwoDCustomizationDialogTest : public QObject {
+    Q_OBJECT
+
+    // A main curve over x 0..20 whose y runs yMin..yMax.
+    static TwoDGraph graphOf(double yMin, double yMax) {
+        TwoDGraph graph;
+        graph.xBegin = 0;
+        graph.xEnd = 20;
+        graph.main.points.resize(2);
+        graph.main.pointCount = 2;
+        graph.main.yMin = yMin;
+        graph.main.yMax = yMax;
+        return graph;
+    }
+
+  private Q_SLOTS:
+    void ratioSpin_data() {
+        QTest::addColumn<double>("yMin");
+        QTest::addColumn<double>("yMax");
+        QTest::addColumn<int>("ratio");
+        QTest::addColumn<int>("top");
+        QTest::addColumn<QString>("yRange");
+        QTest::newRow("shorter than wide") << -1.0 << 1.0 << 10 << 1 << u"Y Range: -1 to 1"_s;
+        QTest::newRow("a pole") << -1e300 << 1e300 << 10 << 20 << u"Y Range: -100 to 100"_s;
+        QTest::newRow("ratio 3") << -30.0 << 30.0 << 10 << 3 << u"Y Range: -30 to 30"_s;
+        QTest::newRow("ratio 3.2") << -32.0 << 32.0 << 2 << 4 << u"Y Range: -20 to 20"_s;
+        QTest::newRow("nothing defined") << 1e100 << -1e100 << 10 << 1 << u"Y Range: -1 to 1"_s;
+    }
+    void ratioSpin() {
+        QFETCH(double, yMin);
+        QFETCH(double, yMax);
+        QFETCH(int, ratio);
+        QFETCH(int, top);
+        QFETCH(QString, yRange);
+        const TwoDGraph graph = graphOf(yMin, yMax);
+        TwoDSettings settings;
+        settings.maxYRatio = ratio;
+        TwoDCustomizationDialog dialog(graph, settings, false);
+        auto* spin = control<QSpinBox>(dialog, ids::kRatioSpin);
+        QCOMPARE(spin->minimum(), 1);
+        QCOMPARE(spin->maximum(), top);
+        QCOMPARE(spin->isEnabled(), top > 1);
+        QCOMPARE(spin->value(), std::min(ratio, top));
+        QCOMPARE(dialog.openingRatio(), std::min(ratio, top));
+        QCOMPARE(control<QLineEdit>(dialog, ids::kRatioEdit)->text(),
+                 QString::number(std::min(ratio, top)));
+        QCOMPARE(control<QLabel>(dialog, ids::kXRangeLabel)->text(), u"X Range: 0 to 20"_s);
+        QCOMPARE(control<QLabel>(dialog, ids::kYRangeLabel)->text(), yRange);
+    }
+
+    void spinRewritesTheYRangeAtOnce() {
+        const TwoDGraph graph = graphOf(0, 1000);
+        TwoDCustomizationDialog dialog(graph, TwoDSettings{}, false);
+        auto* spin = control<QSpinBox>(dialog, ids::kRatioSpin);
+        QCOMPARE(spin->maximum(), 20);
+        spin->setValue(3);
+        QCOMPARE(control<QLabel>(dialog, ids::kYRangeLabel)->text(), u"Y Range: 0 to 60"_s);
+        QCOMPARE(dialog.settings().maxYRatio, 3);
+        QCOMPARE(dialog.openingRatio(), 10);
+    }
+
+    void displayOrderIsRebuiltFromThePlaces() {
+        const TwoDGraph graph = graphOf(-1, 1);
+        TwoDCustomizationDialog dialog(graph, TwoDSettings{}, false);
+        const int buttons[] = {ids::kFunctionButton, ids::kDerivativeButton, ids::kIntegralButton,
+                               ids::kSecondButton};
+        const int places[] = {ids::kFunctionPlace, ids::kDerivativePlace, ids::kIntegralPlace,
+                              ids::kSecondPlace};
+        for (int i = 0; i < 4; ++i) {  // the order in use shows at opening
+            QVERIFY(!control<QPushButton>(dialog, buttons[i])->isEnabled());
+            QCOMPARE(control<QLabel>(dialog, places[i])->text(), QString::number(i + 1));
+        }
+        QTest::mouseClick(control<QPushButton>(dialog, ids::kResetOrder), Qt::LeftButton);
+        QVERIFY(control<QPushButton>(dialog, ids::kIntegralButton)->isEnabled());
+        QCOMPARE(control<QLabel>(dialog, ids::kIntegralPlace)->text(), QString());
+        for (const int id : {ids::kSecondButton, ids::kIntegralButton, ids::kFunctionButton,
+                             ids::kDerivativeButton}) {
+            QTest::mouseClick(control<QPushButton>(dialog, id), Qt::LeftButton);
+            QVERIFY(!control<QPushButton>(dialog, id)->isEnabled());
+        }
+        QCOMPARE(control<QLabel>(dialog, ids::kSecondPlace)->text(), u"1"_s);
+        QCOMPARE(control<QLabel>(dialog, ids::kDerivativePlace)->text(), u"4"_s);
+        QCOMPARE(dialog.settings().displayOrder, std::string("Fifd"));
+    }
+
+    void optionsAndMouseFunction() {
+        const TwoDGraph graph = graphOf(-1, 1);
+        TwoDSettings settings;
+        settings.selectArea = true;
+        settings.tooltips = false;
+        TwoDCustomizationDialog dialog(graph, settings, true);
+        QVERIFY(control<QRadioButton>(dialog, ids::kSelectArea)->isChecked());
+        QVERIFY(!control<QCheckBox>(dialog, ids::kDisplayTooltips)->isChecked());
+        QVERIFY(control<QCheckBox>(dialog, ids::kDisplayToolbar)->isChecked());
+        // An equation is shown: its points are not sampled in drawing steps.
+        QVERIFY(!control<QCheckBox>(dialog, ids::kOptimizeDrawing)->isEnabled());
+        control<QRadioButton>(dialog, ids::kMoveScreen)->click();
+        control<QCheckBox>(dialog, ids::kDisplayToolbar)->click();
+        const TwoDSettings chosen = dialog.settings();
+        QVERIFY(!chosen.selectArea);
+        QVERIFY(!chosen.toolbar);
+        QVERIFY(chosen.optimizeDrawing);
+        QCOMPARE(control<QPushButton>(dialog, 1)->text(), u"OK"_s);
+    }
+};
+
+QTEST_MAIN(TwoDCustomizationDialogTest)
+#include "TwoDCustomizationDialogTest.moc"
