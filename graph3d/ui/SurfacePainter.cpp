@@ -1,6 +1,11 @@
 #include "graph3d/ui/SurfacePainter.h"
 
+#include "graph3d/PixelRaster.h"
+
 #include <QPaintDevice>
+#include <algorithm>
+
+#include <QImage>
 #include <QPainter>
 #include <QPen>
 #include <QPoint>
@@ -54,7 +59,7 @@ void QPainterSurfaceSink::polygon(const ScreenPoint* corners, int count, std::ui
     for (int n = 0; n < count && n < 4; ++n) {
         points[n] = toQPoint(corners[n]);
     }
-    painter_.drawPolygon(points, count);
+    painter_.drawConvexPolygon(points, count);
 }
 
 void QPainterSurfaceSink::line(ScreenPoint from, ScreenPoint to, std::uint32_t colour) {
@@ -71,8 +76,37 @@ void QPainterSurfaceSink::square(int left, int top, int right, int bottom, std::
     painter_.fillRect(QRect(QPoint(left, top), QPoint(right - 1, bottom - 1)), toQColor(colour));
 }
 
+namespace {
+
+// The image the painter draws on when its pixels can be written directly: a 32-bit image of its
+// own (not shared with a copy), painted without a transform or clip of the caller's.
+QImage* directImage(QPainter& painter) {
+    QPaintDevice* device = painter.device();
+    if (device == nullptr || device->devType() != QInternal::Image ||
+        !painter.worldTransform().isIdentity() || painter.hasClipping()) {
+        return nullptr;
+    }
+    auto* image = static_cast<QImage*>(device);
+    const QImage::Format format = image->format();
+    const bool wordPixels = format == QImage::Format_RGB32 || format == QImage::Format_ARGB32 ||
+                            format == QImage::Format_ARGB32_Premultiplied;
+    return wordPixels && image->isDetached() ? image : nullptr;
+}
+
+}  // namespace
+
 void paintSurface(QPainter& painter, SurfaceScene& scene, QSize devicePixels) {
     if (devicePixels.isEmpty()) {
+        return;
+    }
+    if (QImage* image = directImage(painter)) {
+        PixelBuffer buffer;
+        buffer.bits = reinterpret_cast<std::uint32_t*>(image->bits());
+        buffer.width = std::min(devicePixels.width(), image->width());
+        buffer.height = std::min(devicePixels.height(), image->height());
+        buffer.stride = image->bytesPerLine() / 4;
+        RasterSurfaceSink sink(buffer);
+        drawSurface(scene, devicePixels.width(), devicePixels.height(), sink);
         return;
     }
     painter.save();
