@@ -16,6 +16,12 @@ GraphCanvas::GraphCanvas(const TwoDGraph& graph, GraphView& view, QWidget* paren
     setObjectName(QStringLiteral("graphCanvas"));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(200, 150);
+    connect(&surfaceRedraw_, &SurfaceRedraw::sliceDrawn, this, [this] { update(); });
+}
+
+void GraphCanvas::showSurface(SurfaceScene* scene) {
+    surface_ = scene;
+    invalidate();
 }
 
 void GraphCanvas::invalidate() {
@@ -45,6 +51,12 @@ void GraphCanvas::render() {
     }
     buffer_.setDevicePixelRatio(ratio);
     buffer_.fill(graph_colors::kBackground);
+    if (surface_ != nullptr) {
+        stale_ = false;
+        surfaceRedraw_.start(buffer_, *surface_);
+        return;
+    }
+    surfaceRedraw_.cancel();
     QPainter painter(&buffer_);
     painter.setRenderHint(QPainter::Antialiasing);
     layOutView();

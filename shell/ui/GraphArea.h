@@ -7,6 +7,7 @@
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/GraphPainter.h"
+#include "graph3d/ui/SurfaceRedraw.h"
 
 class QScrollBar;
 
@@ -22,6 +23,9 @@ class GraphCanvas : public QWidget {
     // Lays the view out for the canvas's size now, as the next paint would.
     void layOutView();
     const QImage& backBuffer() const { return buffer_; }
+    // The canvas shows this surface instead of the 2D graph; null goes back to the 2D graph.
+    void showSurface(SurfaceScene* scene);
+    SurfaceRedraw& surfaceRedraw() { return surfaceRedraw_; }
 
   Q_SIGNALS:
     // The view was laid out again: the scroll bars follow its content size.
@@ -41,6 +45,8 @@ class GraphCanvas : public QWidget {
     // Sized in device pixels, so the graph is sharp on high-density screens.
     QImage buffer_;
     bool stale_ = true;
+    SurfaceScene* surface_ = nullptr;
+    SurfaceRedraw surfaceRedraw_;
     // The size the view was last laid out for; a new size chooses the grid steps again.
     QSize laidOutSize_;
 };

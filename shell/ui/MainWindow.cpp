@@ -18,6 +18,8 @@
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
+#include "graph3d/ui/SurfaceComputation.h"
+#include "graph3d/ui/SurfaceRedraw.h"
 #include "history/HistoryPort.h"
 #include "shell/CalculatorLocator.h"
 #include "shell/ui/AboutDialog.h"
@@ -63,6 +65,12 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     status_->setObjectName(QStringLiteral("statusText"));
     status_->setMinimumWidth(0);
     statusBar()->addWidget(status_, 2);
+    // A large surface is drawn over several frames; the status says how far it has come.
+    SurfaceRedraw& redraw = graphArea_->canvas()->surfaceRedraw();
+    connect(&redraw, &SurfaceRedraw::sliceDrawn, status_, [this](int percent) {
+        status_->setText(percent < 100 ? QStringLiteral("Drawing the surface: %1%").arg(percent)
+                                       : QStringLiteral("Ready"));
+    });
 
     refreshCommands();
 }
@@ -150,12 +158,34 @@ TwoDGraphDialog* MainWindow::twoDGraphDialog(bool second) {
     return dialog;
 }
 
+SurfaceComputation& MainWindow::surfaceComputation() {
+    if (!surfaceComputation_) {
+        surfaceComputation_ = std::make_unique<SurfaceComputation>(
+            parts_.formula, parts_.surface,
+            SurfaceDisplay{[this] { showSurface(); },
+                           [this] { graphArea_->canvas()->invalidate(); },
+                           [this](const std::string& message) {
+                               QMessageBox::critical(this, QStringLiteral("Error"),
+                                                     QString::fromStdString(message));
+                           }});
+    }
+    return *surfaceComputation_;
+}
+
+void MainWindow::showSurface() {
+    kind_ = GraphKind::Surface3D;
+    pages_->setCurrentWidget(graphArea_);
+    graphArea_->canvas()->showSurface(&parts_.surface);
+    refreshCommands();
+}
+
 QString MainWindow::statusText() const {
     return status_->text();
 }
 
 void MainWindow::showGraph() {
     kind_ = GraphKind::Function2D;
+    graphArea_->canvas()->showSurface(nullptr);
     pages_->setCurrentWidget(graphArea_);
     graphArea_->showNewGraph();
     reportUndefinedCurves();

@@ -21,9 +21,11 @@ class Formula;
 class GraphArea;
 class HistoryPort;
 class TitlePage;
+class SurfaceComputation;
 class TwoDGraphDialog;
 class Worker;
 struct GraphView;
+struct SurfaceScene;
 struct TwoDGraph;
 
 // The objects of the program the window works on; all owned by the application object.
@@ -33,6 +35,7 @@ struct MainWindowParts {
     GraphView& view;
     FailureReporter& reporter;
     Worker& worker;
+    SurfaceScene& surface;
 };
 
 enum class MouseMode { Move, Select };
@@ -58,6 +61,10 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     QString statusText() const;
     // The dialog of the main (false) or second (true) function, created on first use.
     TwoDGraphDialog* twoDGraphDialog(bool second);
+    // The computation behind the ThreeD window's mode 1; it shows the surface when done.
+    SurfaceComputation& surfaceComputation();
+    // The completed surface in parts.surface becomes the graph on screen.
+    void showSurface();
     // Menus and toolbar follow the state again.
     void refreshCommands();
 
@@ -103,6 +110,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     QLabel* status_ = nullptr;
     TwoDGraphDialog* mainDialog_ = nullptr;
     TwoDGraphDialog* secondDialog_ = nullptr;
+    std::unique_ptr<SurfaceComputation> surfaceComputation_;
 };
 
 }  // namespace curvemill
