@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "engine/Formula.h"
 
@@ -37,6 +38,24 @@ void refine(Formula& formula, SurfaceVertex& below, SurfaceVertex& m, const Surf
             m.y = y;
         }
     }
+}
+
+double medianHeight(const SurfaceGrid& grid) {
+    std::vector<double> heights;
+    heights.reserve(static_cast<std::size_t>(grid.nx + 1) * static_cast<std::size_t>(grid.ny + 1));
+    for (int i = 0; i <= grid.nx; ++i) {
+        for (int j = 0; j <= grid.ny; ++j) {
+            if (grid.vertex(i, j).indefinite == 0) {
+                heights.push_back(grid.vertex(i, j).z);
+            }
+        }
+    }
+    if (heights.empty()) {
+        return 0;
+    }
+    const auto middle = heights.begin() + static_cast<std::ptrdiff_t>(heights.size() / 2);
+    std::nth_element(heights.begin(), middle, heights.end());
+    return *middle;
 }
 
 }  // namespace
@@ -121,6 +140,14 @@ void applyZLimits(SurfaceGrid& grid, char resetStep) {
     double mid = (zMin + zMax) / 2;
     if (!std::isfinite(mid)) {
         mid = zMin / 2 + zMax / 2;
+    }
+    // A pole sampled a hair from its singularity (1/(x*y) at an x built by addition, 2e-16 from
+    // 0) can put the middle of the range so high that mid +- step * D rounds to mid itself: the
+    // band would have no height and the figure would collapse onto one plane, the very
+    // flattening the limits are there to prevent. Only then the band is centred on the median of
+    // the defined values, where the bulk of the surface lies.
+    if (limits.active == 'y' && limits.step > 0 && mid + limits.step * D == mid - limits.step * D) {
+        mid = medianHeight(grid);
     }
     const double top = mid + limits.step * D;
     const double bottom = mid - limits.step * D;

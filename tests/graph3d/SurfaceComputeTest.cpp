@@ -80,6 +80,14 @@ TEST(SurfaceCompute, ZLimitsCutTallSurfacesToABandAroundTheMiddle) {
     applyZLimits(steep.grid, 'y');
     EXPECT_EQ(g.limits.step, 10);
 
+    // x built by addition passes 2e-16 from the pole: zMax near 1e30, whose middle would leave a
+    // band of no height. The band keeps its height, around the bulk of the surface.
+    SurfaceScene pole;
+    ASSERT_EQ(computeFor(pole, "1/(x*y)", -1, 1, -1, 1), SurfaceOutcome::Done);
+    EXPECT_GT(pole.grid.limits.zMax, 1e20);
+    EXPECT_NEAR(pole.grid.zHigh - pole.grid.zLow, 20 * D, 1e-9);
+    EXPECT_LT(std::fabs(pole.grid.zc), 10);
+
     SurfaceScene plain;
     ASSERT_EQ(computeFor(plain, "x+y", -1, 1, -1, 1), SurfaceOutcome::Done);
     EXPECT_EQ(plain.grid.limits.active, 'n');
