@@ -142,6 +142,15 @@ ScreenPoint projectToPixel(const SurfaceView& view, const SurfaceGrid& grid, Vec
     return {toPixel(s.x), toPixel(s.y)};
 }
 
+bool zoomFigure(SurfaceView& view, double factor) {
+    const double zoom = view.zoom * factor;
+    if (!(zoom >= 1.0 / 1024 && zoom <= 1024)) {
+        return false;
+    }
+    view.zoom = zoom;
+    return true;
+}
+
 // The scale comes from the unrotated figure and the centring from the figure as it is turned
 // now: the figure keeps its size while it rotates (no pumping during an animation) and stays in
 // the middle of the target. The default view fills nine tenths of the tighter side.

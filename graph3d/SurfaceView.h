@@ -58,6 +58,11 @@ PlanePoint projectPoint(const SurfaceView& view, const SurfaceGrid& grid, Vec3 p
 ScreenPoint projectToPixel(const SurfaceView& view, const SurfaceGrid& grid, Vec3 p,
                            const Placement& placement);
 
+// The zoom commands' "Both" on a surface: the figure grows (factor > 1) or shrinks about the middle
+// of the target. The zoom stays within 1/1024 .. 1024, where the figure is still a dot or its
+// coordinates still fit the pixel clamp; returns false when it would leave that range.
+bool zoomFigure(SurfaceView& view, double factor);
+
 // The placement that shows the whole box of the domain and the shown z range on a target of
 // width x height device pixels, centred, with a margin.
 Placement fitFigure(const SurfaceView& view, const SurfaceGrid& grid, int width, int height);

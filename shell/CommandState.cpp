@@ -34,16 +34,17 @@ bool commandAvailable(int id, const ShellState& state) {
         case 40050:
         case 40003:
         case 40004:
-        case 40005:
         case 40006:
         case 40007:
-        case 40008:
         case 40126:
         case 40010:
         case 40133:
         case 40063:
         case 40064:
             return plane;
+        case 40005:  // "Both" scales a surface too
+        case 40008:
+            return plane || surface;
         case 40114:  // rotation only turns a surface
         case 40101:
         case 40102:

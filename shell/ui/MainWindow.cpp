@@ -179,6 +179,14 @@ void MainWindow::showSurface() {
     refreshCommands();
 }
 
+bool MainWindow::zoomSurface(double factor) {
+    if (kind_ != GraphKind::Surface3D || !zoomFigure(parts_.surface.view, factor)) {
+        return false;
+    }
+    graphArea_->canvas()->invalidate();
+    return true;
+}
+
 QString MainWindow::statusText() const {
     return status_->text();
 }

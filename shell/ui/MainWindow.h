@@ -65,6 +65,8 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     SurfaceComputation& surfaceComputation();
     // The completed surface in parts.surface becomes the graph on screen.
     void showSurface();
+    // "Both" of Zoom In (factor 2) or Zoom Out (0.5) while a surface is shown; false otherwise.
+    bool zoomSurface(double factor);
     // Menus and toolbar follow the state again.
     void refreshCommands();
 

@@ -160,6 +160,25 @@ class MainWindowTest : public QObject {
         const QImage& buffer = canvas->backBuffer();
         const QRgb middle = buffer.pixel(buffer.width() / 2, buffer.height() / 2);
         QVERIFY(qRed(middle) == 255 && qGreen(middle) < 255);  // scheme 'r' on white
+
+        // Zoom out: half the size, still centred, drawn again.
+        const auto width = [&] {
+            const QImage& image = canvas->backBuffer();
+            const int row = image.height() / 2;
+            int left = image.width(), right = 0;
+            for (int x = 0; x < image.width(); ++x) {
+                if (qRed(image.pixel(x, row)) == 255 && qGreen(image.pixel(x, row)) < 200) {
+                    left = std::min(left, x);
+                    right = std::max(right, x);
+                }
+            }
+            return right - left;
+        };
+        const int before = width();
+        QVERIFY(window->zoomSurface(0.5));
+        canvas->repaint();
+        QTRY_VERIFY_WITH_TIMEOUT(!redraw.running(), 10000);
+        QVERIFY(std::abs(width() - before / 2) < before / 10);
     }
 
     void everyCommandIsOneAction() {
