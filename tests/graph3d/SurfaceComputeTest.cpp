@@ -1,4 +1,4 @@
-// Evaluating the grid: accumulated steps, refinement along y, Z limits, Stop, memory.
+// Evaluating the grid: accumulated steps, refinement along y, Z limits, Stop.
 #include <cmath>
 
 #include <gtest/gtest.h>
@@ -138,14 +138,6 @@ TEST(SurfaceCompute, StopEndsBeforeTheNextVertexAndKeepsTheGrid) {
     EXPECT_EQ(calls, 51);
     EXPECT_TRUE(lastPercent == 49 || lastPercent == 50) << lastPercent;
     EXPECT_TRUE(scene.grid.allocated());
-}
-
-TEST(SurfaceGrid, RefusesAGridThatCannotBeHad) {
-    SurfaceGrid grid;
-    EXPECT_FALSE(grid.allocate(2000000000, 2000000000));
-    EXPECT_FALSE(grid.allocated());
-    EXPECT_TRUE(grid.allocate(2, 3));
-    EXPECT_EQ(grid.scratchLine().size(), 4u);
 }
 
 }  // namespace
