@@ -102,7 +102,7 @@ double eyeDistance(const SurfaceScene& scene, ScreenPoint corner) {
                     const SurfaceVertex& v = g.vertex(i - di, j - dj);
                     middle = middle + 0.25 * Vec3{v.x, v.y, v.zShown};
                 }
-                const Vec3 d = middle - scene.view.eye;
+                const Vec3 d = rotatePoint(scene.view, scene.grid, middle) - scene.view.eye;
                 return std::sqrt(dot(d, d));
             }
         }
@@ -110,45 +110,51 @@ double eyeDistance(const SurfaceScene& scene, ScreenPoint corner) {
     return -1;
 }
 
-// A steep bump hides part of the slope behind it. Wherever cells overlap on screen, the pixel
-// (away from any cell's outline) has the colour of the covering cell nearest to the eye.
+// A steep bump hides part of the slope behind it, however it is turned about z. Wherever cells
+// overlap on screen, the pixel (away from any cell's outline) has the colour of the covering cell
+// nearest to the eye.
 TEST_P(SurfacePainterTest, NearCellsCoverFarOnes) {
     SurfaceScene scene;
     ASSERT_EQ(computeFor(scene, "3*e^(0-(x^2+y^2)*3)", -1, 1, -1, 1, nullptr, 12),
               SurfaceOutcome::Done);
     scene.light.scheme = '1';
-    CellRecorder recorder;
-    drawSurface(scene, 800, 600, recorder);
-    const QImage image = rendered(scene, GetParam(), {800, 600}, {800, 600});
-    int overlapped = 0;
-    for (int y = 1; y < 600; y += 3) {
-        for (int x = 1; x < 800; x += 3) {
-            const QPointF centre(x + 0.5, y + 0.5);
-            const DrawnCell* top = nullptr;
-            double nearest = 0;
-            int covering = 0;
-            bool nearEdge = false;
-            for (const DrawnCell& cell : recorder.cells) {
-                if (cell.shape.boundingRect().adjusted(-3, -3, 3, 3).contains(centre)) {
-                    nearEdge |= distanceToEdges(cell.shape, centre) < 2;
-                    if (cell.shape.containsPoint(centre, Qt::OddEvenFill)) {
-                        const double distance = eyeDistance(scene, cell.corner);
-                        if (top == nullptr || distance < nearest) {
-                            top = &cell;
-                            nearest = distance;
+    scene.view.mode = 'Q';
+    for (const int angle : {0, 90, 180, 270}) {
+        SCOPED_TRACE(angle);
+        setAxisAngle(scene.view, angle);
+        CellRecorder recorder;
+        drawSurface(scene, 800, 600, recorder);
+        const QImage image = rendered(scene, GetParam(), {800, 600}, {800, 600});
+        int overlapped = 0;
+        for (int y = 1; y < 600; y += 3) {
+            for (int x = 1; x < 800; x += 3) {
+                const QPointF centre(x + 0.5, y + 0.5);
+                const DrawnCell* top = nullptr;
+                double nearest = 0;
+                int covering = 0;
+                bool nearEdge = false;
+                for (const DrawnCell& cell : recorder.cells) {
+                    if (cell.shape.boundingRect().adjusted(-3, -3, 3, 3).contains(centre)) {
+                        nearEdge |= distanceToEdges(cell.shape, centre) < 2;
+                        if (cell.shape.containsPoint(centre, Qt::OddEvenFill)) {
+                            const double distance = eyeDistance(scene, cell.corner);
+                            if (top == nullptr || distance < nearest) {
+                                top = &cell;
+                                nearest = distance;
+                            }
+                            ++covering;
                         }
-                        ++covering;
                     }
                 }
+                if (covering < 2 || nearEdge) {
+                    continue;
+                }
+                ++overlapped;
+                ASSERT_EQ(image.pixel(x, y), asRgb(top->colour)) << x << ',' << y;
             }
-            if (covering < 2 || nearEdge) {
-                continue;
-            }
-            ++overlapped;
-            ASSERT_EQ(image.pixel(x, y), asRgb(top->colour)) << x << ',' << y;
         }
+        EXPECT_GT(overlapped, 20);
     }
-    EXPECT_GT(overlapped, 20);
 }
 
 TEST_P(SurfacePainterTest, NothingIsDrawnOutsideTheTarget) {
