@@ -25,6 +25,7 @@ Command checkCommand();
 Command evalCommand();
 Command plotCommand();
 Command sampleCommand();
+Command surfaceCommand();
 
 std::span<const Command> commandTable();
 

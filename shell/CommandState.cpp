@@ -36,14 +36,14 @@ bool commandAvailable(int id, const ShellState& state) {
             return plane && state.canZoomInX;
         case 40004:
             return plane && state.canZoomInY;
-        case 40005:
-            return plane && (state.canZoomInX || state.canZoomInY);
+        case 40005:  // "Both" scales a surface too
+            return (plane && (state.canZoomInX || state.canZoomInY)) || surface;
         case 40006:
             return plane && state.canZoomOutX;
         case 40007:
             return plane && state.canZoomOutY;
         case 40008:
-            return plane && (state.canZoomOutX || state.canZoomOutY);
+            return (plane && (state.canZoomOutX || state.canZoomOutY)) || surface;
         case 40049:  // a selection to stretch, a level left on the stack
             return plane && state.canStretch;
         case 40050:

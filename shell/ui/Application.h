@@ -8,6 +8,7 @@
 #include "failure/ui/QtFailurePlatform.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
+#include "graph3d/SurfaceScene.h"
 #include "history/HistoryStore.h"
 #include "worker/ui/Worker.h"
 
@@ -38,6 +39,7 @@ class Application {
     Formula& formula() { return formula_; }
     TwoDGraph& graph() { return graph_; }
     GraphView& view() { return view_; }
+    SurfaceScene& surface() { return surface_; }
     FailureReporter& reporter() { return reporter_; }
     Worker& worker() { return worker_; }
     MainWindow* mainWindow() const { return window_.get(); }
@@ -53,6 +55,7 @@ class Application {
     Formula formula_;
     TwoDGraph graph_;
     GraphView view_;
+    SurfaceScene surface_;
     QtFailurePlatform platform_;
     RestartingFailureReporter reporter_{platform_};
     // After the reporter it reports to; destroyed before the curves its job fills.

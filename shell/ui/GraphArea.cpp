@@ -32,6 +32,7 @@ GraphCanvas::GraphCanvas(const TwoDGraph& graph, GraphView& view, QWidget* paren
     setMinimumSize(200, 150);
     processTimer_->setInterval(kProcessFrameMs);
     connect(processTimer_, &QTimer::timeout, this, &GraphCanvas::drawNextPart);
+    connect(&surfaceRedraw_, &SurfaceRedraw::sliceDrawn, this, [this] { update(); });
 }
 
 void GraphCanvas::setShowDrawingProcess(bool on) {
@@ -70,6 +71,11 @@ void GraphCanvas::drawNextPart() {
     invalidate();
 }
 
+void GraphCanvas::showSurface(SurfaceScene* scene) {
+    surface_ = scene;
+    invalidate();
+}
+
 void GraphCanvas::invalidate() {
     stale_ = true;
     update();
@@ -97,6 +103,12 @@ void GraphCanvas::render() {
     }
     buffer_.setDevicePixelRatio(ratio);
     buffer_.fill(graph_colors::kBackground);
+    if (surface_ != nullptr) {
+        stale_ = false;
+        surfaceRedraw_.start(buffer_, *surface_);
+        return;
+    }
+    surfaceRedraw_.cancel();
     QPainter painter(&buffer_);
     painter.setRenderHint(QPainter::Antialiasing);
     layOutView();

@@ -8,6 +8,7 @@
 #include "graph2d/PartialGraph.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/GraphPainter.h"
+#include "graph3d/ui/SurfaceRedraw.h"
 
 class QScrollBar;
 class QTimer;
@@ -34,6 +35,9 @@ class GraphCanvas : public QWidget {
     bool drawingInProgress() const { return animating_; }
     // A redraw asked for by a command; scrolling and wheel zooms use invalidate() and stay quick.
     void redrawShowingProcess();
+    // The canvas shows this surface instead of the 2D graph; null goes back to the 2D graph.
+    void showSurface(SurfaceScene* scene);
+    SurfaceRedraw& surfaceRedraw() { return surfaceRedraw_; }
 
   Q_SIGNALS:
     // The view was laid out again: the scroll bars follow its content size.
@@ -56,6 +60,8 @@ class GraphCanvas : public QWidget {
     // Sized in device pixels, so the graph is sharp on high-density screens.
     QImage buffer_;
     bool stale_ = true;
+    SurfaceScene* surface_ = nullptr;
+    SurfaceRedraw surfaceRedraw_;
     // The size the view was last laid out for; a new size chooses the grid steps again.
     QSize laidOutSize_;
     bool showProcess_ = false;

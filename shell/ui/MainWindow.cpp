@@ -18,6 +18,8 @@
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
+#include "graph3d/ui/SurfaceComputation.h"
+#include "graph3d/ui/SurfaceRedraw.h"
 #include "history/HistoryPort.h"
 #include "shell/CalculatorLocator.h"
 #include "shell/ui/AboutDialog.h"
@@ -86,6 +88,12 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     connect(viewCommands_, &ViewCommands::stateChanged, this, [this] {
         mouseMode_ = viewCommands_->settings().selectArea ? MouseMode::Select : MouseMode::Move;
         refreshCommands();
+    });
+    // A large surface is drawn over several frames; the status says how far it has come.
+    SurfaceRedraw& redraw = graphArea_->canvas()->surfaceRedraw();
+    connect(&redraw, &SurfaceRedraw::sliceDrawn, status_, [this](int percent) {
+        status_->setText(percent < 100 ? QStringLiteral("Drawing the surface: %1%").arg(percent)
+                                       : QStringLiteral("Ready"));
     });
 
     refreshCommands();
@@ -177,12 +185,42 @@ TwoDGraphDialog* MainWindow::twoDGraphDialog(bool second) {
     return dialog;
 }
 
+SurfaceComputation& MainWindow::surfaceComputation() {
+    if (!surfaceComputation_) {
+        surfaceComputation_ = std::make_unique<SurfaceComputation>(
+            parts_.formula, parts_.surface,
+            SurfaceDisplay{[this] { showSurface(); },
+                           [this] { graphArea_->canvas()->invalidate(); },
+                           [this](const std::string& message) {
+                               QMessageBox::critical(this, QStringLiteral("Error"),
+                                                     QString::fromStdString(message));
+                           }});
+    }
+    return *surfaceComputation_;
+}
+
+void MainWindow::showSurface() {
+    kind_ = GraphKind::Surface3D;
+    pages_->setCurrentWidget(graphArea_);
+    graphArea_->canvas()->showSurface(&parts_.surface);
+    refreshCommands();
+}
+
+bool MainWindow::zoomSurface(double factor) {
+    if (kind_ != GraphKind::Surface3D || !zoomFigure(parts_.surface.view, factor)) {
+        return false;
+    }
+    graphArea_->canvas()->invalidate();
+    return true;
+}
+
 QString MainWindow::statusText() const {
     return status_->text();
 }
 
 void MainWindow::showGraph() {
     kind_ = GraphKind::Function2D;
+    graphArea_->canvas()->showSurface(nullptr);
     pages_->setCurrentWidget(graphArea_);
     graphArea_->showNewGraph();
     reportUndefinedCurves();
@@ -347,6 +385,10 @@ void MainWindow::zoomInY() {
 }
 
 void MainWindow::zoomInBoth() {
+    if (kind_ == GraphKind::Surface3D) {
+        zoomSurface(2.0);
+        return;
+    }
     viewCommands_->zoomIn(ZoomAxis::kBoth);
 }
 
@@ -359,6 +401,10 @@ void MainWindow::zoomOutY() {
 }
 
 void MainWindow::zoomOutBoth() {
+    if (kind_ == GraphKind::Surface3D) {
+        zoomSurface(0.5);
+        return;
+    }
     viewCommands_->zoomOut(ZoomAxis::kBoth);
 }
 

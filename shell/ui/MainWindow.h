@@ -23,10 +23,12 @@ class GraphOutputs;
 class HistoryPort;
 class MathCommands;
 class TitlePage;
+class SurfaceComputation;
 class TwoDGraphDialog;
 class ViewCommands;
 class Worker;
 struct GraphView;
+struct SurfaceScene;
 struct TwoDGraph;
 
 // The objects of the program the window works on; all owned by the application object.
@@ -36,6 +38,7 @@ struct MainWindowParts {
     GraphView& view;
     FailureReporter& reporter;
     Worker& worker;
+    SurfaceScene& surface;
 };
 
 enum class MouseMode { Move, Select };
@@ -61,6 +64,12 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     QString statusText() const;
     // The dialog of the main (false) or second (true) function, created on first use.
     TwoDGraphDialog* twoDGraphDialog(bool second);
+    // The computation behind the ThreeD window's mode 1; it shows the surface when done.
+    SurfaceComputation& surfaceComputation();
+    // The completed surface in parts.surface becomes the graph on screen.
+    void showSurface();
+    // "Both" of Zoom In (factor 2) or Zoom Out (0.5) while a surface is shown; false otherwise.
+    bool zoomSurface(double factor);
     // Menus and toolbar follow the state again.
     void refreshCommands();
 
@@ -132,6 +141,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     TwoDGraphDialog* mainDialog_ = nullptr;
     TwoDGraphDialog* secondDialog_ = nullptr;
     std::unique_ptr<MathCommands> math_;
+    std::unique_ptr<SurfaceComputation> surfaceComputation_;
 };
 
 }  // namespace curvemill

@@ -17,11 +17,14 @@
 #include <QtTest>
 
 #include "engine/Formula.h"
+#include "engine/FormulaCheck.h"
+#include "engine/Preparation.h"
 #include "failure/FaultTranslation.h"
 #include "failure/ui/GuardedApplication.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
+#include "graph3d/ui/SurfaceComputation.h"
 #include "history/HistoryPort.h"
 #include "history/ui/EntryReportList.h"
 #include "history/ui/HistoryCommands.h"
@@ -104,6 +107,7 @@ class MainWindowTest : public QObject {
     Formula formula;
     TwoDGraph graph;
     GraphView view;
+    SurfaceScene surface;
     RecordingReporter reporter;
     Worker worker{reporter};
     FakeHistory history;
@@ -134,13 +138,56 @@ class MainWindowTest : public QObject {
         view = GraphView{};
         history = FakeHistory{};
         reporter = RecordingReporter{};
-        window =
-            std::make_unique<MainWindow>(MainWindowParts{formula, graph, view, reporter, worker});
+        window = std::make_unique<MainWindow>(
+            MainWindowParts{formula, graph, view, reporter, worker, surface});
         window->setHistoryPort(&history);
         window->resize(1000, 700);
         window->show();
     }
     void cleanup() { window.reset(); }
+
+    // A surface computed on the worker is shown in place of the 2D graph, drawn in slices with
+    // the status following, and a 2D graph afterwards takes the canvas back.
+    void computedSurfaceIsShownAndDrawn() {
+        QVERIFY(prepareFormula(formula, "sin(x)*cos(y)", kModeTwoVariables));
+        SurfaceComputation& computation = window->surfaceComputation();
+        computation.discardPrevious();
+        QSignalSpy finished(&worker, &Worker::finished);
+        QVERIFY(worker.start("Equation Window Procedure", formula.keepComputing,
+                             computation.makeJob({-3, 3, -3, 3, 500, 500, 0})));
+        QVERIFY(finished.wait(20000));
+        computation.show();
+        QCOMPARE(window->graphKind(), GraphKind::Surface3D);
+        GraphCanvas* canvas = window->graphArea()->canvas();
+        SurfaceRedraw& redraw = canvas->surfaceRedraw();
+        QSignalSpy drawn(&redraw, &SurfaceRedraw::finished);
+        canvas->repaint();
+        QVERIFY(redraw.running() || !drawn.isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!redraw.running(), 10000);
+        QCOMPARE(window->statusText(), QStringLiteral("Ready"));
+        const QImage& buffer = canvas->backBuffer();
+        const QRgb middle = buffer.pixel(buffer.width() / 2, buffer.height() / 2);
+        QVERIFY(qRed(middle) == 255 && qGreen(middle) < 255);  // scheme 'r' on white
+
+        // Zoom out: half the size, still centred, drawn again.
+        const auto width = [&] {
+            const QImage& image = canvas->backBuffer();
+            const int row = image.height() / 2;
+            int left = image.width(), right = 0;
+            for (int x = 0; x < image.width(); ++x) {
+                if (qRed(image.pixel(x, row)) == 255 && qGreen(image.pixel(x, row)) < 200) {
+                    left = std::min(left, x);
+                    right = std::max(right, x);
+                }
+            }
+            return right - left;
+        };
+        const int before = width();
+        QVERIFY(window->zoomSurface(0.5));
+        canvas->repaint();
+        QTRY_VERIFY_WITH_TIMEOUT(!redraw.running(), 10000);
+        QVERIFY(std::abs(width() - before / 2) < before / 10);
+    }
 
     void everyCommandIsOneAction() {
         for (const CommandRow& row : commandTable()) {

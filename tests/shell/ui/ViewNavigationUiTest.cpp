@@ -18,6 +18,7 @@
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
+#include "graph3d/SurfaceScene.h"
 #include "shell/CommandTable.h"
 #include "shell/ui/CommandActions.h"
 #include "shell/ui/GraphArea.h"
@@ -39,6 +40,7 @@ class ViewNavigationUiTest : public QObject {
     GraphView view;
     RecordingReporter reporter;
     Worker worker{reporter};
+    SurfaceScene surface;
     std::unique_ptr<MainWindow> window;
 
     QAction* action(int id) { return window->commands().action(id); }
@@ -74,8 +76,8 @@ class ViewNavigationUiTest : public QObject {
     void init() {
         graph = TwoDGraph{};
         view = GraphView{};
-        window =
-            std::make_unique<MainWindow>(MainWindowParts{formula, graph, view, reporter, worker});
+        window = std::make_unique<MainWindow>(
+            MainWindowParts{formula, graph, view, reporter, worker, surface});
         window->resize(1000, 700);
         window->show();
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));

@@ -1,0 +1,28 @@
+// What the commands that draw images share: the application object fonts and painters need, the
+// --size option and PNG encoding.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <string_view>
+
+class QGuiApplication;
+class QImage;
+
+namespace curvemill::cli {
+
+// A QGuiApplication on the offscreen platform (unless the user chose another), or nothing when
+// one exists already.
+std::unique_ptr<QGuiApplication> ensureGuiApplication();
+
+// Reads --size WIDTHxHEIGHT into width and height (left alone when absent); false after a usage
+// message naming `command`.
+bool readImageSize(const std::optional<std::string>& value, int& width, int& height,
+                   std::string_view command, std::ostream& err);
+
+// The image as PNG bytes, or nothing when the encoder fails.
+std::optional<std::string> encodePng(const QImage& image);
+
+}  // namespace curvemill::cli

@@ -1,0 +1,236 @@
+#include <string>
+
+// The engine's headers come before Qt's, whose "slots" macro would swallow a member name.
+#include "cli/Command.h"
+#include "cli/FormulaArguments.h"
+#include "cli/GraphArguments.h"
+#include "cli/ImageOutput.h"
+#include "cli/ImageSetup.h"
+#include "cli/MathCommands.h"
+#include "cli/OutputFile.h"
+#include "cli/Printable.h"
+#include "engine/Formula.h"
+#include "engine/FormulaCheck.h"
+#include "engine/NumberEntry.h"
+#include "engine/Preparation.h"
+#include "graph3d/SurfaceCompute.h"
+#include "graph3d/SurfaceScene.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+
+#include "graph3d/ui/SurfacePainter.h"
+
+namespace curvemill::cli {
+namespace {
+
+// The ThreeD window's ordering messages; its box names have a blank for the y range.
+constexpr const char* kXOrder = "X BEG MUST BE LESS THAN X END";
+constexpr const char* kYOrder = "Y BEG MUST BE LESS THAN Y END";
+
+CommandSyntax surfaceSyntax() {
+    return {"surface",
+            "Computes the surface z = FORMULA (in x and y) over [A, B] x [C, D] as the ThreeD\n"
+            "window does and draws it into an image as the program draws it, or prints what was\n"
+            "computed. The file's extension chooses the format: .png, .bmp, .svg or .pdf.",
+            "FORMULA",
+            1,
+            64,
+            {{"x-begin", "A", "X Begin, read like the ThreeD window's box"},
+             {"x-end", "B", "X End"},
+             {"y-begin", "C", "Y Begin"},
+             {"y-end", "D", "Y End"},
+             {"nx", "N", "intervals along x, 100 to 500 (default 100)"},
+             {"ny", "N", "intervals along y, 100 to 500 (default 100)"},
+             {"mode", "M", "polygons, lines or pixels (default polygons)"},
+             {"scheme", "S", "colour scheme r, g, b, c, m, y, 1 (grey) or o (own colour)"},
+             {"size", "WxH", "image size in pixels (default 1024x768)"},
+             {"depth", "24|8", "bits per pixel of a .bmp file (default 24)"},
+             {"output", "FILE", "the image file to write (also -o FILE)"},
+             {"summary", "",
+              "print zMin, zMax, zLow, zHigh, zLimits, zLimitStep, steps and "
+              "indefinite, one per line"},
+             {"vertices", "", "print every vertex as CSV i,j,x,y,z,zShown,indefinite"}},
+            "Give exactly one of -o FILE, --summary and --vertices. Numbers are printed with 17\n"
+            "significant digits. Options may come before or after FORMULA.\n"
+            "Exit status: 0 done, 1 an entry refused (the window's message is printed) or the\n"
+            "file could not be written, 2 wrong command line (an unknown extension too).\n"};
+}
+
+// Reads the four range boxes and the formula in the ThreeD window's order.
+std::optional<std::string> readSurface(Formula& formula, const ParsedArguments& arguments,
+                                       const std::string& typed, SurfaceGrid& grid) {
+    const struct {
+        const char* option;
+        const char* box;
+        double* value;
+    } boxes[] = {{"x-begin", "X_BEG", &grid.xBegin},
+                 {"x-end", "X_END", &grid.xEnd},
+                 {"y-begin", "Y BEG", &grid.yBegin},
+                 {"y-end", "Y END", &grid.yEnd}};
+    for (const auto& box : boxes) {
+        const NumberReading reading =
+            readNumberEntry(formula, arguments.value(box.option).value_or(""), box.box);
+        if (!reading.ok) {
+            return reading.message;
+        }
+        *box.value = reading.value;
+        if (box.value == &grid.xEnd && !(grid.xBegin < grid.xEnd)) {
+            return std::string(kXOrder);
+        }
+        if (box.value == &grid.yEnd && !(grid.yBegin < grid.yEnd)) {
+            return std::string(kYOrder);
+        }
+    }
+    if (!prepareFormula(formula, typed, kModeTwoVariables)) {
+        return composeBoxError("FORMULA", formula.errorText);
+    }
+    return std::nullopt;
+}
+
+std::optional<char> letterArgument(const std::optional<std::string>& value, std::string_view name,
+                                   std::initializer_list<std::pair<std::string_view, char>> choices,
+                                   char fallback, std::ostream& err) {
+    if (!value) {
+        return fallback;
+    }
+    for (const auto& [word, letter] : choices) {
+        if (*value == word) {
+            return letter;
+        }
+    }
+    err << "curvemill-cli surface: --" << name << " must be one of";
+    for (const auto& choice : choices) {
+        err << ' ' << choice.first;
+    }
+    err << ", not " << quoted(*value) << "\n";
+    return std::nullopt;
+}
+
+void printSummary(const SurfaceGrid& grid, std::ostream& out) {
+    out << "zMin " << fullPrecision(grid.limits.zMin) << '\n'
+        << "zMax " << fullPrecision(grid.limits.zMax) << '\n'
+        << "zLow " << fullPrecision(grid.zLow) << '\n'
+        << "zHigh " << fullPrecision(grid.zHigh) << '\n'
+        << "zLimits " << grid.limits.active << '\n'
+        << "zLimitStep " << grid.limits.step << '\n'
+        << "steps " << grid.limits.availableSteps << '\n'
+        << "indefinite " << grid.indefiniteCount() << '\n';
+}
+
+void printVertices(const SurfaceGrid& grid, std::ostream& out) {
+    std::string text = "i,j,x,y,z,zShown,indefinite\n";
+    for (int i = 0; i <= grid.nx; ++i) {
+        for (int j = 0; j <= grid.ny; ++j) {
+            const SurfaceVertex& v = grid.vertex(i, j);
+            text += std::to_string(i) + ',' + std::to_string(j) + ',' + fullPrecision(v.x) + ',' +
+                    fullPrecision(v.y) + ',' + fullPrecision(v.z) + ',' + fullPrecision(v.zShown) +
+                    ',' + char('0' + v.indefinite) + '\n';
+        }
+        if (text.size() > (1u << 20)) {
+            out << text;
+            text.clear();
+        }
+    }
+    out << text;
+}
+
+int runSurface(const ParsedArguments& parsed, std::ostream& out, std::ostream& err) {
+    ParsedArguments arguments = parsed;
+    const CommandSyntax syntax = surfaceSyntax();
+    if (!parseTrailingOptions(syntax, arguments, err)) {
+        return kExitUsage;
+    }
+    if (arguments.helpRequested) {  // "--help" after FORMULA
+        out << usageText(syntax);
+        return kExitOk;
+    }
+    const auto typed = formulaArgument(arguments.positionals[0], "surface", err);
+    const auto nx = wholeArgument(arguments.value("nx"), "nx", 100, 500, 100, "surface", err);
+    const auto ny = wholeArgument(arguments.value("ny"), "ny", 100, 500, 100, "surface", err);
+    const auto mode =
+        letterArgument(arguments.value("mode"), "mode",
+                       {{"polygons", 'a'}, {"lines", 'l'}, {"pixels", 'p'}}, 'a', err);
+    const auto scheme = letterArgument(arguments.value("scheme"), "scheme",
+                                       {{"r", 'r'},
+                                        {"g", 'g'},
+                                        {"b", 'b'},
+                                        {"c", 'c'},
+                                        {"m", 'm'},
+                                        {"y", 'y'},
+                                        {"1", '1'},
+                                        {"o", 'o'}},
+                                       'r', err);
+    int width = 1024;
+    int height = 768;
+    if (!typed || !nx || !ny || !mode || !scheme ||
+        !readImageSize(arguments.value("size"), width, height, "surface", err)) {
+        return kExitUsage;
+    }
+    for (const char* required : {"x-begin", "x-end", "y-begin", "y-end"}) {
+        if (!arguments.value(required)) {
+            err << "curvemill-cli surface: --x-begin, --x-end, --y-begin and --y-end are "
+                   "required\n";
+            return kExitUsage;
+        }
+    }
+    const auto output = arguments.value("output");
+    const bool summary = arguments.flag("summary");
+    const bool vertices = arguments.flag("vertices");
+    if (int(output.has_value()) + int(summary) + int(vertices) != 1) {
+        err << "curvemill-cli surface: give exactly one of -o FILE, --summary and --vertices\n";
+        return kExitUsage;
+    }
+    std::optional<ImageFormat> format;
+    const std::optional<int> depth = outputDepth(arguments.value("depth"), "surface", err);
+    if (output) {
+        format = outputFormat(*output, "surface", err);
+    }
+    if (!depth || (output && !format)) {
+        return kExitUsage;
+    }
+
+    Formula formula;
+    SurfaceScene scene;
+    scene.grid.requestedNx = *nx;
+    scene.grid.requestedNy = *ny;
+    if (const auto refusal = readSurface(formula, arguments, *typed, scene.grid)) {
+        out << *refusal << '\n';
+        return kExitRefused;
+    }
+    const std::atomic<bool> keepComputing{true};
+    const SurfaceOutcome outcome = computeSurface(formula, scene.grid, {}, keepComputing);
+    if (outcome == SurfaceOutcome::NoMemory) {
+        out << kNoMemoryMessage << '\n';
+        return kExitRefused;
+    }
+    startNewFigure(scene);
+    scene.complete = true;
+    scene.drawing.mode = *mode;
+    scene.light.scheme = *scheme;
+    if (summary) {
+        printSummary(scene.grid, out);
+        return kExitOk;
+    }
+    if (vertices) {
+        printVertices(scene.grid, out);
+        return kExitOk;
+    }
+
+    const auto app = ensureGuiApplication();
+    const PageDrawing draw = [&scene](QPainter& painter, QSize pixels) {
+        paintSurface(painter, scene, pixels);
+    };
+    ImageFileOptions options;
+    options.bitsPerPixel = *depth;
+    return writeGraphImage(*output, *format, draw, QSize(width, height), options, out);
+}
+
+}  // namespace
+
+Command surfaceCommand() {
+    return {surfaceSyntax(), runSurface};
+}
+
+}  // namespace curvemill::cli

@@ -1,0 +1,210 @@
+#include "graph3d/SurfaceDrawing.h"
+
+#include <cmath>
+
+namespace curvemill {
+
+namespace {
+
+bool defined(const SurfaceGrid& grid, int i, int j) {
+    return grid.vertex(i, j).indefinite == 0;
+}
+
+// The outer line of a pass at position `index` of its walk; passes 1 and 3 count down.
+int outerLine(const SurfaceScene& scene, int pass, int index) {
+    const int stepI = scene.light.stepI;
+    const int stepJ = scene.light.stepJ;
+    switch (pass) {
+        case 1:
+            return scene.grid.ny - stepJ - index * stepJ;
+        case 2:
+            return stepJ + index * stepJ;
+        case 3:
+            return scene.grid.nx - stepI - index * stepI;
+        default:
+            return stepI + index * stepI;
+    }
+}
+
+bool outerLineInRange(const SurfaceScene& scene, int pass, int k) {
+    switch (pass) {
+        case 1:
+            return k >= scene.light.stepJ;
+        case 2:
+            return k < scene.grid.ny;
+        case 3:
+            // Stops before i = stepI: that column of cells is never drawn by this pass.
+            return k > scene.light.stepI;
+        default:
+            return k < scene.grid.nx;
+    }
+}
+
+}  // namespace
+
+// Cells are drawn row by row: every cell of one outer line before the next line, each line's
+// cells in ascending order. The outer walk goes from the lines far from the eye to the near
+// ones, judged by where the eye stands in the grid's own (unrotated) space relative to the
+// centre. A pass is wholly right when the ascending inner order also runs far to near, so:
+//   eye beyond the high-x and high-y sides: pass 2 (j up) or 4 (i up), whichever axis the eye
+//     lies further along;
+//   eye on the low-x, high-y side: pass 3 (i down; inner j up runs far to near);
+//   eye on the high-x, low-y side: pass 1 (j down; inner i up runs far to near);
+//   eye beyond both low sides: no pass is wholly right; the outer walk follows the axis the eye
+//     lies further along (1 or 3), where a wrong inner order shows least.
+int choosePass(const SurfaceView& view, const SurfaceGrid& grid) {
+    const Vec3 eye = eyeInGridSpace(view, grid);
+    const double ex = eye.x - grid.xc;
+    const double ey = eye.y - grid.yc;
+    const bool yDominates = std::fabs(ey) >= std::fabs(ex);
+    if (ex >= 0 && ey >= 0) {
+        return yDominates ? 2 : 4;
+    }
+    if (ex < 0 && ey >= 0) {
+        return 3;
+    }
+    if (ex >= 0 && ey < 0) {
+        return 1;
+    }
+    return yDominates ? 1 : 3;
+}
+
+void colourRow(SurfaceScene& scene, const LightWeights& weights, char axis, int k) {
+    std::vector<RowCell>& line = scene.grid.scratchLine();
+    const int count = axis == 'x' ? scene.grid.nx : scene.grid.ny;
+    for (int n = 1; n < count; ++n) {
+        line[n].index = n;
+        line[n].colour = axis == 'x'
+                             ? cellColour(scene.light, weights, scene.view, scene.grid, n, k)
+                             : cellColour(scene.light, weights, scene.view, scene.grid, k, n);
+    }
+}
+
+void drawCellPixel(const SurfaceScene& scene, int i, int j, const ClipRect& clip,
+                   std::uint32_t colour, SurfaceSink& sink) {
+    const SurfaceGrid& grid = scene.grid;
+    if (!defined(grid, i, j)) {
+        return;
+    }
+    const ScreenPoint p = grid.screen(i, j);
+    if (p.x < clip.left || p.x > clip.right || p.y < clip.top || p.y > clip.bottom) {
+        return;
+    }
+    const int w = scene.drawing.pixelWidth;
+    if (w > 1) {
+        sink.square(p.x - w / 2, p.y - w / 2, p.x + w / 2, p.y + w / 2, colour);
+    } else {
+        sink.pixel(p, colour);
+    }
+}
+
+void drawCellLines(const SurfaceScene& scene, int i, int j, std::uint32_t colour,
+                   SurfaceSink& sink) {
+    const SurfaceGrid& grid = scene.grid;
+    if (!defined(grid, i, j)) {
+        return;
+    }
+    const bool left = defined(grid, i - 1, j);
+    const bool back = defined(grid, i, j - 1);
+    if (left) {
+        sink.line(grid.screen(i, j), grid.screen(i - 1, j), colour);
+    }
+    if (back) {
+        sink.line(grid.screen(i, j), grid.screen(i, j - 1), colour);
+    }
+}
+
+void drawCellPolygon(const SurfaceScene& scene, int i, int j, std::uint32_t colour,
+                     SurfaceSink& sink) {
+    const SurfaceGrid& grid = scene.grid;
+    if (!defined(grid, i, j)) {
+        return;
+    }
+    const int si = scene.light.stepI;
+    const int sj = scene.light.stepJ;
+    const int corners[4][2] = {{i, j}, {i - si, j}, {i - si, j - sj}, {i, j - sj}};
+    ScreenPoint points[4];
+    int count = 0;
+    for (const auto& c : corners) {
+        if (defined(grid, c[0], c[1])) {
+            points[count++] = grid.screen(c[0], c[1]);
+        }
+    }
+    sink.polygon(points, count, colour);
+}
+
+void drawCell(const SurfaceScene& scene, int i, int j, const ClipRect& clip, std::uint32_t colour,
+              SurfaceSink& sink) {
+    switch (scene.drawing.mode) {
+        case 'a':
+            drawCellPolygon(scene, i, j, colour, sink);
+            break;
+        case 'l':
+            drawCellLines(scene, i, j, colour, sink);
+            break;
+        case 'p':
+            drawCellPixel(scene, i, j, clip, colour, sink);
+            break;
+        default:
+            break;
+    }
+}
+
+DrawingPlan prepareDrawing(SurfaceScene& scene, int width, int height) {
+    DrawingPlan plan;
+    SurfaceGrid& grid = scene.grid;
+    plan.placement = fitFigure(scene.view, grid, width, height);
+    plan.clip = {0, 0, width - 1, height - 1};
+    prepareLight(scene.light, grid, scene.view.mode);
+    plan.weights = lightWeights(scene.light);
+    for (int i = 0; i <= grid.nx; ++i) {
+        for (int j = 0; j <= grid.ny; ++j) {
+            const SurfaceVertex& v = grid.vertex(i, j);
+            grid.screen(i, j) =
+                projectToPixel(scene.view, grid, {v.x, v.y, v.zShown}, plan.placement);
+        }
+    }
+    plan.pass = choosePass(scene.view, grid);
+    return plan;
+}
+
+int lineCount(const SurfaceScene& scene, int pass) {
+    int count = 0;
+    while (outerLineInRange(scene, pass, outerLine(scene, pass, count))) {
+        ++count;
+    }
+    return count;
+}
+
+void drawLines(SurfaceScene& scene, const DrawingPlan& plan, int from, int to, SurfaceSink& sink) {
+    const bool rows = plan.pass <= 2;
+    const int step = rows ? scene.light.stepI : scene.light.stepJ;
+    const int count = rows ? scene.grid.nx : scene.grid.ny;
+    const std::vector<RowCell>& line = scene.grid.scratchLine();
+    for (int n = from; n < to; ++n) {
+        const int k = outerLine(scene, plan.pass, n);
+        if (!outerLineInRange(scene, plan.pass, k)) {
+            return;
+        }
+        colourRow(scene, plan.weights, rows ? 'x' : 'y', k);
+        for (int m = step; m < count; m += step) {
+            const RowCell& cell = line[m];
+            if (rows) {
+                drawCell(scene, cell.index, k, plan.clip, cell.colour, sink);
+            } else {
+                drawCell(scene, k, cell.index, plan.clip, cell.colour, sink);
+            }
+        }
+    }
+}
+
+Placement drawSurface(SurfaceScene& scene, int width, int height, SurfaceSink& sink) {
+    if (!scene.complete || !scene.grid.allocated() || !scene.grid.hasDefinedVertex()) {
+        return {};
+    }
+    const DrawingPlan plan = prepareDrawing(scene, width, height);
+    drawLines(scene, plan, 0, lineCount(scene, plan.pass), sink);
+    return plan.placement;
+}
+
+}  // namespace curvemill

@@ -1,0 +1,64 @@
+// Drawing the surface cell by cell, far cells first, in one of three modes. The geometry and the
+// colours are worked out here; a sink hands them to whatever draws (a painter, a test recorder).
+#pragma once
+
+#include <cstdint>
+
+#include "graph3d/SurfaceScene.h"
+
+namespace curvemill {
+
+// Inclusive bounds in device pixels.
+struct ClipRect {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+};
+
+class SurfaceSink {
+  public:
+    virtual ~SurfaceSink() = default;
+    // A filled cell with its outline in the same colour; 1 to 4 corners (fewer than 3 where
+    // indefinite corners left only a degenerate polygon).
+    virtual void polygon(const ScreenPoint* corners, int count, std::uint32_t colour) = 0;
+    // A grid line, to be clipped to the clip rectangle.
+    virtual void line(ScreenPoint from, ScreenPoint to, std::uint32_t colour) = 0;
+    virtual void pixel(ScreenPoint at, std::uint32_t colour) = 0;
+    // A filled square, right and bottom exclusive.
+    virtual void square(int left, int top, int right, int bottom, std::uint32_t colour) = 0;
+};
+
+// The pass (1..4) that draws the cells far from the eye first. The rule is written beside it.
+int choosePass(const SurfaceView& view, const SurfaceGrid& grid);
+
+// Fills the scratch line with the colours of row j = k (axis 'x') or column i = k (axis 'y').
+void colourRow(SurfaceScene& scene, const LightWeights& weights, char axis, int k);
+
+void drawCell(const SurfaceScene& scene, int i, int j, const ClipRect& clip, std::uint32_t colour,
+              SurfaceSink& sink);
+void drawCellPolygon(const SurfaceScene& scene, int i, int j, std::uint32_t colour,
+                     SurfaceSink& sink);
+void drawCellLines(const SurfaceScene& scene, int i, int j, std::uint32_t colour,
+                   SurfaceSink& sink);
+void drawCellPixel(const SurfaceScene& scene, int i, int j, const ClipRect& clip,
+                   std::uint32_t colour, SurfaceSink& sink);
+
+// One whole redraw onto a target of width x height device pixels: light, projection of every
+// vertex, then the cells in the order of the chosen pass. Nothing is drawn for an incomplete
+// scene or one with no defined vertex. Returns the placement used.
+Placement drawSurface(SurfaceScene& scene, int width, int height, SurfaceSink& sink);
+
+// The parts of drawSurface, for callers that draw in slices: prepare once, then draw the lines
+// [from, to) of the pass (lineCount tells how many it has).
+struct DrawingPlan {
+    Placement placement;
+    LightWeights weights;
+    ClipRect clip;
+    int pass = 2;
+};
+DrawingPlan prepareDrawing(SurfaceScene& scene, int width, int height);
+int lineCount(const SurfaceScene& scene, int pass);
+void drawLines(SurfaceScene& scene, const DrawingPlan& plan, int from, int to, SurfaceSink& sink);
+
+}  // namespace curvemill

@@ -1,0 +1,72 @@
+#include "graph3d/ui/SurfaceRedraw.h"
+
+#include <algorithm>
+
+#include <QTimer>
+
+#include "graph3d/PixelRaster.h"
+
+namespace curvemill {
+
+namespace {
+
+PixelBuffer pixelsOf(QImage& image) {
+    return {reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
+            image.bytesPerLine() / 4};
+}
+
+}  // namespace
+
+void SurfaceRedraw::start(QImage& image, SurfaceScene& scene) {
+    cancel();
+    if (!scene.complete || !scene.grid.allocated() || !scene.grid.hasDefinedVertex() ||
+        image.isNull() || image.depth() != 32) {
+        Q_EMIT finished();
+        return;
+    }
+    image_ = &image;
+    scene_ = &scene;
+    plan_ = prepareDrawing(scene, image.width(), image.height());
+    firstPoint_ = scene.grid.screen(0, 0);
+    next_ = 0;
+    lines_ = lineCount(scene, plan_.pass);
+    drawSlice();
+}
+
+void SurfaceRedraw::cancel() {
+    ++generation_;
+    image_ = nullptr;
+    scene_ = nullptr;
+}
+
+void SurfaceRedraw::drawSlice() {
+    // Another target (an export, a printout) may have projected the scene since the last slice;
+    // the screen's points are projected again before going on.
+    if (!(scene_->grid.screen(0, 0) == firstPoint_)) {
+        plan_ = prepareDrawing(*scene_, image_->width(), image_->height());
+        firstPoint_ = scene_->grid.screen(0, 0);
+    }
+    QElapsedTimer clock;
+    clock.start();
+    RasterSurfaceSink sink(pixelsOf(*image_));
+    while (next_ < lines_ && clock.elapsed() < kSliceMilliseconds) {
+        const int end = std::min(lines_, next_ + 4);
+        drawLines(*scene_, plan_, next_, end, sink);
+        next_ = end;
+    }
+    Q_EMIT sliceDrawn(lines_ > 0 ? 100 * next_ / lines_ : 100);
+    if (next_ >= lines_) {
+        image_ = nullptr;
+        scene_ = nullptr;
+        Q_EMIT finished();
+        return;
+    }
+    const unsigned generation = generation_;
+    QTimer::singleShot(0, this, [this, generation] {
+        if (generation == generation_ && image_ != nullptr) {
+            drawSlice();
+        }
+    });
+}
+
+}  // namespace curvemill

@@ -1,0 +1,109 @@
+// The surface command of curvemill-cli: summaries, vertices, the window's messages, the image.
+#include <cstdio>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "CliRun.h"
+
+namespace {
+
+const std::string kSquare = " --x-begin -1 --x-end 1 --y-begin -1 --y-end 1";
+
+TEST(SurfaceCli, SummaryOfLimitedAndUnlimitedSurfaces) {
+    CliRun run = runCli(words("surface 1000*x --summary" + kSquare));
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+    // 2000 / (2 sqrt 8) = 353 steps, held at 10: the band is 10 diagonals either way of 0.
+    EXPECT_NE(run.out.find("\nzLimits y\nzLimitStep 10\nsteps 10\nindefinite 0\n"),
+              std::string::npos)
+        << run.out;
+    EXPECT_NE(run.out.find("zLow -28.28427124746"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("zHigh 28.28427124746"), std::string::npos) << run.out;
+
+    run = runCli(words("surface x+y --summary" + kSquare));
+    EXPECT_EQ(run.out.rfind("zMin -2\n", 0), 0u) << run.out;
+    EXPECT_NE(run.out.find("\nzLow -2\nzHigh "), std::string::npos);
+    EXPECT_NE(run.out.find("\nzLimits n\nzLimitStep 0\nsteps 0\n"), std::string::npos);
+
+    run = runCli(words("surface Sqr(1-x^2-y^2) --nx 200 --ny 100 --summary" + kSquare));
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.out.find("indefinite 0\n"), std::string::npos) << run.out;
+}
+
+TEST(SurfaceCli, VerticesAsCsvWithAllDigits) {
+    const CliRun run = runCli(words("surface x^2+y^2 --vertices" + kSquare));
+    ASSERT_EQ(run.exitCode, 0);
+    EXPECT_EQ(
+        run.out.rfind("i,j,x,y,z,zShown,indefinite\n0,0,-1,-1,2,2,0\n0,1,-1,-0.97999999999999998,"
+                      "1.9603999999999999,1.9603999999999999,0\n",
+                      0),
+        0u)
+        << run.out.substr(0, 200);
+    EXPECT_EQ(std::count(run.out.begin(), run.out.end(), '\n'), 1 + 101 * 101);
+    const CliRun hole = runCli(words("surface Sqr(0-x) --vertices" + kSquare));
+    EXPECT_NE(hole.out.find("\n100,100,"), std::string::npos);
+    EXPECT_NE(hole.out.find(",1\n"), std::string::npos);
+}
+
+TEST(SurfaceCli, WindowMessagesAndUsageErrors) {
+    const struct {
+        std::string line;
+        const char* out;  // nullptr: any formula message
+        int exitCode;
+    } cases[] = {
+        {"surface x --summary --x-begin 1 --x-end 1 --y-begin 0 --y-end 1",
+         "X BEG MUST BE LESS THAN X END\n", 1},
+        {"surface x --summary --x-begin 0 --x-end 1 --y-begin 2 --y-end 1",
+         "Y BEG MUST BE LESS THAN Y END\n", 1},
+        {"surface x --summary --x-begin 2*x --x-end 1 --y-begin 0 --y-end 1",
+         "ERROR IN X_BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT\n", 1},
+        {"surface x --summary --x-begin 0 --x-end x --y-begin 0 --y-end 1",
+         "ERROR IN X_END EDIT BOX:\nNUMBER IS NOT A CONSTANT\n", 1},
+        {"surface x --summary --x-begin 0 --x-end 1 --y-begin x --y-end 1",
+         "ERROR IN Y BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT\n", 1},
+        {"surface x --summary --x-begin 0 --x-end 1 --y-begin 0 --y-end x",
+         "ERROR IN Y END EDIT BOX:\nNUMBER IS NOT A CONSTANT\n", 1},
+        {"surface sin( --summary" + kSquare, nullptr, 1},
+        {"surface x --summary --nx 50" + kSquare, "", 2},
+        {"surface x --summary --ny 501" + kSquare, "", 2},
+        {"surface x --summary --mode dots" + kSquare, "", 2},
+        {"surface x --summary --scheme q" + kSquare, "", 2},
+        {"surface x --summary --vertices" + kSquare, "", 2},
+        {"surface x --summary --x-begin 0", "", 2},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.line);
+        const CliRun run = runCli(words(c.line));
+        EXPECT_EQ(run.exitCode, c.exitCode);
+        if (c.out != nullptr) {
+            EXPECT_EQ(run.out, c.out);
+        } else {
+            EXPECT_EQ(run.out.rfind("ERROR IN FORMULA EDIT BOX:\n", 0), 0u) << run.out;
+        }
+    }
+}
+
+TEST(SurfaceCli, WritesAPngOfTheRequestedSizeInEveryMode) {
+    for (const char* mode : {"polygons", "lines", "pixels"}) {
+        SCOPED_TRACE(mode);
+        const std::string file = ::testing::TempDir() + "graph3d_cli_" + mode + ".png";
+        std::remove(file.c_str());
+        std::vector<std::string> args = words(
+            "surface sin(x)*cos(y) --x-begin -3 --x-end 3 --y-begin -3 --y-end 3 --scheme "
+            "g --size 640x480 --mode");
+        args.push_back(mode);
+        args.push_back("-o");
+        args.push_back(file);
+        ASSERT_EQ(runCli(args).exitCode, 0);
+        std::ifstream png(file, std::ios::binary);
+        unsigned char header[24] = {};
+        png.read(reinterpret_cast<char*>(header), sizeof header);
+        EXPECT_EQ(header[1], 'P');
+        EXPECT_EQ((header[16] << 24 | header[17] << 16 | header[18] << 8 | header[19]), 640);
+        EXPECT_EQ((header[20] << 24 | header[21] << 16 | header[22] << 8 | header[23]), 480);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,172 @@
+// Cell drawing: holes and triangles, skipped lines, pixel squares and the clip, the passes and
+// their far-to-near order.
+#include <cmath>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "SurfaceFixture.h"
+#include "graph3d/SurfaceDrawing.h"
+
+namespace curvemill {
+namespace {
+
+struct Recorded {
+    char kind;  // 'P' polygon, 'L' line, '.' pixel, 'S' square
+    std::vector<ScreenPoint> points;
+    std::uint32_t colour;
+};
+
+class RecordingSink : public SurfaceSink {
+  public:
+    std::vector<Recorded> items;
+    void polygon(const ScreenPoint* c, int n, std::uint32_t colour) override {
+        items.push_back({'P', std::vector<ScreenPoint>(c, c + n), colour});
+    }
+    void line(ScreenPoint a, ScreenPoint b, std::uint32_t colour) override {
+        items.push_back({'L', {a, b}, colour});
+    }
+    void pixel(ScreenPoint p, std::uint32_t colour) override {
+        items.push_back({'.', {p}, colour});
+    }
+    void square(int l, int t, int r, int b, std::uint32_t colour) override {
+        items.push_back({'S', {{l, t}, {r, b}}, colour});
+    }
+};
+
+// A flat 4 x 4 grid whose vertex (i, j) sits at pixel (10 i, 10 j).
+SurfaceScene laidOut() {
+    SurfaceScene scene;
+    scene.grid.allocate(4, 4);
+    for (int i = 0; i <= 4; ++i) {
+        for (int j = 0; j <= 4; ++j) {
+            scene.grid.vertex(i, j) = {double(i), double(j), 0, 0, 0};
+            scene.grid.screen(i, j) = {10 * i, 10 * j};
+        }
+    }
+    return scene;
+}
+
+ScreenPoint at(int i, int j) {
+    return {10 * i, 10 * j};
+}
+
+TEST(SurfaceDrawing, IndefiniteVertexLeavesAHoleAndTriangles) {
+    SurfaceScene scene = laidOut();
+    scene.grid.vertex(2, 2).indefinite = 1;
+    RecordingSink sink;
+    for (const auto& [i, j] : {std::pair{1, 1}, {2, 2}, {3, 2}, {2, 3}, {3, 3}}) {
+        drawCellPolygon(scene, i, j, 7, sink);
+    }
+    ASSERT_EQ(sink.items.size(), 4u);
+    EXPECT_EQ(sink.items[0].points, (std::vector{at(1, 1), at(0, 1), at(0, 0), at(1, 0)}));
+    EXPECT_EQ(sink.items[1].points, (std::vector{at(3, 2), at(2, 1), at(3, 1)}));
+    EXPECT_EQ(sink.items[2].points, (std::vector{at(2, 3), at(1, 3), at(1, 2)}));
+    EXPECT_EQ(sink.items[3].points, (std::vector{at(3, 3), at(2, 3), at(3, 2)}));
+}
+
+TEST(SurfaceDrawing, LinesLeaveOutIndefiniteEnds) {
+    SurfaceScene scene = laidOut();
+    scene.grid.vertex(2, 2).indefinite = 1;
+    scene.grid.vertex(1, 3).indefinite = 1;
+    RecordingSink sink;
+    drawCellLines(scene, 2, 2, 1, sink);  // the vertex itself
+    drawCellLines(scene, 2, 3, 1, sink);  // both back neighbours
+    EXPECT_TRUE(sink.items.empty());
+    drawCellLines(scene, 3, 2, 1, sink);
+    ASSERT_EQ(sink.items.size(), 1u);
+    EXPECT_EQ(sink.items[0].points, (std::vector{at(3, 2), at(3, 1)}));
+    drawCellLines(scene, 1, 1, 1, sink);
+    EXPECT_EQ(sink.items.size(), 3u);
+}
+
+TEST(SurfaceDrawing, PixelsAreDotsOrSquaresInsideTheClip) {
+    SurfaceScene scene = laidOut();
+    scene.grid.vertex(1, 2).indefinite = 1;
+    const ClipRect clip{0, 0, 30, 20};
+    RecordingSink sink;
+    scene.drawing.pixelWidth = 1;
+    drawCellPixel(scene, 3, 2, clip, 5, sink);  // on the clip's corner: drawn
+    drawCellPixel(scene, 1, 2, clip, 5, sink);  // indefinite
+    drawCellPixel(scene, 4, 1, clip, 5, sink);  // right of the clip
+    drawCellPixel(scene, 1, 3, clip, 5, sink);  // below it
+    ASSERT_EQ(sink.items.size(), 1u);
+    EXPECT_EQ(sink.items[0].kind, '.');
+    EXPECT_EQ(sink.items[0].points[0], at(3, 2));
+    scene.drawing.pixelWidth = 4;
+    drawCellPixel(scene, 2, 1, clip, 5, sink);
+    ASSERT_EQ(sink.items.size(), 2u);
+    EXPECT_EQ(sink.items[1].kind, 'S');
+    EXPECT_EQ(sink.items[1].points, (std::vector<ScreenPoint>{{18, 8}, {22, 12}}));
+    scene.drawing.mode = 'z';
+    drawCell(scene, 2, 1, clip, 5, sink);
+    EXPECT_EQ(sink.items.size(), 2u);
+}
+
+// Cells drawn by each pass over a 10 x 10 grid: which lines, in which order.
+TEST(SurfaceDrawing, PassesWalkTheirLinesWithTheirAsymmetry) {
+    SurfaceScene scene;
+    ASSERT_EQ(computeFor(scene, "x*y", -1, 1, -1, 1, nullptr, 10), SurfaceOutcome::Done);
+    const struct {
+        int pass;
+        int lines;
+        int firstLine;
+        int lastLine;
+    } cases[] = {{1, 9, 9, 1}, {2, 9, 1, 9}, {3, 8, 9, 2}, {4, 9, 1, 9}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.pass);
+        DrawingPlan plan = prepareDrawing(scene, 400, 300);
+        plan.pass = c.pass;
+        EXPECT_EQ(lineCount(scene, c.pass), c.lines);
+        RecordingSink sink;
+        drawLines(scene, plan, 0, lineCount(scene, c.pass), sink);
+        ASSERT_EQ(sink.items.size(), std::size_t(c.lines * 9));
+        // The first corner of each cell is its own vertex (i, j).
+        const bool rows = c.pass <= 2;
+        const auto lineOf = [&](const Recorded& r) {
+            for (int i = 0; i <= 10; ++i) {
+                for (int j = 0; j <= 10; ++j) {
+                    if (scene.grid.screen(i, j) == r.points[0]) {
+                        return rows ? j : i;
+                    }
+                }
+            }
+            return -1;
+        };
+        EXPECT_EQ(lineOf(sink.items.front()), c.firstLine);
+        EXPECT_EQ(lineOf(sink.items.back()), c.lastLine);
+    }
+}
+
+// Whatever way the figure is turned, the line drawn first lies further from the eye than the line
+// drawn last, and the inner walk runs far to near where the eye's quadrant allows.
+TEST(SurfaceDrawing, FarLinesComeFirstForEveryRotation) {
+    SurfaceScene scene;
+    ASSERT_EQ(computeFor(scene, "x*y", -1, 1, -2, 2, nullptr, 10), SurfaceOutcome::Done);
+    for (const char mode : {'a', 'Q', 'X', 'Y'}) {
+        for (int angle = 0; angle < 360; angle += 30) {
+            SCOPED_TRACE(testing::Message() << mode << ' ' << angle);
+            scene.view.mode = mode;
+            setAxisAngle(scene.view, angle);
+            const int pass = choosePass(scene.view, scene.grid);
+            const Vec3 eye = eyeInGridSpace(scene.view, scene.grid);
+            const SurfaceGrid& g = scene.grid;
+            const bool rows = pass <= 2;
+            const double first =
+                rows ? g.vertex(0, pass == 1 ? 9 : 1).y : g.vertex(pass == 3 ? 9 : 1, 0).x;
+            const double last =
+                rows ? g.vertex(0, pass == 1 ? 1 : 9).y : g.vertex(pass == 3 ? 2 : 9, 0).x;
+            const double e = rows ? eye.y : eye.x;
+            EXPECT_GT(std::fabs(e - first), std::fabs(e - last)) << "pass " << pass;
+            const double across = rows ? eye.x - g.xc : eye.y - g.yc;
+            const double along = rows ? eye.y - g.yc : eye.x - g.xc;
+            if (across < 0 && std::fabs(along) > 1e-9) {
+                // Only where no pass could do better: the eye beyond both low sides.
+                EXPECT_LT(along, 0) << "pass " << pass;
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace curvemill

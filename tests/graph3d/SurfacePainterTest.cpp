@@ -1,0 +1,211 @@
+// Rendered surfaces, by the direct image road and through the painter: cell colours where the
+// cells are, near cells over far ones, nothing outside the target, device pixels on dense screens.
+#include <cmath>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+// The engine's headers come before Qt's, whose "slots" macro would swallow a member name.
+#include "SurfaceFixture.h"
+#include "graph3d/PixelRaster.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QPolygonF>
+
+#include "graph3d/ui/SurfacePainter.h"
+
+namespace curvemill {
+namespace {
+
+enum class Road { Direct, Painter };
+
+QImage rendered(SurfaceScene& scene, Road road, QSize image, QSize target, double ratio = 1) {
+    QImage picture(image, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::white);
+    picture.setDevicePixelRatio(ratio);
+    QPainter painter(&picture);
+    if (road == Road::Painter) {
+        painter.setClipRect(QRect(QPoint(0, 0), image));  // a caller's clip: the painter road
+    }
+    paintSurface(painter, scene, target);
+    return picture;
+}
+
+QRgb asRgb(std::uint32_t colour) {
+    return RasterSurfaceSink::toPixel(colour);
+}
+
+class SurfacePainterTest : public ::testing::TestWithParam<Road> {};
+
+TEST_P(SurfacePainterTest, EachCellShowsItsOwnColour) {
+    SurfaceScene scene;
+    ASSERT_EQ(computeFor(scene, "0*x", -1, 1, -1, 1), SurfaceOutcome::Done);
+    scene.light.scheme = '1';
+    const QImage image = rendered(scene, GetParam(), {800, 600}, {800, 600});
+    const LightWeights weights = lightWeights(scene.light);
+    for (const auto& [i, j] : {std::pair{10, 10}, {50, 60}, {90, 30}, {98, 98}}) {
+        SCOPED_TRACE(testing::Message() << "cell " << i << ',' << j);
+        double x = 0, y = 0;
+        for (const auto& [di, dj] : {std::pair{0, 0}, {1, 0}, {1, 1}, {0, 1}}) {
+            x += scene.grid.screen(i - di, j - dj).x / 4.0;
+            y += scene.grid.screen(i - di, j - dj).y / 4.0;
+        }
+        const std::uint32_t colour = cellColour(scene.light, weights, scene.view, scene.grid, i, j);
+        EXPECT_EQ(image.pixel(int(x), int(y)), asRgb(colour));
+    }
+}
+
+struct DrawnCell {
+    QPolygonF shape;
+    ScreenPoint corner;
+    std::uint32_t colour;
+};
+
+class CellRecorder : public SurfaceSink {
+  public:
+    std::vector<DrawnCell> cells;
+    void polygon(const ScreenPoint* c, int n, std::uint32_t colour) override {
+        QPolygonF shape;
+        for (int k = 0; k < n; ++k) {
+            shape << QPointF(c[k].x, c[k].y);
+        }
+        cells.push_back({shape, c[0], colour});
+    }
+    void line(ScreenPoint, ScreenPoint, std::uint32_t) override {}
+    void pixel(ScreenPoint, std::uint32_t) override {}
+    void square(int, int, int, int, std::uint32_t) override {}
+};
+
+double distanceToEdges(const QPolygonF& shape, QPointF p) {
+    double nearest = 1e300;
+    for (int k = 0; k < shape.size(); ++k) {
+        const QPointF a = shape[k], b = shape[(k + 1) % shape.size()];
+        const QPointF ab = b - a;
+        const double length2 = QPointF::dotProduct(ab, ab);
+        const double t =
+            length2 > 0 ? std::clamp(QPointF::dotProduct(p - a, ab) / length2, 0.0, 1.0) : 0;
+        const QPointF d = p - (a + t * ab);
+        nearest = std::min(nearest, std::hypot(d.x(), d.y()));
+    }
+    return nearest;
+}
+
+// Distance from the eye to the middle of the cell whose own vertex projects to `corner`.
+double eyeDistance(const SurfaceScene& scene, ScreenPoint corner) {
+    const SurfaceGrid& g = scene.grid;
+    for (int i = 1; i <= g.nx; ++i) {
+        for (int j = 1; j <= g.ny; ++j) {
+            if (g.screen(i, j) == corner) {
+                Vec3 middle;
+                for (const auto& [di, dj] : {std::pair{0, 0}, {1, 0}, {1, 1}, {0, 1}}) {
+                    const SurfaceVertex& v = g.vertex(i - di, j - dj);
+                    middle = middle + 0.25 * Vec3{v.x, v.y, v.zShown};
+                }
+                const Vec3 d = rotatePoint(scene.view, scene.grid, middle) - scene.view.eye;
+                return std::sqrt(dot(d, d));
+            }
+        }
+    }
+    return -1;
+}
+
+// A steep bump hides part of the slope behind it, however it is turned about z. Wherever cells
+// overlap on screen, the pixel (away from any cell's outline) has the colour of the covering cell
+// nearest to the eye.
+TEST_P(SurfacePainterTest, NearCellsCoverFarOnes) {
+    SurfaceScene scene;
+    ASSERT_EQ(computeFor(scene, "3*e^(0-(x^2+y^2)*3)", -1, 1, -1, 1, nullptr, 12),
+              SurfaceOutcome::Done);
+    scene.light.scheme = '1';
+    scene.view.mode = 'Q';
+    for (const int angle : {0, 90, 180, 270}) {
+        SCOPED_TRACE(angle);
+        setAxisAngle(scene.view, angle);
+        CellRecorder recorder;
+        drawSurface(scene, 800, 600, recorder);
+        const QImage image = rendered(scene, GetParam(), {800, 600}, {800, 600});
+        int overlapped = 0;
+        for (int y = 1; y < 600; y += 3) {
+            for (int x = 1; x < 800; x += 3) {
+                const QPointF centre(x + 0.5, y + 0.5);
+                const DrawnCell* top = nullptr;
+                double nearest = 0;
+                int covering = 0;
+                bool nearEdge = false;
+                for (const DrawnCell& cell : recorder.cells) {
+                    if (cell.shape.boundingRect().adjusted(-3, -3, 3, 3).contains(centre)) {
+                        nearEdge |= distanceToEdges(cell.shape, centre) < 2;
+                        if (cell.shape.containsPoint(centre, Qt::OddEvenFill)) {
+                            const double distance = eyeDistance(scene, cell.corner);
+                            if (top == nullptr || distance < nearest) {
+                                top = &cell;
+                                nearest = distance;
+                            }
+                            ++covering;
+                        }
+                    }
+                }
+                if (covering < 2 || nearEdge) {
+                    continue;
+                }
+                ++overlapped;
+                ASSERT_EQ(image.pixel(x, y), asRgb(top->colour)) << x << ',' << y;
+            }
+        }
+        EXPECT_GT(overlapped, 20);
+    }
+}
+
+TEST_P(SurfacePainterTest, NothingIsDrawnOutsideTheTarget) {
+    SurfaceScene scene;
+    ASSERT_EQ(computeFor(scene, "sin(x)*cos(y)", -3, 3, -3, 3), SurfaceOutcome::Done);
+    for (const char mode : {'a', 'l', 'p'}) {
+        SCOPED_TRACE(mode);
+        scene.drawing.mode = mode;
+        scene.view.zoom = 3;
+        const QImage image = rendered(scene, GetParam(), {400, 300}, {300, 200});
+        int inside = 0;
+        for (int y = 0; y < 300; ++y) {
+            for (int x = 0; x < 400; ++x) {
+                const bool white = image.pixel(x, y) == qRgb(255, 255, 255);
+                if (x >= 300 || y >= 200) {
+                    ASSERT_TRUE(white) << x << ',' << y;
+                } else {
+                    inside += white ? 0 : 1;
+                }
+            }
+        }
+        EXPECT_GT(inside, 300 * 200 / 10);
+    }
+}
+
+// On a screen with two device pixels per point the figure is laid out in device pixels: the
+// same pixels as on a plain image of that size, not a quarter of them scaled up.
+TEST_P(SurfacePainterTest, DenseScreensGetTheFigureInDevicePixels) {
+    SurfaceScene scene;
+    ASSERT_EQ(computeFor(scene, "x^2+y^2", -1, 1, -1, 1), SurfaceOutcome::Done);
+    QImage dense = rendered(scene, GetParam(), {800, 600}, {800, 600}, 2.0);
+    const QImage plain = rendered(scene, GetParam(), {800, 600}, {800, 600}, 1.0);
+    dense.setDevicePixelRatio(1.0);
+    EXPECT_EQ(dense, plain);
+    EXPECT_NE(plain.pixel(400, 200), qRgb(255, 255, 255));
+}
+
+INSTANTIATE_TEST_SUITE_P(Roads, SurfacePainterTest, ::testing::Values(Road::Direct, Road::Painter),
+                         [](const auto& info) {
+                             return info.param == Road::Direct ? "Direct" : "Painter";
+                         });
+
+TEST(SurfacePainter, IncompleteSceneDrawsNothing) {
+    SurfaceScene scene;
+    ASSERT_EQ(computeFor(scene, "x*y", -1, 1, -1, 1), SurfaceOutcome::Done);
+    scene.complete = false;
+    const QImage image = rendered(scene, Road::Direct, {200, 200}, {200, 200});
+    QImage white(200, 200, QImage::Format_ARGB32_Premultiplied);
+    white.fill(Qt::white);
+    EXPECT_EQ(image, white);
+}
+
+}  // namespace
+}  // namespace curvemill

@@ -1,0 +1,136 @@
+// The eye, the rotations, the projection and the fit to a target.
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+#include "graph3d/SurfaceView.h"
+
+namespace curvemill {
+namespace {
+
+SurfaceGrid squareGrid() {
+    SurfaceGrid grid;
+    grid.xBegin = -1;
+    grid.xEnd = 1;
+    grid.yBegin = -1;
+    grid.yEnd = 1;
+    grid.zLow = -1;
+    grid.zHigh = 1;
+    grid.xc = grid.yc = grid.zc = 0;
+    return grid;
+}
+
+TEST(SurfaceView, EyeStandsBeyondTheFarCornerAboveTheFigure) {
+    const SurfaceGrid grid = squareGrid();
+    SurfaceView view;
+    setUpView(view, grid);
+    EXPECT_NEAR(view.eye.x, 1 + 5 * std::sqrt(12.0) * 2 / (std::sqrt(8.0) * 3), 1e-12);
+    EXPECT_NEAR(view.eye.x, 5.0825, 1e-4);
+    EXPECT_NEAR(view.eye.y, 5.0825, 1e-4);
+    EXPECT_NEAR(view.eye.z, 4.4641, 1e-4);
+    EXPECT_NEAR(view.u, std::sqrt(0.5), 1e-15);
+    EXPECT_NEAR(view.w, std::sqrt(0.5), 1e-15);
+    // The aim point lies on the picture plane.
+    EXPECT_NEAR(view.normal.x * view.aimX + view.normal.y * view.aimY + view.planeConstant, 0,
+                1e-12);
+}
+
+TEST(SurfaceView, RotationsTurnAboutTheCentre) {
+    SurfaceGrid grid = squareGrid();
+    grid.xc = 1;
+    grid.yc = 2;
+    grid.zc = 3;
+    const struct {
+        char mode;
+        Vec3 from;
+        Vec3 to;
+    } cases[] = {
+        {'a', {4, 5, 6}, {4, 5, 6}}, {'X', {1, 3, 3}, {1, 2, 4}}, {'x', {1, 2, 4}, {1, 1, 3}},
+        {'Y', {2, 2, 3}, {1, 2, 4}}, {'y', {1, 2, 4}, {0, 2, 3}}, {'Q', {2, 2, 3}, {1, 1, 3}},
+        {'R', {1, 3, 3}, {2, 2, 3}}, {'q', {2, 2, 3}, {1, 1, 3}}, {'r', {1, 3, 3}, {2, 2, 3}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.mode);
+        SurfaceView view;
+        setAxisAngle(view, 90);
+        view.mode = c.mode;
+        const Vec3 p = rotatePoint(view, grid, c.from);
+        EXPECT_NEAR(p.x, c.to.x, 1e-12);
+        EXPECT_NEAR(p.y, c.to.y, 1e-12);
+        EXPECT_NEAR(p.z, c.to.z, 1e-12);
+    }
+    SurfaceView matrix;
+    setRotationMatrix(matrix, 90, 0, 0);
+    EXPECT_EQ(matrix.mode, 'P');
+    const Vec3 p = rotatePoint(matrix, grid, {2, 2, 3});
+    EXPECT_NEAR(p.x, 1, 1e-12);
+    EXPECT_NEAR(p.y, 3, 1e-12);
+    EXPECT_NEAR(p.z, 3, 1e-12);
+    setRotationMatrix(matrix, 0, 0, 0);
+    const Vec3 same = rotatePoint(matrix, grid, {7, -2, 5});
+    EXPECT_NEAR(same.x, 7, 1e-12);
+    EXPECT_NEAR(same.z, 5, 1e-12);
+}
+
+TEST(SurfaceView, EyeInGridSpaceUndoesTheRotation) {
+    const SurfaceGrid grid = squareGrid();
+    SurfaceView view;
+    setUpView(view, grid);
+    setAxisAngle(view, 180);
+    view.mode = 'Q';
+    const Vec3 e = eyeInGridSpace(view, grid);
+    EXPECT_NEAR(e.x, -view.eye.x, 1e-9);
+    EXPECT_NEAR(e.y, -view.eye.y, 1e-9);
+    EXPECT_NEAR(e.z, view.eye.z, 1e-9);
+    // Turning the figure and then the eye back gives the eye again.
+    setRotationMatrix(view, 30, 20, 10);
+    const Vec3 back = rotatePoint(view, grid, eyeInGridSpace(view, grid));
+    EXPECT_NEAR(back.x, view.eye.x, 1e-9);
+    EXPECT_NEAR(back.y, view.eye.y, 1e-9);
+    EXPECT_NEAR(back.z, view.eye.z, 1e-9);
+}
+
+// The figure's box fills nine tenths of the tighter side of any target, centred; zoom scales it
+// about the middle of the target.
+TEST(SurfaceView, FitCentresTheBoxOnEveryTargetAndZoomScalesIt) {
+    SurfaceGrid grid = squareGrid();
+    grid.xEnd = 3;  // not square
+    grid.xc = 1;
+    for (const auto& [width, height] : {std::pair{1920, 1080}, {300, 900}, {4961, 7016}}) {
+        SCOPED_TRACE(testing::Message() << width << 'x' << height);
+        for (double zoom : {1.0, 2.0}) {
+            SurfaceView view;
+            resetView(view, grid);
+            view.zoom = zoom;
+            const Placement placement = fitFigure(view, grid, width, height);
+            double box[4] = {1e300, -1e300, 1e300, -1e300};
+            for (int corner = 0; corner < 8; ++corner) {
+                const PlanePoint s = projectPoint(
+                    view, grid,
+                    {corner & 1 ? grid.xEnd : grid.xBegin, corner & 2 ? grid.yEnd : grid.yBegin,
+                     corner & 4 ? grid.zHigh : grid.zLow},
+                    placement);
+                box[0] = std::min(box[0], s.x);
+                box[1] = std::max(box[1], s.x);
+                box[2] = std::min(box[2], s.y);
+                box[3] = std::max(box[3], s.y);
+            }
+            EXPECT_NEAR((box[0] + box[1]) / 2, width / 2.0, 1e-6);
+            EXPECT_NEAR((box[2] + box[3]) / 2, height / 2.0, 1e-6);
+            const double fill = std::max((box[1] - box[0]) / width, (box[3] - box[2]) / height);
+            EXPECT_NEAR(fill, 0.9 * zoom, 1e-9);
+        }
+    }
+}
+
+TEST(SurfaceView, PixelsStayFiniteForPointsOnTheEyesPlane) {
+    const SurfaceGrid grid = squareGrid();
+    SurfaceView view;
+    resetView(view, grid);
+    const ScreenPoint s = projectToPixel(view, grid, {view.eye.x - 1, view.eye.y + 1, 0}, {});
+    EXPECT_LE(std::abs(s.x), 1 << 24);
+    EXPECT_LE(std::abs(s.y), 1 << 24);
+}
+
+}  // namespace
+}  // namespace curvemill

@@ -1,0 +1,131 @@
+// The surface computation on the one worker, as the ThreeD window drives it: progress, the shown
+// surface, and a Stop in the first row that leaves nothing drawn.
+#include <QSignalSpy>
+#include <QtTest>
+
+// The engine's headers come before Qt's, whose "slots" macro would swallow a member name.
+#include "engine/Formula.h"
+#include "engine/FormulaCheck.h"
+#include "engine/Preparation.h"
+#include "graph3d/ui/SurfaceComputation.h"
+#include "graph3d/ui/SurfacePainter.h"
+#include "tests/support/RecordingReporter.h"
+#include "worker/ui/Worker.h"
+
+#include <QImage>
+#include <QPainter>
+
+using namespace curvemill;
+
+namespace {
+
+const char kStarter[] = "Equation Window Procedure";
+
+// Nothing but the background after painting the scene.
+bool paintsNothing(SurfaceScene& scene) {
+    QImage image(300, 200, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    paintSurface(painter, scene, image.size());
+    painter.end();
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, y) != qRgb(255, 255, 255)) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
+class SurfaceComputationTest : public QObject {
+    Q_OBJECT
+
+    testing::RecordingReporter reporter;
+
+  private Q_SLOTS:
+    void completedSurfaceIsShownWithProgress() {
+        Formula formula;
+        QVERIFY(prepareFormula(formula, "sin(x)*cos(y)", kModeTwoVariables));
+        SurfaceScene scene;
+        int shown = 0;
+        int cleared = 0;
+        SurfaceComputation computation(
+            formula, scene, {[&] { ++shown; }, [&] { ++cleared; }, [](const std::string&) {}});
+        Worker worker(reporter);
+        QSignalSpy finished(&worker, &Worker::finished);
+        QSignalSpy progress(&worker, &Worker::progressChanged);
+        computation.discardPrevious();
+        const TwoVariableRequest request{-3, 3, -3, 3, 200, 300, 0};
+        QVERIFY(worker.start(kStarter, formula.keepComputing, computation.makeJob(request)));
+        QVERIFY(finished.wait(10000));
+        QCOMPARE(finished.first().first().toBool(), true);
+        computation.show();
+        QCOMPARE(shown, 1);
+        QCOMPARE(cleared, 1);
+        QVERIFY(scene.complete);
+        QCOMPARE(scene.grid.nx, 200);
+        QCOMPARE(scene.grid.ny, 300);
+        QCOMPARE(scene.view.mode, 'a');
+        QCOMPARE(scene.light.vector.y, -1.0);
+        QVERIFY(progress.count() >= 90);
+        // The last row starts a hair before X_END, where x has been built by addition.
+        QVERIFY(progress.last().first().toInt() >= 99);
+        QVERIFY(!paintsNothing(scene));
+    }
+
+    void stopInTheFirstRowLeavesNothingDrawn() {
+        Formula formula;
+        // Slow enough per vertex that the Stop lands long before the first row of 501 ends.
+        QVERIFY(prepareFormula(formula,
+                               "sin(x)*cos(y)+sin(x*y)*cos(x-y)+Sqr(x^2+y^2+1)*sin(x+y)+cos(x*x)",
+                               kModeTwoVariables));
+        SurfaceScene scene;
+        SurfaceComputation first(formula, scene, {});
+        // A surface on screen before, which the new computation discards.
+        Worker worker(reporter);
+        QSignalSpy finished(&worker, &Worker::finished);
+        QVERIFY(worker.start(kStarter, formula.keepComputing,
+                             first.makeJob({-1, 1, -1, 1, 100, 100, 0})));
+        QVERIFY(finished.wait(10000));
+        first.show();
+        QVERIFY(!paintsNothing(scene));
+
+        int cleared = 0;
+        SurfaceComputation computation(formula, scene, {{}, [&] { ++cleared; }, {}});
+        computation.discardPrevious();
+        QVERIFY(worker.start(kStarter, formula.keepComputing,
+                             computation.makeJob({-1, 1, -1, 1, 500, 500, 0})));
+        worker.stop();
+        QVERIFY(finished.wait(10000));
+        QCOMPARE(finished.last().first().toBool(), false);
+        computation.abandoned();
+        QCOMPARE(cleared, 2);
+        QVERIFY(scene.grid.evaluatedCount < 501);
+        QVERIFY(!scene.complete);
+        QVERIFY(paintsNothing(scene));
+        QVERIFY(reporter.names.empty());
+    }
+
+    void gridThatCannotBeHadIsToldNotThrown() {
+        Formula formula;
+        QVERIFY(prepareFormula(formula, "x*y", kModeTwoVariables));
+        SurfaceScene scene;
+        std::string told;
+        SurfaceComputation computation(
+            formula, scene, {{}, {}, [&](const std::string& message) { told = message; }});
+        Job job = computation.makeJob({-1, 1, -1, 1, 100, 100, 0});
+        // What a full memory looks like from here: the grid's storage is refused.
+        scene.grid.requestedNx = -5;
+        const std::atomic<bool> keep{true};
+        QVERIFY(!job(JobContext{[](int) {}, keep}));
+        computation.abandoned();
+        QCOMPARE(told, std::string(kNoMemoryMessage));
+        QVERIFY(!scene.grid.allocated());
+    }
+};
+
+QTEST_GUILESS_MAIN(SurfaceComputationTest)
+#include "SurfaceComputationTest.moc"
