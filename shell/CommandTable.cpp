@@ -18,7 +18,7 @@ constexpr std::array kCommands{
                &T::addOrEraseSecondFunction},
     CommandRow{40054, M, "File", "Switch Functions", "", "SWITCH FUNCTIONS", &T::switchFunctions},
     CommandRow{40086, M, "File", "Equation with 2 Varialbles", "", "EQUATION WITH TWO VARIABLES",
-               nullptr},
+               &T::openEquation},
     CommandRow{40091, M, "File", "Three D Graph", "", "THREE D FUNCTION F (X, Y)", nullptr},
     CommandRow{40030, M, "File", "Save As File", "", "SAVE TO FILE", nullptr},
     CommandRow{40018, M, "File", "Print", "", "PRINT", nullptr},
@@ -41,7 +41,7 @@ constexpr std::array kCommands{
     CommandRow{40010, M, "Grid", "Draw Grid", "", "DRAW GRID", &T::toggleGrid},
     CommandRow{40133, M, "Grid", "Grid Properties", "", "", nullptr},
     // Math
-    CommandRow{40012, M, "Math", "Math Dialog", "", "MATH DIALOG", nullptr},
+    CommandRow{40012, M, "Math", "Math Dialog", "", "MATH DIALOG", &T::openMathDialog},
     CommandRow{40029, M, "Math", "Erase Integral", "", "", nullptr},
     CommandRow{40031, M, "Math", "Erase Derivative", "", "", nullptr},
     CommandRow{40033, M, "Math", "Unmark Indefinite Areas", "", "", nullptr},

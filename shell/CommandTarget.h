@@ -22,6 +22,9 @@ class CommandTarget {
     virtual void findInHistory() = 0;
     virtual void findNextInHistory() = 0;
     virtual void deleteHistoryItem() = 0;
+    // The Equation input window, and the math tools of the graph on screen.
+    virtual void openEquation() = 0;
+    virtual void openMathDialog() = 0;
 };
 
 }  // namespace curvemill

@@ -22,9 +22,11 @@
 #include "shell/CalculatorLocator.h"
 #include "shell/ui/AboutDialog.h"
 #include "shell/ui/CommandActions.h"
+#include "shell/ui/EquationCommands.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/ProductWebPage.h"
 #include "shell/ui/TitlePage.h"
+#include "twovar/TwoVariableSettings.h"
 #include "worker/ui/Worker.h"
 
 namespace curvemill {
@@ -41,6 +43,18 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     pages_->addWidget(graphArea_);
     setCentralWidget(pages_);
     connect(titlePage_, &TitlePage::commandTriggered, this, &MainWindow::onTitleCommand);
+    equation_ = new EquationCommands(parts_.formula, parts_.view, parts_.worker, parts_.graph,
+                                     parts_.equation, parts_.twoVariable, this);
+    graphArea_->canvas()->setEquation(&equation_->curve(), &equation_->look());
+    connect(equation_, &EquationCommands::shown, this, &MainWindow::showEquation);
+    connect(equation_, &EquationCommands::repaintRequested, this, [this] { graphArea_->redraw(); });
+    connect(equation_, &EquationCommands::statusMessage, this,
+            [this](const QString& text) { status_->setText(text); });
+    connect(equation_, &EquationCommands::cancelled, this, [this] {
+        if (kind_ == GraphKind::TitlePage) {
+            returnToTitlePage();
+        }
+    });
 
     // Shown only while the worker runs; it gives up width before the status text does.
     progress_ = new QProgressBar(this);
@@ -74,6 +88,7 @@ void MainWindow::setHistoryPort(HistoryPort* history) {
     if (history_ != nullptr) {
         history_->setChangedCallback([this] { refreshCommands(); });
     }
+    equation_->setHistoryPort(history_);
     for (TwoDGraphDialog* dialog : {mainDialog_, secondDialog_}) {
         if (dialog != nullptr) {
             delete dialog;
@@ -156,6 +171,7 @@ QString MainWindow::statusText() const {
 
 void MainWindow::showGraph() {
     kind_ = GraphKind::Function2D;
+    graphArea_->canvas()->setKind(kind_);
     pages_->setCurrentWidget(graphArea_);
     graphArea_->showNewGraph();
     reportUndefinedCurves();
@@ -204,6 +220,9 @@ void MainWindow::onTitleCommand(int id) {
             break;
         case kTitleTwoDGraphButton:
             openTwoDGraph();
+            break;
+        case kTitleEquationButton:
+            openEquation();
             break;
         default:
             break;
@@ -337,6 +356,30 @@ void MainWindow::findNextInHistory() {
 void MainWindow::deleteHistoryItem() {
     if (history_ != nullptr) {
         history_->runListCommand(cmd::kDeleteItem);
+    }
+}
+
+void MainWindow::openEquation() {
+    equation_->openWindow(TwoVariableMode::kEquation);
+}
+
+void MainWindow::showEquation() {
+    kind_ = GraphKind::Equation;
+    graphArea_->canvas()->setKind(kind_);
+    pages_->setCurrentWidget(graphArea_);
+    graphArea_->showNewGraph();
+    const EquationCurve& curve = equation_->curve();
+    status_->setText(curve.count() == 0
+                         ? QStringLiteral("%1 = 0 has no solution point on this grid")
+                               .arg(QString::fromStdString(curve.formulaText))
+                         : QStringLiteral("%1 solution points").arg(curve.count()));
+    refreshCommands();
+}
+
+// The function's Math dialog is not here yet; for an equation it is the solutions dialog.
+void MainWindow::openMathDialog() {
+    if (kind_ == GraphKind::Equation) {
+        equation_->openSolutions();
     }
 }
 

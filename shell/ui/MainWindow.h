@@ -17,13 +17,16 @@ class QStackedWidget;
 namespace curvemill {
 
 class CommandActions;
+class EquationCommands;
 class Formula;
 class GraphArea;
 class HistoryPort;
 class TitlePage;
 class TwoDGraphDialog;
 class Worker;
+struct EquationCurve;
 struct GraphView;
+struct TwoVariableSettings;
 struct TwoDGraph;
 
 // The objects of the program the window works on; all owned by the application object.
@@ -33,6 +36,9 @@ struct MainWindowParts {
     GraphView& view;
     FailureReporter& reporter;
     Worker& worker;
+    // The equation state and the input window's settings; null gives the window its own.
+    EquationCurve* equation = nullptr;
+    TwoVariableSettings* twoVariable = nullptr;
 };
 
 enum class MouseMode { Move, Select };
@@ -77,6 +83,9 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     void findInHistory() override;
     void findNextInHistory() override;
     void deleteHistoryItem() override;
+    void openEquation() override;
+    void openMathDialog() override;
+    EquationCommands& equationCommands() const { return *equation_; }
 
   Q_SIGNALS:
     void titlePageShown();
@@ -90,12 +99,14 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     void onTitleCommand(int id);
     void showGraph();
     void reportUndefinedCurves();
+    void showEquation();
 
     MainWindowParts parts_;
     HistoryPort* history_ = nullptr;
     GraphKind kind_ = GraphKind::TitlePage;
     MouseMode mouseMode_ = MouseMode::Move;
     std::unique_ptr<CommandActions> commands_;
+    EquationCommands* equation_ = nullptr;
     QStackedWidget* pages_ = nullptr;
     TitlePage* titlePage_ = nullptr;
     GraphArea* graphArea_ = nullptr;
