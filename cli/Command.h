@@ -25,6 +25,7 @@ Command checkCommand();
 Command evalCommand();
 Command plotCommand();
 Command sampleCommand();
+Command equationCommand();
 
 std::span<const Command> commandTable();
 

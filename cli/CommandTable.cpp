@@ -9,7 +9,9 @@ std::span<const Command> commandTable() {
     static const std::vector<Command> table{
         checkCommand(), evalCommand(), sampleCommand(), plotCommand(),
         // the math tools
-        integralCommand(), valueCommand(), extremesCommand(), rootsCommand()};
+        integralCommand(), valueCommand(), extremesCommand(), rootsCommand(),
+        // equation curves
+        equationCommand()};
     return table;
 }
 

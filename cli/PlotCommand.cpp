@@ -1,15 +1,13 @@
-#include <cstdio>
-#include <memory>
 #include <string>
 
 // The engine's headers come before Qt's, whose "slots" macro would swallow a member name.
 #include "cli/Command.h"
 #include "cli/GraphArguments.h"
+#include "cli/ImageOutput.h"
 #include "cli/OutputFile.h"
 #include "cli/Printable.h"
 #include "graph2d/GraphView.h"
 
-#include <QBuffer>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
@@ -18,9 +16,6 @@
 
 namespace curvemill::cli {
 namespace {
-
-constexpr int kSmallestSide = 200;
-constexpr int kLargestSide = 16384;
 
 CommandSyntax plotSyntax() {
     CommandSyntax syntax{
@@ -44,65 +39,6 @@ CommandSyntax plotSyntax() {
     return syntax;
 }
 
-bool readSize(const std::optional<std::string>& value, int& width, int& height, std::ostream& err) {
-    if (!value) {
-        return true;
-    }
-    const std::size_t by = value->find('x');
-    if (by != std::string::npos) {
-        const std::optional<long> w = plainInteger(std::string_view(*value).substr(0, by));
-        const std::optional<long> h = plainInteger(std::string_view(*value).substr(by + 1));
-        if (w && h && *w >= kSmallestSide && *h >= kSmallestSide && *w <= kLargestSide &&
-            *h <= kLargestSide) {
-            width = static_cast<int>(*w);
-            height = static_cast<int>(*h);
-            return true;
-        }
-    }
-    err << "curvemill-cli plot: --size must be WIDTHxHEIGHT with each side from " << kSmallestSide
-        << " to " << kLargestSide << ", not " << quoted(*value) << "\n";
-    return false;
-}
-
-// While it starts, Qt looks for a Flatpak marker in the runtime folder, whatever the platform,
-// and warns when XDG_RUNTIME_DIR is unset (cron, ssh, containers). Nothing here uses that folder,
-// so that one warning is dropped; every other message is written as Qt would write it.
-void dropRuntimeFolderWarning(QtMsgType type, const QMessageLogContext& context,
-                              const QString& message) {
-    if (type == QtWarningMsg && message.startsWith(u"QStandardPaths: XDG_RUNTIME_DIR not set")) {
-        return;
-    }
-    std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
-}
-
-// Fonts need an application object, but a command-line program needs no window system: the
-// offscreen platform serves unless the user chose another.
-std::unique_ptr<QGuiApplication> ensureGuiApplication() {
-    if (QGuiApplication::instance() != nullptr) {
-        return nullptr;
-    }
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    static int argc = 1;
-    static char name[] = "curvemill-cli";
-    static char* argv[] = {name, nullptr};
-    const QtMessageHandler previous = qInstallMessageHandler(dropRuntimeFolderWarning);
-    auto app = std::make_unique<QGuiApplication>(argc, argv);
-    qInstallMessageHandler(previous);
-    return app;
-}
-
-// The image as PNG bytes, or nothing when the encoder fails.
-std::optional<std::string> encodePng(const QImage& image) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    if (!buffer.open(QIODevice::WriteOnly) || !image.save(&buffer, "PNG")) {
-        return std::nullopt;
-    }
-    return bytes.toStdString();
-}
-
 int runPlot(const ParsedArguments& parsed, std::ostream& out, std::ostream& err) {
     ParsedArguments arguments = parsed;
     const CommandSyntax syntax = plotSyntax();
@@ -121,7 +57,7 @@ int runPlot(const ParsedArguments& parsed, std::ostream& out, std::ostream& err)
     int width = 1024;
     int height = 768;
     const auto request = graphRequest(arguments, "plot", err);
-    if (!request || !readSize(arguments.value("size"), width, height, err)) {
+    if (!request || !readSize(arguments.value("size"), width, height, "plot", err)) {
         return kExitUsage;
     }
     Formula formula;

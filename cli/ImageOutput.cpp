@@ -1,0 +1,75 @@
+#include "cli/ImageOutput.h"
+
+#include <cstdio>
+
+#include "cli/Arguments.h"
+#include "cli/Printable.h"
+
+#include <QBuffer>
+#include <QGuiApplication>
+#include <QImage>
+
+namespace curvemill::cli {
+
+namespace {
+
+// While it starts, Qt looks for a Flatpak marker in the runtime folder, whatever the platform,
+// and warns when XDG_RUNTIME_DIR is unset (cron, ssh, containers). Nothing here uses that folder,
+// so that one warning is dropped; every other message is written as Qt would write it.
+void dropRuntimeFolderWarning(QtMsgType type, const QMessageLogContext& context,
+                              const QString& message) {
+    if (type == QtWarningMsg && message.startsWith(u"QStandardPaths: XDG_RUNTIME_DIR not set")) {
+        return;
+    }
+    std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
+}
+
+}  // namespace
+
+bool readSize(const std::optional<std::string>& value, int& width, int& height,
+              std::string_view command, std::ostream& err) {
+    if (!value) {
+        return true;
+    }
+    const std::size_t by = value->find('x');
+    if (by != std::string::npos) {
+        const std::optional<long> w = plainInteger(std::string_view(*value).substr(0, by));
+        const std::optional<long> h = plainInteger(std::string_view(*value).substr(by + 1));
+        if (w && h && *w >= kSmallestSide && *h >= kSmallestSide && *w <= kLargestSide &&
+            *h <= kLargestSide) {
+            width = static_cast<int>(*w);
+            height = static_cast<int>(*h);
+            return true;
+        }
+    }
+    err << "curvemill-cli " << command << ": --size must be WIDTHxHEIGHT with each side from "
+        << kSmallestSide << " to " << kLargestSide << ", not " << quoted(*value) << "\n";
+    return false;
+}
+
+std::unique_ptr<QGuiApplication> ensureGuiApplication() {
+    if (QGuiApplication::instance() != nullptr) {
+        return nullptr;
+    }
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    static int argc = 1;
+    static char name[] = "curvemill-cli";
+    static char* argv[] = {name, nullptr};
+    const QtMessageHandler previous = qInstallMessageHandler(dropRuntimeFolderWarning);
+    auto app = std::make_unique<QGuiApplication>(argc, argv);
+    qInstallMessageHandler(previous);
+    return app;
+}
+
+std::optional<std::string> encodePng(const QImage& image) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!buffer.open(QIODevice::WriteOnly) || !image.save(&buffer, "PNG")) {
+        return std::nullopt;
+    }
+    return bytes.toStdString();
+}
+
+}  // namespace curvemill::cli
