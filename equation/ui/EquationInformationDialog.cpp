@@ -218,6 +218,7 @@ EquationInformationDialog::EquationInformationDialog(Formula& formula, const Gra
     layout->addWidget(panel_, 1);
     layout->addLayout(buttons);
     connect(close, &QPushButton::clicked, this, &EquationInformationDialog::reject);
+    panel_->findChild<QLineEdit*>(idName(information_ids::kYForX))->setFocus();
 }
 
 // Closing stops a scan first: its end would fill a list no one sees.

@@ -101,6 +101,9 @@ EquationSolutionsDialog::EquationSolutionsDialog(const EquationCurve& curve, QWi
     xInPi_->setObjectName(QString::number(solutions_ids::kXInPi));
     yInPi_ = new QCheckBox(QStringLiteral("&Y In PI Units"), this);
     yInPi_->setObjectName(QString::number(solutions_ids::kYInPi));
+    squares_ = new QCheckBox(QStringLiteral("Draw S&quares Around Points"), this);
+    squares_->setObjectName(QString::number(solutions_ids::kSquares));
+    squares_->setToolTip(QStringLiteral("Small squares make single points easy to find"));
     auto* copy = new QPushButton(QStringLiteral("&Copy"), this);
     copy->setObjectName(QString::number(solutions_ids::kCopy));
     copy->setToolTip(QStringLiteral("Copies the selected rows as text (Ctrl+C)"));
@@ -125,6 +128,7 @@ EquationSolutionsDialog::EquationSolutionsDialog(const EquationCurve& curve, QWi
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(units);
     layout->addWidget(table_, 1);
+    layout->addWidget(squares_);
     layout->addLayout(buttons);
 
     const auto followUnits = [this] {
@@ -132,6 +136,7 @@ EquationSolutionsDialog::EquationSolutionsDialog(const EquationCurve& curve, QWi
     };
     connect(xInPi_, &QCheckBox::toggled, this, followUnits);
     connect(yInPi_, &QCheckBox::toggled, this, followUnits);
+    connect(squares_, &QCheckBox::toggled, this, &EquationSolutionsDialog::squaresToggled);
     connect(copy, &QPushButton::clicked, this, &EquationSolutionsDialog::copySelection);
     connect(information, &QPushButton::clicked, this,
             &EquationSolutionsDialog::informationRequested);
@@ -155,6 +160,11 @@ void EquationSolutionsDialog::refresh() {
     model_->reload();
     count_->setText(curve_.count() == 1 ? QStringLiteral("1 solution point")
                                         : QStringLiteral("%1 solution points").arg(curve_.count()));
+}
+
+void EquationSolutionsDialog::setSquares(bool on) {
+    const QSignalBlocker block(squares_);
+    squares_->setChecked(on);
 }
 
 QString EquationSolutionsDialog::selectedText() const {

@@ -23,6 +23,7 @@ inline constexpr int kXInPi = 1073;
 inline constexpr int kYInPi = 1074;
 inline constexpr int kCopy = 1182;
 inline constexpr int kInformation = 1183;
+inline constexpr int kSquares = 1184;
 inline constexpr int kClose = 2;
 }  // namespace solutions_ids
 
@@ -59,11 +60,14 @@ class EquationSolutionsDialog : public QDialog, public FailureScope {
     // The selected rows as lines of "x<TAB>y", in the order shown.
     QString selectedText() const;
     void copySelection() const;
+    void setSquares(bool on);
 
   Q_SIGNALS:
     // A row was clicked (marked, with its point), or the mark went (closing, a new curve).
     void pointMarked(bool marked, double x, double y);
     void informationRequested();
+    // "Draw Squares Around Points" was switched: a view option of the graph.
+    void squaresToggled(bool on);
 
   protected:
     void hideEvent(QHideEvent* event) override;
@@ -76,6 +80,7 @@ class EquationSolutionsDialog : public QDialog, public FailureScope {
     QLabel* count_;
     QCheckBox* xInPi_;
     QCheckBox* yInPi_;
+    QCheckBox* squares_;
 };
 
 }  // namespace curvemill

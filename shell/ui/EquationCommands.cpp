@@ -1,5 +1,7 @@
 #include "shell/ui/EquationCommands.h"
 
+#include <algorithm>
+
 #include "equation/ui/EquationInformationDialog.h"
 #include "equation/ui/EquationSolutionsDialog.h"
 #include "graph2d/TwoDGraph.h"
@@ -8,6 +10,20 @@
 namespace curvemill {
 
 namespace {
+
+// The tools sit at the right edge of the main window, where they hide the least of a graph whose
+// middle is the origin; `bottom` puts one at the lower corner so the two can be open together.
+void placeAtRightEdge(QWidget* dialog, QWidget* parent, bool bottom) {
+    if (parent == nullptr) {
+        return;
+    }
+    dialog->adjustSize();
+    const QRect area = parent->geometry();
+    const QSize size = dialog->frameGeometry().size();
+    const int x = area.right() - size.width() - 24;
+    const int y = bottom ? area.bottom() - size.height() - 48 : area.top() + 72;
+    dialog->move(std::max(area.left(), x), std::max(area.top(), y));
+}
 
 template <class T>
 T* ownOrGiven(T* given, std::unique_ptr<T>& own) {
@@ -82,6 +98,10 @@ void EquationCommands::openSolutions() {
                 });
         connect(solutions_, &EquationSolutionsDialog::informationRequested, this,
                 &EquationCommands::openInformation);
+        connect(solutions_, &EquationSolutionsDialog::squaresToggled, this,
+                &EquationCommands::setSquares);
+        solutions_->setSquares(look_.squares);
+        placeAtRightEdge(solutions_, parent_, false);
     }
     solutions_->refresh();
     solutions_->show();
@@ -92,6 +112,7 @@ void EquationCommands::openSolutions() {
 void EquationCommands::openInformation() {
     if (information_ == nullptr) {
         information_ = new EquationInformationDialog(formula_, view_, worker_, parent_);
+        placeAtRightEdge(information_, parent_, true);
     }
     information_->show();
     information_->raise();

@@ -60,6 +60,10 @@ class EquationToolsTest : public QObject {
         table->selectionModel()->select(table->model()->index(2, 0),
                                         QItemSelectionModel::Select | QItemSelectionModel::Rows);
         QCOMPARE(dialog.selectedText(), u"pi*-0.6366197724\t0.5\npi*0.3183098862\t3\n"_s);
+        QSignalSpy squares(&dialog, &EquationSolutionsDialog::squaresToggled);
+        control<QCheckBox>(dialog, solutions_ids::kSquares)->click();
+        QCOMPARE(squares.size(), 1);
+        QCOMPARE(squares[0][0].toBool(), true);
         dialog.hide();
         QCOMPARE(marked.last()[0].toBool(), false);
 
