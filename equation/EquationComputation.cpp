@@ -27,12 +27,16 @@ Job EquationComputation::makeJob(const TwoVariableRequest& request) {
     grid_.precisionDigits = request.precisionDigits;
     pendingText_ = request.formulaText;
     return [this](const JobContext& context) {
-        return solveEquation(formula_, grid_, context.keepComputing, work_, curve_,
+        return solveEquation(formula_, grid_, context.keepComputing, work_, pending_,
                              context.progress);
     };
 }
 
 void EquationComputation::show() {
+    curve_.solutions.swap(pending_.solutions);
+    curve_.yMin = pending_.yMin;
+    curve_.yMax = pending_.yMax;
+    curve_.grid = pending_.grid;
     curve_.formulaText = pendingText_;
     curve_.shown = true;
     resetEquationView(view_, curve_, maxYRatio_);

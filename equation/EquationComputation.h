@@ -39,6 +39,9 @@ class EquationComputation : public TwoVariableComputation {
     EquationGrid grid_;
     std::string pendingText_;
     EquationWork work_;
+    // The job's result; the curve on screen takes it over in show(), on the user-interface
+    // thread, so a repaint while the job runs never reads a curve being replaced.
+    EquationCurve pending_;
 };
 
 }  // namespace curvemill

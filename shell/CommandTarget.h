@@ -24,6 +24,7 @@ class CommandTarget {
     virtual void deleteHistoryItem() = 0;
     // The Equation input window, and the math tools of the graph on screen.
     virtual void openEquation() = 0;
+    virtual void openThreeDGraph() = 0;
     virtual void openMathDialog() = 0;
 };
 

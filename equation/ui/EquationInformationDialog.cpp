@@ -98,6 +98,8 @@ EquationInformationPanel::EquationInformationPanel(Formula& formula, const Graph
 
 EquationInformationPanel::~EquationInformationPanel() {
     if (running_) {
+        disconnect(&worker_, nullptr, this, nullptr);
+        running_ = false;
         worker_.stop();
         while (worker_.isBusy()) {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);

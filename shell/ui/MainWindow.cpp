@@ -224,6 +224,9 @@ void MainWindow::onTitleCommand(int id) {
         case kTitleEquationButton:
             openEquation();
             break;
+        case kTitleThreeDGraphButton:
+            openThreeDGraph();
+            break;
         default:
             break;
     }
@@ -361,6 +364,12 @@ void MainWindow::deleteHistoryItem() {
 
 void MainWindow::openEquation() {
     equation_->openWindow(TwoVariableMode::kEquation);
+}
+
+// The surface mode checks and records its entries; drawing them comes with the surface
+// computation.
+void MainWindow::openThreeDGraph() {
+    equation_->openWindow(TwoVariableMode::kSurface);
 }
 
 void MainWindow::showEquation() {

@@ -84,6 +84,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     void findNextInHistory() override;
     void deleteHistoryItem() override;
     void openEquation() override;
+    void openThreeDGraph() override;
     void openMathDialog() override;
     EquationCommands& equationCommands() const { return *equation_; }
 

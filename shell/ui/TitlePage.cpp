@@ -34,9 +34,7 @@ TitlePage::TitlePage(QWidget* parent) : QWidget(parent) {
                          threeDGraphPicture(picture, ratio), kKindSize);
     twoD_->setToolTip(QStringLiteral("Click Here To Begin"));
     equation_->setToolTip(QStringLiteral("Click Here To Begin"));
-    // Surfaces are not drawn by this version yet.
-    threeD_->setEnabled(false);
-    threeD_->setToolTip(QStringLiteral("Click Here To Begin (not available in this version)"));
+    threeD_->setToolTip(QStringLiteral("Click Here To Begin"));
     makeHiddenButtons();
 }
 

@@ -199,6 +199,8 @@ TEST(EquationComputation, JobFillsTheCurveAndShowPutsItOnTheView) {
     const Job job = computation.makeJob({-4, 4, -3, 3, 400, 300, 6, "x*y-1"});
     std::atomic<bool> running{true};
     ASSERT_TRUE(job(JobContext{[](int) {}, running}));
+    // The curve on screen is not touched from the worker's side.
+    EXPECT_EQ(curve.count(), 0);
     computation.show();
     EXPECT_EQ(shown, 1);
     EXPECT_TRUE(curve.shown);

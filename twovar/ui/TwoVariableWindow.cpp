@@ -82,6 +82,9 @@ TwoVariableWindow::TwoVariableWindow(Formula& formula, TwoVariableSettings& sett
 // The job works on the computation's data, so a run still going on must end first.
 TwoVariableWindow::~TwoVariableWindow() {
     if (running_) {
+        // Its end must not reach a window (and a shell) half taken down.
+        disconnect(&worker_, nullptr, this, nullptr);
+        running_ = false;
         worker_.stop();
         while (worker_.isBusy()) {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
