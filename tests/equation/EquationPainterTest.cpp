@@ -107,5 +107,23 @@ TEST_F(EquationPainterTest, PointsOutsideTheAreaAreNotDrawnAndSquaresGrowTheDots
     EXPECT_GT(boxedDots, plainDots * 2);
 }
 
+// A grid without solutions still gets the graph with its title (dark blue, above the area).
+TEST_F(EquationPainterTest, EmptyCurveKeepsTheTitle) {
+    curve_.solutions.clear();
+    curve_.formulaText = "x^2+y^2+1";
+    const QImage image = render(1.0);
+    int titlePixels = 0;
+    int dots = 0;
+    for (int row = 0; row < image.height(); ++row) {
+        for (int column = 0; column < image.width(); ++column) {
+            const QRgb p = image.pixel(column, row);
+            titlePixels += row < view_.top && qBlue(p) > 80 && qRed(p) < 60 && qGreen(p) < 60;
+            dots += isDot(p);
+        }
+    }
+    EXPECT_GT(titlePixels, 20);
+    EXPECT_EQ(dots, 0);
+}
+
 }  // namespace
 }  // namespace curvemill
