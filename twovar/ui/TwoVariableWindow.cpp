@@ -314,8 +314,9 @@ void TwoVariableWindow::setInputsEnabled(bool enabled) {
     }
 }
 
-void TwoVariableWindow::fail(const QString& message, QLineEdit* box, bool withHelp) {
-    (void)withHelp;  // the help topics are not written yet; the box carries the error icon alone
+// Every box carries the error icon; the range and formula boxes are to get a help button too once
+// the help topics exist.
+void TwoVariableWindow::fail(const QString& message, QLineEdit* box) {
     box->setFocus();
     box->selectAll();
     QMessageBox::critical(this, QString(), message);
@@ -334,25 +335,25 @@ void TwoVariableWindow::accept() {
     };
     const NumberReading xBegin = read(xBeginEdit_, "X_BEG");
     if (!xBegin.ok) {
-        return fail(QString::fromStdString(xBegin.message), xBeginEdit_, true);
+        return fail(QString::fromStdString(xBegin.message), xBeginEdit_);
     }
     const NumberReading xEnd = read(xEndEdit_, "X_END");
     if (!xEnd.ok) {
-        return fail(QString::fromStdString(xEnd.message), xEndEdit_, true);
+        return fail(QString::fromStdString(xEnd.message), xEndEdit_);
     }
     if (!(xBegin.value < xEnd.value)) {
-        return fail(QString::fromLatin1(kMsgXBegNotLess), xEndEdit_, false);
+        return fail(QString::fromLatin1(kMsgXBegNotLess), xEndEdit_);
     }
     const NumberReading yBegin = read(yBeginEdit_, "Y BEG");
     if (!yBegin.ok) {
-        return fail(QString::fromStdString(yBegin.message), yBeginEdit_, true);
+        return fail(QString::fromStdString(yBegin.message), yBeginEdit_);
     }
     const NumberReading yEnd = read(yEndEdit_, "Y END");
     if (!yEnd.ok) {
-        return fail(QString::fromStdString(yEnd.message), yEndEdit_, true);
+        return fail(QString::fromStdString(yEnd.message), yEndEdit_);
     }
     if (!(yBegin.value < yEnd.value)) {
-        return fail(QString::fromLatin1(kMsgYBegNotLess), yEndEdit_, false);
+        return fail(QString::fromLatin1(kMsgYBegNotLess), yEndEdit_);
     }
     const std::string typed = formulaEdit_->text().toStdString();
     if (typed.find("log") != std::string::npos) {
@@ -370,7 +371,7 @@ void TwoVariableWindow::accept() {
             return;
         }
         return fail(QString::fromStdString(composeBoxError("FORMULA", formula_.errorText)),
-                    formulaEdit_, true);
+                    formulaEdit_);
     }
     settings_.xBegin = xBeginEdit_->text().toStdString();
     settings_.xEnd = xEndEdit_->text().toStdString();

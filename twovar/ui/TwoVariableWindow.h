@@ -102,7 +102,7 @@ class TwoVariableWindow : public QDialog, public FailureScope {
     void applyPrompts(bool on);
     void spinChanged();
     void setInputsEnabled(bool enabled);
-    void fail(const QString& message, QLineEdit* box, bool withHelp);
+    void fail(const QString& message, QLineEdit* box);
     void showPreviousEntries();
     TypedEntry currentInput() const;
     TwoVariableComputation* computation() const;
