@@ -67,11 +67,17 @@ void EquationCommands::setHistoryPort(HistoryPort* history) {
     }
 }
 
+void EquationCommands::setSurfaceComputation(TwoVariableComputation* surface) {
+    surface_ = surface;
+    if (window_ != nullptr) {
+        window_->setSurfaceComputation(surface);
+    }
+}
+
 void EquationCommands::openWindow(TwoVariableMode mode) {
     if (window_ == nullptr) {
-        // No surface computation exists yet: surface entries are checked and recorded only.
         window_ =
-            new TwoVariableWindow(formula_, *settings_, worker_, nullptr, &computation_, parent_);
+            new TwoVariableWindow(formula_, *settings_, worker_, surface_, &computation_, parent_);
         window_->setWindowModality(Qt::WindowModal);
         window_->setHistoryPort(history_);
         connect(window_, &TwoVariableWindow::repaintRequested, this,

@@ -34,6 +34,9 @@ class EquationCommands : public QObject {
     ~EquationCommands() override;
 
     void setHistoryPort(HistoryPort* history);
+    // The surface mode's computation; until one is set, surface entries are checked and recorded
+    // but not drawn.
+    void setSurfaceComputation(TwoVariableComputation* surface);
     // The input window, created on first use; null until then.
     TwoVariableWindow* window() const { return window_; }
     void openWindow(TwoVariableMode mode);
@@ -64,6 +67,7 @@ class EquationCommands : public QObject {
     Worker& worker_;
     QWidget* parent_;
     HistoryPort* history_ = nullptr;
+    TwoVariableComputation* surface_ = nullptr;
     std::unique_ptr<EquationCurve> ownCurve_;
     std::unique_ptr<TwoVariableSettings> ownSettings_;
     EquationCurve* curve_;
