@@ -26,6 +26,7 @@ Command evalCommand();
 Command plotCommand();
 Command sampleCommand();
 Command surfaceCommand();
+Command equationCommand();
 
 std::span<const Command> commandTable();
 

@@ -11,7 +11,9 @@ std::span<const Command> commandTable() {
         // the math tools
         integralCommand(), valueCommand(), extremesCommand(), rootsCommand(),
         // 3D surfaces
-        surfaceCommand()};
+        surfaceCommand(),
+        // equation curves
+        equationCommand()};
     return table;
 }
 

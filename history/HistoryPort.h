@@ -4,6 +4,8 @@
 #include <functional>
 #include <string>
 
+#include "history/HistoryEntry.h"
+
 namespace curvemill {
 
 // One accepted entry as typed; a 2D function has "$" for both Y range texts and section 'y'.
@@ -48,6 +50,13 @@ class HistoryPort {
     virtual void hideWindows() = 0;
     // The history list's keys (Find, Find Next, Delete Item) pressed in the main window.
     virtual void runListCommand(int commandId) = 0;
+    // The kind both lists show: 2D unless a two-range input (3D or equation) is active.
+    virtual void setShownKind(EntryKind kind) { (void)kind; }
+    // How many entries of `kind` a "Previous Entries" list would offer.
+    virtual int entryCount(EntryKind kind) const {
+        (void)kind;
+        return 0;
+    }
 };
 
 }  // namespace curvemill

@@ -8,9 +8,10 @@ bool commandAvailable(int id, const ShellState& state) {
     const bool function2D = state.kind == GraphKind::Function2D;
     const bool surface = state.kind == GraphKind::Surface3D;
     switch (id) {
-        case 40051:  // a second function goes beside a first one
-        case 40012:  // the math tools work on the function on screen
+        case 40012:  // the math tools work on the function or the equation on screen
         case 40200:
+            return function2D || state.kind == GraphKind::Equation;
+        case 40051:  // a second function goes beside a first one
             return function2D;
         case 40033:
             return function2D && state.indefiniteMarked;

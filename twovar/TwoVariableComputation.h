@@ -2,6 +2,8 @@
 // them to the computation of its mode, which the shell supplies (curve solving or surface).
 #pragma once
 
+#include <string>
+
 #include "worker/JobRun.h"
 
 namespace curvemill {
@@ -16,6 +18,8 @@ struct TwoVariableRequest {
     int xPoints = 0;
     int yPoints = 0;
     int precisionDigits = 0;
+    // The formula as typed, for titles; the prepared Formula holds what is evaluated.
+    std::string formulaText;
 };
 
 // One per mode. The window calls these on the user-interface thread in this order: discard, job

@@ -213,6 +213,17 @@ void HistoryService::setShownKind(EntryKind kind) {
     reportWindow_->setShownKind(kind);
 }
 
+// Entries whose formula begins with '$' are not offered, so they are not counted.
+int HistoryService::entryCount(EntryKind kind) const {
+    int count = 0;
+    for (const HistoryEntry& entry : store_.entries()) {
+        if (kindOf(entry) == kind && !(!entry.formula.empty() && entry.formula[0] == '$')) {
+            ++count;
+        }
+    }
+    return count;
+}
+
 void HistoryService::refreshWindows() {
     textWindow_->refresh();
     reportWindow_->refresh();

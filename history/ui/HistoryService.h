@@ -47,7 +47,8 @@ class HistoryService : public QObject, public HistoryPort {
     void runListCommand(int commandId) override;
 
     // The kind both lists show: 2D unless a two-range input (3D or equation) is active.
-    void setShownKind(EntryKind kind);
+    void setShownKind(EntryKind kind) override;
+    int entryCount(EntryKind kind) const override;
     void setDialogParent(QWidget* parent) { dialogParent_ = parent; }
 
     HistoryWindow& listOfFunctions() { return *textWindow_; }

@@ -32,8 +32,8 @@ void Application::setHistoryPort(HistoryPort* history) {
 }
 
 void Application::createMainWindow() {
-    window_ = std::make_unique<MainWindow>(
-        MainWindowParts{formula_, graph_, view_, reporter_, worker_, surface_});
+    window_ = std::make_unique<MainWindow>(MainWindowParts{
+        formula_, graph_, view_, reporter_, worker_, surface_, &equation_, &twoVariable_});
     window_->setHistoryPort(history_);
     historyService_->setDialogParent(window_.get());
     QObject::connect(window_.get(), &MainWindow::closed, &qt_, &QApplication::quit,

@@ -4,12 +4,14 @@
 #include <memory>
 
 #include "engine/Formula.h"
+#include "equation/EquationCurve.h"
 #include "failure/FailureReporter.h"
 #include "failure/ui/QtFailurePlatform.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph3d/SurfaceScene.h"
 #include "history/HistoryStore.h"
+#include "twovar/TwoVariableSettings.h"
 #include "worker/ui/Worker.h"
 
 namespace curvemill {
@@ -56,6 +58,8 @@ class Application {
     TwoDGraph graph_;
     GraphView view_;
     SurfaceScene surface_;
+    EquationCurve equation_;
+    TwoVariableSettings twoVariable_;
     QtFailurePlatform platform_;
     RestartingFailureReporter reporter_{platform_};
     // After the reporter it reports to; destroyed before the curves its job fills.

@@ -112,7 +112,9 @@ void GraphCanvas::render() {
     QPainter painter(&buffer_);
     painter.setRenderHint(QPainter::Antialiasing);
     layOutView();
-    if (graph_.main.exists()) {
+    if (kind_ == GraphKind::Equation && equation_ != nullptr && equationLook_ != nullptr) {
+        equationPainter_.draw(painter_, painter, *equation_, view_, *equationLook_);
+    } else if (graph_.main.exists()) {
         painter_.draw(painter, animating_ ? partial_.graph() : graph_, view_);
     }
     stale_ = false;

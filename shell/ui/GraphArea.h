@@ -4,11 +4,13 @@
 #include <QImage>
 #include <QWidget>
 
+#include "equation/ui/EquationPainter.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/PartialGraph.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/GraphPainter.h"
 #include "graph3d/ui/SurfaceRedraw.h"
+#include "shell/GraphKind.h"
 
 class QScrollBar;
 class QTimer;
@@ -38,6 +40,15 @@ class GraphCanvas : public QWidget {
     // The canvas shows this surface instead of the 2D graph; null goes back to the 2D graph.
     void showSurface(SurfaceScene* scene);
     SurfaceRedraw& surfaceRedraw() { return surfaceRedraw_; }
+    // Which graph the canvas draws, and the equation curve it draws while an equation is shown.
+    void setKind(GraphKind kind) {
+        kind_ = kind;
+        invalidate();
+    }
+    void setEquation(const EquationCurve* curve, const EquationLook* look) {
+        equation_ = curve;
+        equationLook_ = look;
+    }
 
   Q_SIGNALS:
     // The view was laid out again: the scroll bars follow its content size.
@@ -57,6 +68,10 @@ class GraphCanvas : public QWidget {
     GraphView& view_;
     // Keeps the fonts between repaints, as the screen's drawing set.
     GraphPainter painter_;
+    GraphKind kind_ = GraphKind::Function2D;
+    const EquationCurve* equation_ = nullptr;
+    const EquationLook* equationLook_ = nullptr;
+    EquationPainter equationPainter_;
     // Sized in device pixels, so the graph is sharp on high-density screens.
     QImage buffer_;
     bool stale_ = true;

@@ -24,12 +24,14 @@
 #include "shell/CalculatorLocator.h"
 #include "shell/ui/AboutDialog.h"
 #include "shell/ui/CommandActions.h"
+#include "shell/ui/EquationCommands.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/GraphOutputs.h"
 #include "shell/ui/MathCommands.h"
 #include "shell/ui/ProductWebPage.h"
 #include "shell/ui/TitlePage.h"
 #include "shell/ui/ViewCommands.h"
+#include "twovar/TwoVariableSettings.h"
 #include "worker/ui/Worker.h"
 
 namespace curvemill {
@@ -61,6 +63,19 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     outputs_->setSelectionSource([this]() -> std::optional<QRect> {
         const QRect selected = graphArea_->selectedRect();
         return selected.isEmpty() ? std::nullopt : std::optional<QRect>(selected);
+    });
+    equation_ = new EquationCommands(parts_.formula, parts_.view, parts_.worker, parts_.graph,
+                                     parts_.equation, parts_.twoVariable, this);
+    graphArea_->canvas()->setEquation(&equation_->curve(), &equation_->look());
+    equation_->setSurfaceComputation(&surfaceComputation());
+    connect(equation_, &EquationCommands::shown, this, &MainWindow::showEquation);
+    connect(equation_, &EquationCommands::repaintRequested, this, [this] { graphArea_->redraw(); });
+    connect(equation_, &EquationCommands::statusMessage, this,
+            [this](const QString& text) { status_->setText(text); });
+    connect(equation_, &EquationCommands::cancelled, this, [this] {
+        if (kind_ == GraphKind::TitlePage) {
+            returnToTitlePage();
+        }
     });
 
     // Shown only while the worker runs; it gives up width before the status text does.
@@ -99,13 +114,19 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     refreshCommands();
 }
 
-MainWindow::~MainWindow() = default;
+// The input window waits for a running computation when it goes; the computations it hands work
+// to are members, so it goes first.
+MainWindow::~MainWindow() {
+    delete equation_;
+    equation_ = nullptr;
+}
 
 void MainWindow::setHistoryPort(HistoryPort* history) {
     history_ = history;
     if (history_ != nullptr) {
         history_->setChangedCallback([this] { refreshCommands(); });
     }
+    equation_->setHistoryPort(history_);
     for (TwoDGraphDialog* dialog : {mainDialog_, secondDialog_}) {
         if (dialog != nullptr) {
             delete dialog;
@@ -202,6 +223,7 @@ SurfaceComputation& MainWindow::surfaceComputation() {
 void MainWindow::showSurface() {
     kind_ = GraphKind::Surface3D;
     pages_->setCurrentWidget(graphArea_);
+    graphArea_->canvas()->setKind(kind_);
     graphArea_->canvas()->showSurface(&parts_.surface);
     refreshCommands();
 }
@@ -221,6 +243,7 @@ QString MainWindow::statusText() const {
 void MainWindow::showGraph() {
     kind_ = GraphKind::Function2D;
     graphArea_->canvas()->showSurface(nullptr);
+    graphArea_->canvas()->setKind(kind_);
     pages_->setCurrentWidget(graphArea_);
     graphArea_->showNewGraph();
     reportUndefinedCurves();
@@ -269,6 +292,12 @@ void MainWindow::onTitleCommand(int id) {
             break;
         case kTitleTwoDGraphButton:
             openTwoDGraph();
+            break;
+        case kTitleEquationButton:
+            openEquation();
+            break;
+        case kTitleThreeDGraphButton:
+            openThreeDGraph();
             break;
         default:
             break;
@@ -471,11 +500,21 @@ void MainWindow::deleteHistoryItem() {
     }
 }
 
+// For an equation the Math dialog is the list of its solution points, and Information finds x
+// for a y or y for an x on its curve.
 void MainWindow::openMathDialog() {
+    if (kind_ == GraphKind::Equation) {
+        equation_->openSolutions();
+        return;
+    }
     math_->openMathDialog();
 }
 
 void MainWindow::openInformation() {
+    if (kind_ == GraphKind::Equation) {
+        equation_->openInformation();
+        return;
+    }
     math_->openInformation();
 }
 
@@ -489,6 +528,28 @@ void MainWindow::eraseDerivative() {
 
 void MainWindow::unmarkIndefiniteAreas() {
     math_->unmarkIndefiniteAreas();
+}
+
+void MainWindow::openEquation() {
+    equation_->openWindow(TwoVariableMode::kEquation);
+}
+
+void MainWindow::openThreeDGraph() {
+    equation_->openWindow(TwoVariableMode::kSurface);
+}
+
+void MainWindow::showEquation() {
+    kind_ = GraphKind::Equation;
+    graphArea_->canvas()->showSurface(nullptr);
+    graphArea_->canvas()->setKind(kind_);
+    pages_->setCurrentWidget(graphArea_);
+    graphArea_->showNewGraph();
+    const EquationCurve& curve = equation_->curve();
+    status_->setText(curve.count() == 0
+                         ? QStringLiteral("%1 = 0 has no solution point on this grid")
+                               .arg(QString::fromStdString(curve.formulaText))
+                         : QStringLiteral("%1 solution points").arg(curve.count()));
+    refreshCommands();
 }
 
 }  // namespace curvemill

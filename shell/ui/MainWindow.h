@@ -17,6 +17,7 @@ class QStackedWidget;
 namespace curvemill {
 
 class CommandActions;
+class EquationCommands;
 class Formula;
 class GraphArea;
 class GraphOutputs;
@@ -27,8 +28,10 @@ class SurfaceComputation;
 class TwoDGraphDialog;
 class ViewCommands;
 class Worker;
+struct EquationCurve;
 struct GraphView;
 struct SurfaceScene;
+struct TwoVariableSettings;
 struct TwoDGraph;
 
 // The objects of the program the window works on; all owned by the application object.
@@ -39,6 +42,9 @@ struct MainWindowParts {
     FailureReporter& reporter;
     Worker& worker;
     SurfaceScene& surface;
+    // The equation state and the input window's settings; null gives the window its own.
+    EquationCurve* equation = nullptr;
+    TwoVariableSettings* twoVariable = nullptr;
 };
 
 enum class MouseMode { Move, Select };
@@ -112,6 +118,9 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     void openTwoDCustomization() override;
     void toggleDrawingProcess() override;
     ViewCommands& viewCommands() const { return *viewCommands_; }
+    void openEquation() override;
+    void openThreeDGraph() override;
+    EquationCommands& equationCommands() const { return *equation_; }
 
   Q_SIGNALS:
     void titlePageShown();
@@ -125,6 +134,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     void onTitleCommand(int id);
     void showGraph();
     void reportUndefinedCurves();
+    void showEquation();
 
     MainWindowParts parts_;
     HistoryPort* history_ = nullptr;
@@ -132,6 +142,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     MouseMode mouseMode_ = MouseMode::Move;
     std::unique_ptr<CommandActions> commands_;
     std::unique_ptr<GraphOutputs> outputs_;
+    EquationCommands* equation_ = nullptr;
     QStackedWidget* pages_ = nullptr;
     TitlePage* titlePage_ = nullptr;
     GraphArea* graphArea_ = nullptr;

@@ -33,11 +33,8 @@ TitlePage::TitlePage(QWidget* parent) : QWidget(parent) {
     threeD_ = makeButton(kTitleThreeDGraphButton, QStringLiteral("THREE D GRAPH"),
                          threeDGraphPicture(picture, ratio), kKindSize);
     twoD_->setToolTip(QStringLiteral("Click Here To Begin"));
-    // Equations and surfaces are not drawn by this version yet.
-    for (QToolButton* later : {equation_, threeD_}) {
-        later->setEnabled(false);
-        later->setToolTip(QStringLiteral("Click Here To Begin (not available in this version)"));
-    }
+    equation_->setToolTip(QStringLiteral("Click Here To Begin"));
+    threeD_->setToolTip(QStringLiteral("Click Here To Begin"));
     makeHiddenButtons();
 }
 

@@ -124,13 +124,13 @@ TEST(CommandState, EnablingFollowsTheGraphOnScreen) {
         {40110, false, true, true, true, true},    {40111, false, true, true, true, true},
         {40030, false, true, true, true, true},    {40005, false, true, true, true, true},
         {40126, false, true, true, true, false},   {40010, false, true, true, true, false},
-        {40012, false, true, true, false, false},  {40029, false, false, true, false, false},
-        {40200, false, true, true, false, false},  {40031, false, false, true, false, false},
+        {40012, false, true, true, true, false},   {40029, false, false, true, false, false},
+        {40200, false, true, true, true, false},   {40031, false, false, true, false, false},
         {40063, false, true, true, true, false},   {40114, false, false, false, false, true},
         {40101, false, false, false, false, true}, {40003, false, true, true, true, false},
         {40008, false, true, true, true, true},    {40140, true, true, true, true, true},
         {1033, true, true, true, true, true},      {40032, true, true, true, true, true},
-        {40022, false, false, true, false, false},
+        {40022, false, false, true, false, false}, {40086, true, true, true, true, true},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.id);

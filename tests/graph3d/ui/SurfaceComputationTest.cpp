@@ -58,7 +58,7 @@ class SurfaceComputationTest : public QObject {
         QSignalSpy finished(&worker, &Worker::finished);
         QSignalSpy progress(&worker, &Worker::progressChanged);
         computation.discardPrevious();
-        const TwoVariableRequest request{-3, 3, -3, 3, 200, 300, 0};
+        const TwoVariableRequest request{-3, 3, -3, 3, 200, 300, 0, {}};
         QVERIFY(worker.start(kStarter, formula.keepComputing, computation.makeJob(request)));
         QVERIFY(finished.wait(10000));
         QCOMPARE(finished.first().first().toBool(), true);
@@ -88,7 +88,7 @@ class SurfaceComputationTest : public QObject {
         Worker worker(reporter);
         QSignalSpy finished(&worker, &Worker::finished);
         QVERIFY(worker.start(kStarter, formula.keepComputing,
-                             first.makeJob({-1, 1, -1, 1, 100, 100, 0})));
+                             first.makeJob({-1, 1, -1, 1, 100, 100, 0, {}})));
         QVERIFY(finished.wait(10000));
         first.show();
         QVERIFY(!paintsNothing(scene));
@@ -97,7 +97,7 @@ class SurfaceComputationTest : public QObject {
         SurfaceComputation computation(formula, scene, {{}, [&] { ++cleared; }, {}});
         computation.discardPrevious();
         QVERIFY(worker.start(kStarter, formula.keepComputing,
-                             computation.makeJob({-1, 1, -1, 1, 500, 500, 0})));
+                             computation.makeJob({-1, 1, -1, 1, 500, 500, 0, {}})));
         worker.stop();
         QVERIFY(finished.wait(10000));
         QCOMPARE(finished.last().first().toBool(), false);
@@ -116,7 +116,7 @@ class SurfaceComputationTest : public QObject {
         std::string told;
         SurfaceComputation computation(
             formula, scene, {{}, {}, [&](const std::string& message) { told = message; }});
-        Job job = computation.makeJob({-1, 1, -1, 1, 100, 100, 0});
+        Job job = computation.makeJob({-1, 1, -1, 1, 100, 100, 0, {}});
         // What a full memory looks like from here: the grid's storage is refused.
         scene.grid.requestedNx = -5;
         const std::atomic<bool> keep{true};

@@ -1,0 +1,215 @@
+#include <atomic>
+#include <cstdio>
+#include <string>
+
+// The engine's headers come before Qt's, whose "slots" macro would swallow a member name.
+#include "cli/Command.h"
+#include "cli/FormulaArguments.h"
+#include "cli/GraphArguments.h"
+#include "cli/ImageOutput.h"
+#include "cli/ImageSetup.h"
+#include "cli/MathCommands.h"
+#include "cli/OutputFile.h"
+#include "cli/Printable.h"
+#include "engine/Formula.h"
+#include "engine/FormulaCheck.h"
+#include "engine/NumberEntry.h"
+#include "engine/Preparation.h"
+#include "equation/EquationSolver.h"
+#include "equation/EquationView.h"
+#include "graph2d/GraphView.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+
+#include "equation/ui/EquationPainter.h"
+#include "graph2d/ui/GraphPainter.h"
+
+namespace curvemill::cli {
+namespace {
+
+// The Equation window's own ordering messages; its box names have a blank for the y range.
+constexpr const char* kXOrder = "X BEG MUST BE LESS THAN X END";
+constexpr const char* kYOrder = "Y BEG MUST BE LESS THAN Y END";
+// The window offers 100 to 2000 points per axis; scripts may ask for any count up to ten times
+// that.
+constexpr int kMostSteps = 20000;
+// Caps the view's height at this many times its width, as the program does by default.
+constexpr int kMaxYRatio = 10;
+
+CommandSyntax equationSyntax() {
+    return {
+        "equation",
+        "Solves EQUATION = 0 (in x and y) over the grid [A, B] x [C, D] as the Equation\n"
+        "window does, and draws its solution points into an image as the program draws them\n"
+        "(.png, .bmp, .svg or .pdf, by the file's extension), or prints them, or prints their\n"
+        "count and Y range.",
+        "EQUATION",
+        1,
+        64,
+        {{"x-begin", "A", "X Begin, read like the Equation window's box"},
+         {"x-end", "B", "X End"},
+         {"y-begin", "C", "Y Begin"},
+         {"y-end", "D", "Y End"},
+         {"nx", "N", "grid steps along x, 1 to 20000 (default 500)"},
+         {"ny", "N", "grid steps along y, 1 to 20000 (default 500)"},
+         {"precision", "P", "the tolerance is 1e-P, P from 1 to 15 (default 5)"},
+         {"output", "FILE", "the image file to draw (also -o FILE)"},
+         {"depth", "24|8", "bits per pixel of a .bmp file (default 24)"},
+         {"size", "WxH", "image size in pixels (default 1024x768)"},
+         {"grid", "", "draw the grid lines"},
+         {"squares", "", "draw small squares around the points"},
+         {"points", "", "print the solutions as x,y lines, sorted by x"},
+         {"summary", "", "print count N, yMin V and yMax V"}},
+        "Give exactly one of -o FILE, --points and --summary. Options may come before or after\n"
+        "EQUATION. Numbers are printed with 17 significant digits; without solutions yMin and\n"
+        "yMax keep their start values 1e+100 and -1e+100.\n"
+        "Exit status: 0 solved (no solution included), 1 an entry refused (the window's\n"
+        "message is printed) or the file could not be written, 2 wrong command line.\n"};
+}
+
+// Reads the four range boxes and the equation in the Equation window's order.
+std::optional<std::string> readEntries(Formula& formula, const ParsedArguments& arguments,
+                                       const std::string& typed, EquationGrid& grid) {
+    const struct {
+        const char* option;
+        const char* box;
+        double* value;
+    } boxes[] = {{"x-begin", "X_BEG", &grid.xBegin},
+                 {"x-end", "X_END", &grid.xEnd},
+                 {"y-begin", "Y BEG", &grid.yBegin},
+                 {"y-end", "Y END", &grid.yEnd}};
+    for (const auto& box : boxes) {
+        const NumberReading reading =
+            readNumberEntry(formula, arguments.value(box.option).value_or(""), box.box);
+        if (!reading.ok) {
+            return reading.message;
+        }
+        *box.value = reading.value;
+        if (box.value == &grid.xEnd && !(grid.xBegin < grid.xEnd)) {
+            return std::string(kXOrder);
+        }
+        if (box.value == &grid.yEnd && !(grid.yBegin < grid.yEnd)) {
+            return std::string(kYOrder);
+        }
+    }
+    if (!prepareFormula(formula, typed, kModeTwoVariables)) {
+        return composeBoxError("FORMULA", formula.errorText);
+    }
+    return std::nullopt;
+}
+
+std::string number(double value) {
+    char buffer[40];
+    std::snprintf(buffer, sizeof buffer, "%.17g", value);
+    return buffer;
+}
+
+int draw(const ParsedArguments& arguments, const EquationCurve& curve, const std::string& output,
+         ImageFormat format, int depth, int width, int height, std::ostream& out) {
+    const auto app = ensureGuiApplication();
+    GraphView view;
+    view.gridOn = arguments.flag("grid");
+    setViewSize(view, width, height);
+    resetEquationView(view, curve, kMaxYRatio);
+    fitGraphHeight(view);
+    EquationLook look;
+    look.squares = arguments.flag("squares");
+    // SVG and PDF pages ask for more pixels than the image has: the view is laid out at theirs.
+    const PageDrawing drawing = [&](QPainter& painter, QSize pixels) {
+        GraphPainter graphPainter;
+        EquationPainter equationPainter;
+        GraphView target = scaledView(view, double(pixels.width()) / view.width);
+        equationPainter.draw(graphPainter, painter, curve, target, look);
+    };
+    ImageFileOptions options;
+    options.bitsPerPixel = depth;
+    return writeGraphImage(output, format, drawing, QSize(width, height), options, out);
+}
+
+int runEquation(const ParsedArguments& parsed, std::ostream& out, std::ostream& err) {
+    ParsedArguments arguments = parsed;
+    const CommandSyntax syntax = equationSyntax();
+    if (!parseTrailingOptions(syntax, arguments, err)) {
+        return kExitUsage;
+    }
+    if (arguments.helpRequested) {
+        out << usageText(syntax);
+        return kExitOk;
+    }
+    const auto typed = formulaArgument(arguments.positionals[0], "equation", err);
+    const auto nx = wholeArgument(arguments.value("nx"), "nx", 1, kMostSteps, 500, "equation", err);
+    const auto ny = wholeArgument(arguments.value("ny"), "ny", 1, kMostSteps, 500, "equation", err);
+    const auto precision =
+        wholeArgument(arguments.value("precision"), "precision", 1, 15, 5, "equation", err);
+    for (const char* required : {"x-begin", "x-end", "y-begin", "y-end"}) {
+        if (!arguments.value(required)) {
+            err << "curvemill-cli equation: --x-begin, --x-end, --y-begin and --y-end are "
+                   "required\n";
+            return kExitUsage;
+        }
+    }
+    const auto output = arguments.value("output");
+    const int outputs =
+        (output ? 1 : 0) + (arguments.flag("points") ? 1 : 0) + (arguments.flag("summary") ? 1 : 0);
+    if (outputs != 1) {
+        err << "curvemill-cli equation: give exactly one of -o FILE, --points and --summary\n";
+        return kExitUsage;
+    }
+    int width = 1024;
+    int height = 768;
+    if (!typed || !nx || !ny || !precision ||
+        !readImageSize(arguments.value("size"), width, height, "equation", err)) {
+        return kExitUsage;
+    }
+    std::optional<ImageFormat> format;
+    const std::optional<int> depth = outputDepth(arguments.value("depth"), "equation", err);
+    if (output) {
+        format = outputFormat(*output, "equation", err);
+    }
+    if (!depth || (output && !format)) {
+        return kExitUsage;
+    }
+    Formula formula;
+    EquationGrid grid;
+    if (const auto refusal = readEntries(formula, arguments, *typed, grid)) {
+        out << *refusal << '\n';
+        return kExitRefused;
+    }
+    grid.xSteps = *nx;
+    grid.ySteps = *ny;
+    grid.precisionDigits = *precision;
+    EquationCurve curve;
+    EquationWork work;
+    const std::atomic<bool> running{true};
+    solveEquation(formula, grid, running, work, curve);
+    curve.formulaText = *typed;
+
+    if (arguments.flag("summary")) {
+        out << "count " << curve.count() << "\nyMin " << number(curve.yMin) << "\nyMax "
+            << number(curve.yMax) << '\n';
+        return kExitOk;
+    }
+    if (arguments.flag("points")) {
+        std::string text;
+        text.reserve(curve.solutions.size() * 40);
+        for (const SolutionPoint& p : curve.solutions) {
+            text += number(p.x);
+            text += ',';
+            text += number(p.y);
+            text += '\n';
+        }
+        out << text;
+        return kExitOk;
+    }
+    return draw(arguments, curve, *output, *format, *depth, width, height, out);
+}
+
+}  // namespace
+
+Command equationCommand() {
+    return {equationSyntax(), runEquation};
+}
+
+}  // namespace curvemill::cli

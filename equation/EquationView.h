@@ -1,0 +1,26 @@
+// The equation curve on the 2D graph view: the view's ranges for it and its dots in pixels.
+#pragma once
+
+#include <vector>
+
+#include "equation/EquationCurve.h"
+#include "graph2d/GraphView.h"
+#include "graph2d/PixelPoint.h"
+#include "graph2d/ViewYRange.h"
+
+namespace curvemill {
+
+// The view's Y range for the curve: the solutions' own, cut down to maxYRatio times the X range.
+// Without solutions, or with all of them on one height, the grid's Y range instead, so that the
+// empty graph still has axes and the title.
+YRange equationYRange(const EquationCurve& curve, int maxYRatio);
+
+// Full reset for a new equation: the grid's X range, equationYRange, zoom 1, no scroll.
+void resetEquationView(GraphView& view, const EquationCurve& curve, int maxYRatio);
+
+// The solutions as whole pixels of `view` (truncated toward zero), in the order of `points`;
+// points outside the plotting area are left out. `out` is reused: its capacity stays.
+void solutionPixels(const std::vector<SolutionPoint>& points, const GraphView& view,
+                    std::vector<PixelPoint>& out);
+
+}  // namespace curvemill

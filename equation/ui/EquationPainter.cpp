@@ -1,0 +1,72 @@
+#include "equation/ui/EquationPainter.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QPainter>
+
+#include "equation/EquationView.h"
+#include "graph2d/GraphView.h"
+#include "graph2d/TwoDGraph.h"
+#include "graph2d/ui/GraphPainter.h"
+
+namespace curvemill {
+
+namespace {
+
+const QColor kDotColor(200, 0, 0);
+const QColor kMarkColor(0, 0, 160);
+// The squares' side in layout pixels: big enough to find a lone point, small enough not to merge
+// the dots of a 500-step grid into a band.
+constexpr double kSquareSide = 5.0;
+
+}  // namespace
+
+void EquationPainter::draw(GraphPainter& graphPainter, QPainter& painter,
+                           const EquationCurve& curve, GraphView& view, const EquationLook& look) {
+    // No function curve is drawn while an equation is shown: the 2D painter gets none.
+    static const TwoDGraph kNoCurves;
+    GraphExtras extras;
+    extras.titleGraph = TitleGraph::kEquation;
+    extras.otherTitleText = curve.formulaText;
+    extras.labels = look.labels;
+    extras.afterCurves = [this, &curve, &look](QPainter& target, const GraphView& pixels) {
+        solutionPixels(curve.solutions, pixels, pixels_);
+        // One dot is one pixel of the layout, so as many target pixels as the target is denser.
+        const int dot = std::max(1, static_cast<int>(std::lround(pixels.pixelRatio)));
+        target.setRenderHint(QPainter::Antialiasing, false);
+        for (const PixelPoint& p : pixels_) {
+            target.fillRect(p.x, p.y, dot, dot, kDotColor);
+        }
+        if (look.squares) {
+            const int side =
+                std::max(3, static_cast<int>(std::lround(kSquareSide * pixels.pixelRatio)));
+            const int half = side / 2;
+            target.setPen(QPen(kDotColor, 0));
+            target.setBrush(kDotColor);
+            for (const PixelPoint& p : pixels_) {
+                target.drawRect(p.x - half, p.y - half, side - 1, side - 1);
+            }
+            target.setBrush(Qt::NoBrush);
+        }
+        if (look.hasMark) {
+            const double px = pixels.toPixelX(look.mark.x);
+            const double py = pixels.toPixelY(look.mark.y);
+            if (std::isfinite(px) && std::isfinite(py) && std::fabs(px) < 1e6 &&
+                std::fabs(py) < 1e6) {
+                const double r = 7.0 * pixels.pixelRatio;
+                target.setRenderHint(QPainter::Antialiasing, pixels.smoothLines);
+                target.setPen(QPen(kMarkColor, std::max(1.0, 2.0 * pixels.pixelRatio)));
+                target.drawEllipse(QPointF(px, py), r, r);
+                target.drawLine(QPointF(px - 2 * r, py), QPointF(px - r, py));
+                target.drawLine(QPointF(px + r, py), QPointF(px + 2 * r, py));
+                target.drawLine(QPointF(px, py - 2 * r), QPointF(px, py - r));
+                target.drawLine(QPointF(px, py + r), QPointF(px, py + 2 * r));
+                target.setRenderHint(QPainter::Antialiasing, false);
+            }
+        }
+    };
+    graphPainter.draw(painter, kNoCurves, view, extras);
+}
+
+}  // namespace curvemill

@@ -1,0 +1,68 @@
+// curvemill-cli equation: the window's messages, exact points, the summary, the picture.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include "CliRun.h"
+
+namespace {
+
+struct EquationCliCase {
+    std::string line;  // split at blanks
+    std::string out;   // exact stdout; for exit 2 stdout must be empty and stderr not
+    int exitCode;
+};
+
+class EquationCliTest : public ::testing::TestWithParam<EquationCliCase> {};
+
+TEST_P(EquationCliTest, PrintsAndExitsAsScriptsExpect) {
+    const EquationCliCase& c = GetParam();
+    const CliRun r = runCli(words(c.line));
+    EXPECT_EQ(r.exitCode, c.exitCode) << r.err;
+    EXPECT_EQ(r.out, c.out);
+    EXPECT_EQ(r.err.empty(), c.exitCode != 2) << r.err;
+}
+
+void PrintTo(const EquationCliCase& c, std::ostream* os) {
+    *os << c.line;
+}
+
+const std::string kSmall = " --x-begin -2 --x-end 2 --y-begin -2 --y-end 2 --nx 4 --ny 4";
+
+INSTANTIATE_TEST_SUITE_P(
+    Equation, EquationCliTest,
+    ::testing::Values(
+        // Exact grid points, sorted by x, 17 digits.
+        EquationCliCase{"equation x+y --points" + kSmall, "-2,2\n-1,1\n0,0\n1,-1\n2,-2\n", 0},
+        EquationCliCase{"equation x-0.25 --summary" + kSmall, "count 5\nyMin -2\nyMax 2\n", 0},
+        EquationCliCase{"equation x^2+y^2+1 --summary" + kSmall,
+                        "count 0\nyMin 1e+100\nyMax -1e+100\n", 0},
+        EquationCliCase{"equation x --summary --x-begin pi --x-end pi --y-begin 0 --y-end 1",
+                        "X BEG MUST BE LESS THAN X END\n", 1},
+        EquationCliCase{"equation x --summary --x-begin 0 --x-end 1 --y-begin y --y-end 1",
+                        "ERROR IN Y BEG EDIT BOX:\nINVALID ENTRY\n", 1},
+        EquationCliCase{"equation x --summary --x-begin 0 --x-end 1 --y-begin 1 --y-end 1",
+                        "Y BEG MUST BE LESS THAN Y END\n", 1},
+        EquationCliCase{"equation x+*y --summary" + kSmall,
+                        "ERROR IN FORMULA EDIT BOX:\nTWO OPERATORS TOGETHER\n", 1},
+        EquationCliCase{"equation x" + kSmall, "", 2},
+        EquationCliCase{"equation x --points --summary" + kSmall, "", 2},
+        EquationCliCase{"equation x --points --nx 0 --x-begin -2 --x-end 2 --y-begin -2 --y-end 2",
+                        "", 2}));
+
+TEST(EquationCliPicture, WritesAPngWithTheCurvesColour) {
+    const std::string path = "equation_cli_test.png";
+    std::remove(path.c_str());
+    const CliRun r = runCli(words("equation x^2+y^2-1 -o " + path +
+                                  " --size 400x300 --x-begin -2 --x-end 2 --y-begin -2 --y-end 2"));
+    ASSERT_EQ(r.exitCode, 0) << r.out << r.err;
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    EXPECT_EQ(bytes.str().substr(1, 3), "PNG");
+    EXPECT_GT(bytes.str().size(), 2000u);
+}
+
+}  // namespace

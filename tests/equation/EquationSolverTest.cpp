@@ -1,0 +1,215 @@
+// The equation solver's grid walk and bisection, and the curve's place on the view.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+#include <vector>
+
+#include "engine/Formula.h"
+#include "engine/Preparation.h"
+#include "equation/EquationComputation.h"
+#include "equation/EquationSolver.h"
+#include "equation/EquationView.h"
+
+namespace curvemill {
+namespace {
+
+struct Solved {
+    bool completed = false;
+    EquationCurve curve;
+};
+
+Solved solve(const char* equation, EquationGrid grid) {
+    Formula formula;
+    EXPECT_TRUE(prepareFormula(formula, equation, 'e')) << formula.errorText;
+    std::atomic<bool> running{true};
+    EquationWork work;
+    Solved result;
+    result.completed = solveEquation(formula, grid, running, work, result.curve);
+    return result;
+}
+
+EquationGrid square(double half, int steps) {
+    return {-half, half, -half, half, steps, steps, 5};
+}
+
+// Every solution lies on the curve within the tolerance, inside the grid, in ascending x, and the
+// Y range is the solutions' own.
+TEST(EquationSolver, SolutionsLieOnTheCurveSortedByX) {
+    const struct {
+        const char* equation;
+        EquationGrid grid;
+        int minimumCount;
+    } cases[] = {
+        {"x^2+y^2-1", square(2, 500), 500},
+        {"x*y-1", square(5, 500), 400},
+        {"sin(x)-cos(y)", square(10, 500), 1000},
+        // A pole: every row changes sign across x = 0 and is bisected there in vain.
+        {"1/x-y", square(2, 501), 200},
+        {"log(x)+y", {0.01, 5, -3, 3, 400, 300, 5}, 300},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.equation);
+        const Solved solved = solve(c.equation, c.grid);
+        ASSERT_TRUE(solved.completed);
+        const auto& points = solved.curve.solutions;
+        EXPECT_GE(solved.curve.count(), c.minimumCount);
+        EXPECT_TRUE(std::is_sorted(points.begin(), points.end(),
+                                   [](auto& a, auto& b) { return a.x < b.x; }));
+        Formula check;
+        ASSERT_TRUE(prepareFormula(check, c.equation, 'e'));
+        double lowest = 1e100;
+        double highest = -1e100;
+        for (const SolutionPoint& p : points) {
+            const double f = check.evaluate(p.x, kTwoVariableSlot, p.y);
+            ASSERT_FALSE(check.indefinite) << p.x << ", " << p.y;
+            ASSERT_LT(std::fabs(f), 1e-5) << p.x << ", " << p.y;
+            ASSERT_GE(p.x, c.grid.xBegin);
+            ASSERT_LE(p.x, c.grid.xEnd);
+            ASSERT_GE(p.y, c.grid.yBegin);
+            ASSERT_LE(p.y, c.grid.yEnd);
+            lowest = std::min(lowest, p.y);
+            highest = std::max(highest, p.y);
+        }
+        EXPECT_EQ(solved.curve.yMin, lowest);
+        EXPECT_EQ(solved.curve.yMax, highest);
+        EXPECT_EQ(solved.curve.grid.xSteps, c.grid.xSteps);
+    }
+}
+
+TEST(EquationSolver, UnitCircleIsCoveredAllRound) {
+    const Solved solved = solve("x^2+y^2-1", square(2, 500));
+    int quadrants[4] = {};
+    for (const SolutionPoint& p : solved.curve.solutions) {
+        ASSERT_NEAR(std::hypot(p.x, p.y), 1.0, 1e-5);
+        ++quadrants[(p.x < 0 ? 1 : 0) + (p.y < 0 ? 2 : 0)];
+    }
+    for (int count : quadrants) {
+        EXPECT_GT(count, 100);
+    }
+    EXPECT_NEAR(solved.curve.solutions.front().x, -1.0, 1e-2);
+    EXPECT_NEAR(solved.curve.solutions.back().x, 1.0, 1e-2);
+}
+
+// Exact grid points come first and are not bisected again from their neighbours; a sign change
+// along y is taken before one along x, so a line crossing both gives one point per column.
+TEST(EquationSolver, OrderOfTheTests) {
+    const struct {
+        const char* equation;
+        std::vector<std::pair<double, double>> expected;
+    } cases[] = {
+        {"x+y", {{-2, 2}, {-1, 1}, {0, 0}, {1, -1}, {2, -2}}},
+        {"x+y-0.5", {{-1, 1.5}, {0, 0.5}, {1, -0.5}, {2, -1.5}}},
+        // No sign change along y within a column: bisected along x, one point per row.
+        {"x-0.5", {{0.5, -2}, {0.5, -1}, {0.5, 0}, {0.5, 1}, {0.5, 2}}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.equation);
+        Solved solved = solve(c.equation, square(2, 4));
+        ASSERT_TRUE(solved.completed);
+        auto& points = solved.curve.solutions;
+        std::sort(points.begin(), points.end(),
+                  [](auto& a, auto& b) { return a.x < b.x || (a.x == b.x && a.y < b.y); });
+        ASSERT_EQ(points.size(), c.expected.size());
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            EXPECT_DOUBLE_EQ(points[i].x, c.expected[i].first);
+            EXPECT_DOUBLE_EQ(points[i].y, c.expected[i].second);
+        }
+    }
+}
+
+TEST(EquationSolver, EmptyGridAndDegenerateSteps) {
+    const Solved empty = solve("x^2+y^2+1", square(2, 500));
+    ASSERT_TRUE(empty.completed);
+    EXPECT_EQ(empty.curve.count(), 0);
+    EXPECT_EQ(empty.curve.yMin, kNoLowestY);
+    EXPECT_EQ(empty.curve.yMax, kNoHighestY);
+    // Steps too small to move x on must end the walk, not loop for ever.
+    const Solved stuck = solve("x-y", {1e16, 1e16 + 2, -1, 1, 500, 10, 5});
+    EXPECT_TRUE(stuck.completed);
+    // A coarser tolerance takes more grid points as they are.
+    EXPECT_GT(solve("x^2+y^2-1", {-2, 2, -2, 2, 500, 500, 2}).curve.count(),
+              solve("x^2+y^2-1", square(2, 500)).curve.count());
+}
+
+TEST(EquationSolver, StopLeavesThePreviousSolutions) {
+    Formula formula;
+    ASSERT_TRUE(prepareFormula(formula, "x^2+y^2-1", 'e'));
+    EquationCurve curve;
+    curve.solutions = {{7, 8}};
+    curve.yMin = curve.yMax = 8;
+    EquationWork work;
+    for (int stopAt : {0, 50}) {
+        SCOPED_TRACE(stopAt);
+        std::atomic<bool> running{true};
+        const bool completed = solveEquation(formula, square(2, 500), running, work, curve,
+                                             [&running, stopAt](int percent) {
+                                                 if (percent >= stopAt) {
+                                                     running = false;
+                                                 }
+                                             });
+        EXPECT_FALSE(completed);
+        ASSERT_EQ(curve.count(), 1);
+        EXPECT_EQ(curve.solutions[0].x, 7);
+        EXPECT_EQ(curve.yMin, 8);
+    }
+}
+
+TEST(EquationView, RangesAndPixels) {
+    EquationCurve curve;
+    curve.grid = {-2, 2, -5, 5, 500, 500, 5};
+    // No solutions: the grid's own Y range, so the empty graph has axes.
+    EXPECT_EQ(equationYRange(curve, 10).begin, -5);
+    curve.solutions = {{-1, 0}, {0, 1}, {1, 0}, {1.5, -30}};
+    curve.yMin = -30;
+    curve.yMax = 1;
+    // Cut to 10 times the 4-wide X range.
+    const YRange cut = equationYRange(curve, 1);
+    EXPECT_EQ(cut.end, 1);
+    EXPECT_EQ(cut.begin, -3);
+
+    GraphView view;
+    setViewSize(view, 530, 480);
+    curve.yMin = -1;
+    curve.yMax = 1;
+    curve.solutions.back() = {1.5, -1e300};
+    resetEquationView(view, curve, 10);
+    std::vector<PixelPoint> pixels;
+    solutionPixels(curve.solutions, view, pixels);
+    ASSERT_EQ(pixels.size(), 3u);
+    EXPECT_EQ(pixels[0].x, static_cast<int>(view.toPixelX(-1)));
+    EXPECT_EQ(pixels[1].y, static_cast<int>(view.toPixelY(1)));
+    for (const PixelPoint& p : pixels) {
+        EXPECT_GE(p.x, view.left);
+        EXPECT_LT(p.x, view.plotRight());
+    }
+}
+
+TEST(EquationComputation, JobFillsTheCurveAndShowPutsItOnTheView) {
+    Formula formula;
+    ASSERT_TRUE(prepareFormula(formula, "x*y-1", 'e'));
+    EquationCurve curve;
+    GraphView view;
+    setViewSize(view, 600, 500);
+    const int ratio = 10;
+    EquationComputation computation(formula, curve, view, ratio);
+    int shown = 0;
+    computation.setShownCallback([&shown] { ++shown; });
+    const Job job = computation.makeJob({-4, 4, -3, 3, 400, 300, 6, "x*y-1"});
+    std::atomic<bool> running{true};
+    ASSERT_TRUE(job(JobContext{[](int) {}, running}));
+    // The curve on screen is not touched from the worker's side.
+    EXPECT_EQ(curve.count(), 0);
+    computation.show();
+    EXPECT_EQ(shown, 1);
+    EXPECT_TRUE(curve.shown);
+    EXPECT_EQ(curve.formulaText, "x*y-1");
+    EXPECT_EQ(curve.grid.precisionDigits, 6);
+    EXPECT_EQ(view.xBegin, -4);
+    EXPECT_EQ(view.yBegin, curve.yMin);
+    EXPECT_EQ(view.yEnd, curve.yMax);
+}
+
+}  // namespace
+}  // namespace curvemill

@@ -1,0 +1,274 @@
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QtTest>
+
+#include "engine/Formula.h"
+#include "engine/ui/LogBaseDialog.h"
+#include "equation/EquationComputation.h"
+#include "graph2d/GraphView.h"
+#include "history/HistoryPort.h"
+#include "tests/support/DialogControls.h"
+#include "tests/support/ModalAnswer.h"
+#include "tests/support/RecordingReporter.h"
+#include "twovar/ui/TwoVariableWindow.h"
+#include "worker/ui/Worker.h"
+
+using namespace curvemill;
+using namespace curvemill::testing;
+using namespace Qt::Literals::StringLiterals;
+namespace ids = curvemill::twovar_ids;
+
+namespace {
+
+// Keeps what the window asks of the history.
+class FakeHistory : public HistoryPort {
+  public:
+    void loadAtStartup() override {}
+    bool saveOnExit() override { return true; }
+    void saveNow() override {}
+    bool hasUnsavedEntries() const override { return false; }
+    void setChangedCallback(std::function<void()>) override {}
+    void recordEntry(const TypedEntry& entry) override { recorded.push_back(entry); }
+    void showPreviousEntries(HistoryClient c) override { client = std::move(c); }
+    void showListOfFunctions(HistoryClient) override {}
+    void hideWindows() override { ++hidden; }
+    void runListCommand(int) override {}
+    void setShownKind(EntryKind kind) override { shownKinds.push_back(kind); }
+    int entryCount(EntryKind kind) const override { return kind == EntryKind::Equation ? 1 : 0; }
+
+    std::vector<TypedEntry> recorded;
+    HistoryClient client;
+    std::vector<EntryKind> shownKinds;
+    int hidden = 0;
+};
+
+}  // namespace
+
+class TwoVariableWindowTest : public QObject {
+    Q_OBJECT
+
+    Formula formula;
+    TwoVariableSettings settings;
+    RecordingReporter reporter;
+    Worker worker{reporter};
+    EquationCurve curve;
+    GraphView view;
+    int maxYRatio = 10;
+    EquationComputation equation{formula, curve, view, maxYRatio};
+    FakeHistory history;
+
+    std::unique_ptr<TwoVariableWindow> makeWindow(TwoVariableMode mode) {
+        auto window =
+            std::make_unique<TwoVariableWindow>(formula, settings, worker, nullptr, &equation);
+        window->setHistoryPort(&history);
+        window->prepare(mode);
+        window->show();
+        window->activateWindow();
+        [[maybe_unused]] const bool active = QTest::qWaitForWindowActive(window.get());
+        return window;
+    }
+    static void fill(TwoVariableWindow& window, const QStringList& texts) {
+        const int order[] = {ids::kXBegin, ids::kXEnd, ids::kYBegin, ids::kYEnd, ids::kFormula};
+        for (int i = 0; i < 5; ++i) {
+            retype(window, order[i], texts[i]);
+        }
+    }
+    static void pressOk(TwoVariableWindow& window) {
+        QTest::mouseClick(control<QPushButton>(window, ids::kOk), Qt::LeftButton);
+    }
+
+  private Q_SLOTS:
+    void init() {
+        settings = TwoVariableSettings{};
+        history = FakeHistory{};
+        curve = EquationCurve{};
+        setViewSize(view, 600, 500);
+    }
+
+    void controlsFollowTheMode() {
+        auto window = makeWindow(TwoVariableMode::kSurface);
+        QCOMPARE(window->windowTitle(), u"ThreeD Function"_s);
+        QCOMPARE(control<QLabel>(*window, ids::kFormulaLabel)->text(), u"Z ="_s);
+        QCOMPARE(control<QSpinBox>(*window, ids::kXPointsSpin)->maximum(), 5);
+        QCOMPARE(control<QLabel>(*window, ids::kXPointsLabel)->text(), u"Number of Points: 100"_s);
+        QVERIFY(control(*window, ids::kPrecisionSpin)->isHidden());
+        QVERIFY(!control(*window, ids::kHistory)->isEnabled());  // no surface entries
+
+        window->prepare(TwoVariableMode::kEquation);
+        QCOMPARE(window->windowTitle(), u"Equation"_s);
+        QCOMPARE(control<QLabel>(*window, ids::kFormulaLabel)->text(), u"0="_s);
+        QCOMPARE(control<QSpinBox>(*window, ids::kYPointsSpin)->maximum(), 20);
+        QCOMPARE(control<QSpinBox>(*window, ids::kPrecisionSpin)->maximum(), 15);
+        QCOMPARE(control<QLabel>(*window, ids::kYPointsLabel)->text(), u"Number of Points: 500"_s);
+        QCOMPARE(control<QLabel>(*window, ids::kPrecisionLabel)->text(), u"Precision: 1e-5"_s);
+        QVERIFY(!control(*window, ids::kPrecisionSpin)->isHidden());
+        QVERIFY(control(*window, ids::kHistory)->isEnabled());
+        QVERIFY(!control(*window, ids::kStop)->isEnabled());
+        QVERIFY(control(*window, ids::kProgress)->isHidden());
+        for (int id : {ids::kXBegin, ids::kXEnd, ids::kYBegin, ids::kYEnd, ids::kFormula}) {
+            QCOMPARE(control<QLineEdit>(*window, id)->maxLength(), 99);
+        }
+        QCOMPARE(history.shownKinds.back(), EntryKind::Equation);
+
+        retype(*window, ids::kXPointsEdit, u"12"_s);
+        retype(*window, ids::kPrecisionEdit, u"9"_s);
+        QCOMPARE(control<QLabel>(*window, ids::kXPointsLabel)->text(), u"Number of Points: 1200"_s);
+        QCOMPARE(control<QLabel>(*window, ids::kPrecisionLabel)->text(), u"Precision: 1e-9"_s);
+        QCOMPARE(settings.equationXPoints, 1200);
+        QCOMPARE(settings.precisionDigits, 9);
+        QCOMPARE(settings.surfaceXPoints, 100);
+    }
+
+    void okShowsTheFirstFailureInOrder_data() {
+        QTest::addColumn<QStringList>("texts");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<int>("focused");
+        const QString ok = u"x^2+y^2-1"_s;
+        QTest::newRow("x begin") << QStringList{u"x"_s, u"("_s, u"1"_s, u"0"_s, ok}
+                                 << u"ERROR IN X_BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT"_s
+                                 << ids::kXBegin;
+        QTest::newRow("x end") << QStringList{u"1"_s, u"x"_s, u"1"_s, u"0"_s, ok}
+                               << u"ERROR IN X_END EDIT BOX:\nNUMBER IS NOT A CONSTANT"_s
+                               << ids::kXEnd;
+        QTest::newRow("x order") << QStringList{u"pi"_s, u"pi"_s, u"y"_s, u"0"_s, ok}
+                                 << u"X BEG MUST BE LESS THAN X END"_s << ids::kXEnd;
+        QTest::newRow("y begin") << QStringList{u"-pi"_s, u"2*pi"_s, u"x"_s, u"0"_s, ok}
+                                 << u"ERROR IN Y BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT"_s
+                                 << ids::kYBegin;
+        QTest::newRow("y end") << QStringList{u"-1"_s, u"1"_s, u"1"_s, u"x"_s, ok}
+                               << u"ERROR IN Y END EDIT BOX:\nNUMBER IS NOT A CONSTANT"_s
+                               << ids::kYEnd;
+        QTest::newRow("y order") << QStringList{u"-1"_s, u"1"_s, u"2"_s, u"1"_s, u"z+"_s}
+                                 << u"Y BEG MUST BE LESS THAN Y END"_s << ids::kYEnd;
+        QTest::newRow("formula") << QStringList{u"-1"_s, u"1"_s, u"-1"_s, u"1"_s, u"x+*y"_s}
+                                 << u"ERROR IN FORMULA EDIT BOX:\n"_s << ids::kFormula;
+    }
+    void okShowsTheFirstFailureInOrder() {
+        QFETCH(QStringList, texts);
+        QFETCH(QString, message);
+        QFETCH(int, focused);
+        auto window = makeWindow(TwoVariableMode::kEquation);
+        fill(*window, texts);
+        ModalAnswer answer;
+        QLineEdit* box = control<QLineEdit>(*window, focused);
+        pressOk(*window);
+        const bool selectedWhole = box->hasSelectedText() && box->selectedText() == box->text();
+        QVERIFY(answer.seen);
+        QCOMPARE(answer.icon, QMessageBox::Critical);
+        QVERIFY2(answer.text.startsWith(message), qPrintable(answer.text));
+        QVERIFY(selectedWhole);
+        QCOMPARE(window->focusWidget(), box);
+        QVERIFY(!window->isRunning());
+        QVERIFY(history.recorded.empty());
+        QCOMPARE(settings.kind, '\0');
+    }
+
+    // "Log Base" comes up before the formula is checked, so even a bad formula asks for the base.
+    void logBaseComesBeforeTheCheck() {
+        auto window = makeWindow(TwoVariableMode::kEquation);
+        fill(*window, {u"1"_s, u"2"_s, u"1"_s, u"2"_s, u"log(x+*y"_s});
+        QStringList order;
+        QTimer poll;
+        ModalAnswer* answer = nullptr;
+        connect(&poll, &QTimer::timeout, [&] {
+            if (auto* dialog = qobject_cast<LogBaseDialog*>(QApplication::activeModalWidget())) {
+                order << u"log base"_s;
+                answer = new ModalAnswer;
+                answer->answered = [&order] { order << u"error"_s; };
+                dialog->reject();
+            }
+        });
+        poll.start(5);
+        pressOk(*window);
+        QTRY_COMPARE(order, (QStringList{u"log base"_s, u"error"_s}));
+        QVERIFY(answer->text.startsWith(u"ERROR IN FORMULA EDIT BOX:"_s));
+        delete answer;
+    }
+
+    void historyListFillsTheEdits() {
+        auto window = makeWindow(TwoVariableMode::kEquation);
+        fill(*window, {u"-3"_s, u"3"_s, u"-2"_s, u"2"_s, u"x*y-1"_s});
+        QTest::mouseClick(control<QPushButton>(*window, ids::kHistory), Qt::LeftButton);
+        QVERIFY(history.client.currentInput && history.client.select);
+        const TypedEntry input = history.client.currentInput();
+        QCOMPARE(input.yBegin, std::string("-2"));
+        QCOMPARE(input.section, 'n');
+        history.client.select(TypedEntry{"sin(x)-cos(y)", "-pi", "pi", "-5", "5", 'n'});
+        QCOMPARE(control<QLineEdit>(*window, ids::kFormula)->text(), u"sin(x)-cos(y)"_s);
+        QCOMPARE(control<QLineEdit>(*window, ids::kXBegin)->text(), u"-pi"_s);
+        QCOMPARE(control<QLineEdit>(*window, ids::kYEnd)->text(), u"5"_s);
+        QCOMPARE(window->focusWidget(), control(*window, ids::kOk));
+    }
+
+    // A completed run closes the window with the curve shown; the entry is remembered as the last
+    // one and in the history, and the next opening starts from it.
+    void completedRunShowsTheCurve() {
+        auto window = makeWindow(TwoVariableMode::kEquation);
+        retype(*window, ids::kXPointsEdit, u"2"_s);
+        fill(*window, {u"-2"_s, u"2"_s, u"-2"_s, u"2"_s, u"x^2+y^2-1"_s});
+        QSignalSpy shown(window.get(), &TwoVariableWindow::computationShown);
+        pressOk(*window);
+        QTRY_COMPARE(shown.size(), 1);
+        QCOMPARE(window->result(), int(QDialog::Accepted));
+        QVERIFY(curve.shown && curve.count() > 100);
+        QCOMPARE(curve.grid.xSteps, 200);
+        QCOMPARE(curve.formulaText, std::string("x^2+y^2-1"));
+        QCOMPARE(history.recorded.size(), size_t(1));
+        QCOMPARE(history.recorded[0].yEnd, std::string("2"));
+        QCOMPARE(history.recorded[0].section, 'n');
+        QCOMPARE(settings.kind, 'n');
+        auto again = makeWindow(TwoVariableMode::kEquation);
+        QCOMPARE(control<QLineEdit>(*again, ids::kFormula)->text(), u"x^2+y^2-1"_s);
+        QCOMPARE(control<QLabel>(*again, ids::kXPointsLabel)->text(), u"Number of Points: 200"_s);
+    }
+
+    void stopReenablesTheInputsAndKeepsTheCurve() {
+        curve.solutions = {{5, 5}};
+        curve.shown = true;
+        auto window = makeWindow(TwoVariableMode::kEquation);
+        retype(*window, ids::kXPointsEdit, u"20"_s);
+        retype(*window, ids::kYPointsEdit, u"20"_s);
+        fill(*window, {u"-9"_s, u"9"_s, u"-9"_s, u"9"_s,
+                       u"sin(x*y)^3+cos(x+y)^5-atan(x-y)*ln(2+x^2)-0.3"_s});
+        QSignalSpy repaint(window.get(), &TwoVariableWindow::repaintRequested);
+        pressOk(*window);
+        QVERIFY(window->isRunning());
+        QVERIFY(!control(*window, ids::kOk)->isEnabled());
+        QVERIFY(!control(*window, ids::kFormula)->isEnabled());
+        QVERIFY(!control(*window, ids::kHistory)->isEnabled());
+        QVERIFY(!control(*window, ids::kProgress)->isHidden());
+        QTest::mouseClick(control<QPushButton>(*window, ids::kStop), Qt::LeftButton);
+        QTRY_COMPARE(repaint.size(), 1);
+        QVERIFY(!window->isRunning());
+        QVERIFY(window->isVisible());
+        for (int id : {ids::kOk, ids::kCancel, ids::kFormula, ids::kXPointsSpin, ids::kHistory,
+                       ids::kUsePrompts}) {
+            QVERIFY(control(*window, id)->isEnabled());
+        }
+        QVERIFY(!control(*window, ids::kStop)->isEnabled());
+        QVERIFY(control(*window, ids::kProgress)->isHidden());
+        QCOMPARE(curve.count(), 1);
+    }
+
+    void surfaceWithoutComputationIsCheckedAndRecorded() {
+        auto window = makeWindow(TwoVariableMode::kSurface);
+        fill(*window, {u"-2"_s, u"2"_s, u"-2"_s, u"2"_s, u"sin(x)*cos(y)"_s});
+        QSignalSpy status(window.get(), &TwoVariableWindow::statusMessage);
+        pressOk(*window);
+        QCOMPARE(status.size(), 1);
+        QCOMPARE(history.recorded.size(), size_t(1));
+        QCOMPARE(history.recorded[0].section, 'y');
+        QVERIFY(window->isVisible());
+        QVERIFY(control(*window, ids::kOk)->isEnabled());
+        QTest::mouseClick(control<QPushButton>(*window, ids::kCancel), Qt::LeftButton);
+        QVERIFY(!window->isVisible());
+        QCOMPARE(history.shownKinds.back(), EntryKind::TwoD);
+    }
+};
+
+QTEST_MAIN(TwoVariableWindowTest)
+#include "TwoVariableWindowTest.moc"

@@ -1,0 +1,33 @@
+// What the Equation / ThreeD input window keeps between uses; owned by the application.
+#pragma once
+
+#include <string>
+
+namespace curvemill {
+
+// The window's two modes; the numbers are the ones the window is opened with.
+enum class TwoVariableMode { kSurface = 1, kEquation = 2 };
+
+// History section letters of the two kinds of entry.
+inline constexpr char kSurfaceKindLetter = 'y';
+inline constexpr char kEquationKindLetter = 'n';
+
+struct TwoVariableSettings {
+    // The last accepted entry as typed, and its kind letter (0 before any).
+    std::string xBegin;
+    std::string xEnd;
+    std::string yBegin;
+    std::string yEnd;
+    std::string formula;
+    char kind = 0;
+    // Points along x and y of a surface, multiples of 100 from 100 to 500.
+    int surfaceXPoints = 100;
+    int surfaceYPoints = 100;
+    // Points along x and y of an equation (multiples of 100 from 100 to 2000) and its precision
+    // digits (1 to 15).
+    int equationXPoints = 500;
+    int equationYPoints = 500;
+    int precisionDigits = 5;
+};
+
+}  // namespace curvemill
