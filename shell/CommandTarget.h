@@ -18,6 +18,9 @@ class CommandTarget {
     virtual void setMouseSelect() = 0;
     virtual void demonstrateFailure() = 0;
     virtual void showAbout() = 0;
+    // Help Topics opens the help at its home topic; F1 at the topic of what has the focus.
+    virtual void showHelpTopics() = 0;
+    virtual void showContextHelp() = 0;
     // Find, Find Next and Delete Item: keys of the history list, handed on to it.
     virtual void findInHistory() = 0;
     virtual void findNextInHistory() = 0;

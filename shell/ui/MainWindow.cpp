@@ -18,6 +18,8 @@
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
+#include "help/ui/ContextHelp.h"
+#include "help/ui/HelpViewer.h"
 #include "history/HistoryPort.h"
 #include "shell/CalculatorLocator.h"
 #include "shell/ui/AboutDialog.h"
@@ -63,6 +65,10 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     status_->setObjectName(QStringLiteral("statusText"));
     status_->setMinimumWidth(0);
     statusBar()->addWidget(status_, 2);
+
+    help_ = std::make_unique<HelpViewer>(findInstalledHelpArchive,
+                                         [this] { openProductWebPage(this); });
+    contextHelp_ = std::make_unique<ContextHelp>(*help_);
 
     refreshCommands();
 }
@@ -320,6 +326,14 @@ void MainWindow::demonstrateFailure() {
 void MainWindow::showAbout() {
     AboutDialog about(this);
     about.exec();
+}
+
+void MainWindow::showHelpTopics() {
+    help_->showHelpTopic(kHelpHomeTopic);
+}
+
+void MainWindow::showContextHelp() {
+    contextHelp_->showFor(nullptr);
 }
 
 void MainWindow::findInHistory() {

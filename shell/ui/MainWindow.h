@@ -17,6 +17,8 @@ class QStackedWidget;
 namespace curvemill {
 
 class CommandActions;
+class ContextHelp;
+class HelpViewer;
 class Formula;
 class GraphArea;
 class HistoryPort;
@@ -51,6 +53,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     GraphKind graphKind() const { return kind_; }
     MouseMode mouseMode() const { return mouseMode_; }
     CommandActions& commands() const { return *commands_; }
+    HelpViewer& help() const { return *help_; }
     TitlePage* titlePage() const { return titlePage_; }
     GraphArea* graphArea() const { return graphArea_; }
     QProgressBar* progressBar() const { return progress_; }
@@ -74,6 +77,8 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     void setMouseSelect() override;
     void demonstrateFailure() override;
     void showAbout() override;
+    void showHelpTopics() override;
+    void showContextHelp() override;
     void findInHistory() override;
     void findNextInHistory() override;
     void deleteHistoryItem() override;
@@ -103,6 +108,8 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     QLabel* status_ = nullptr;
     TwoDGraphDialog* mainDialog_ = nullptr;
     TwoDGraphDialog* secondDialog_ = nullptr;
+    std::unique_ptr<HelpViewer> help_;
+    std::unique_ptr<ContextHelp> contextHelp_;
 };
 
 }  // namespace curvemill
