@@ -43,6 +43,8 @@ bool HelpViewer::openArchive() {
         return false;
     }
     engine_ = std::make_unique<QHelpEngine>(collectionDir_->filePath(QStringLiteral("help.qhc")));
+    // The collection is ours to write: it is created empty and the archive registered into it.
+    engine_->setReadOnly(false);
     engine_->setUsesFilterEngine(true);
     if (!engine_->setupData() || !engine_->registerDocumentation(path)) {
         engine_.reset();

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QHelpContentWidget>
 #include <QHelpEngine>
+#include <QHelpIndexModel>
 #include <QHelpIndexWidget>
 #include <QHelpLink>
 #include <QKeySequence>
@@ -79,6 +80,12 @@ QWidget* HelpWindow::buildIndexTab() {
     index->setObjectName(QStringLiteral("helpIndex"));
     connect(indexFilter_, &QLineEdit::textChanged, index,
             [index](const QString& text) { index->filterIndices(text); });
+    // The index is read in the background: a word typed before it was ready is applied then.
+    connect(engine_.indexModel(), &QHelpIndexModel::indexCreated, index, [this, index] {
+        if (!indexFilter_->text().isEmpty()) {
+            index->filterIndices(indexFilter_->text());
+        }
+    });
     // Enter in the box opens the entry the filter has selected.
     connect(indexFilter_, &QLineEdit::returnPressed, index, &QHelpIndexWidget::activateCurrentItem);
     connect(index, &QHelpIndexWidget::documentActivated, this,

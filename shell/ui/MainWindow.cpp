@@ -4,6 +4,7 @@
 #include <utility>
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMessageBox>
@@ -333,7 +334,12 @@ void MainWindow::showHelpTopics() {
 }
 
 void MainWindow::showContextHelp() {
-    contextHelp_->showFor(nullptr);
+    // With nothing of this window focused, the page on show is what the user asks about.
+    QWidget* about = QApplication::focusWidget();
+    if (about == nullptr || about->window() != this || about == this) {
+        about = pages_->currentWidget();
+    }
+    contextHelp_->showFor(about);
 }
 
 void MainWindow::findInHistory() {
