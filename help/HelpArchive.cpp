@@ -10,7 +10,8 @@ std::vector<std::string> helpArchiveCandidates(const std::string& programDir) {
         dir.pop_back();
     }
     const std::string name(kHelpArchiveName);
-    return {dir + "/" + name, dir + "/../share/curvemill/" + name, dir + "/../help/" + name};
+    return {dir + "/" + name, dir + "/../share/curvemill/" + name,
+            dir + "/../../share/curvemill/" + name, dir + "/../help/" + name};
 }
 
 bool HelpArchiveOnce::ready() {

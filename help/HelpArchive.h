@@ -8,7 +8,8 @@
 namespace curvemill {
 
 // The places the archive may be, best first, for a program in `programDir`: beside the program,
-// in the share/curvemill folder of the prefix it was installed into, and in a build tree's help/.
+// in the share/curvemill folder of the prefix it was installed into (from bin/ or from
+// libexec/curvemill/), and in a build tree's help/.
 std::vector<std::string> helpArchiveCandidates(const std::string& programDir);
 
 // Opens the archive on first use and keeps it open; when the first attempt fails, every later

@@ -100,6 +100,7 @@ TEST(HelpArchiveCandidates, BesideTheProgramThenItsInstalledDataThenABuildTree) 
     EXPECT_EQ(helpArchiveCandidates("/usr/bin/"),
               (std::vector<std::string>{"/usr/bin/CurveMillHelp.qch",
                                         "/usr/bin/../share/curvemill/CurveMillHelp.qch",
+                                        "/usr/bin/../../share/curvemill/CurveMillHelp.qch",
                                         "/usr/bin/../help/CurveMillHelp.qch"}));
     EXPECT_EQ(helpArchiveCandidates("").front(), "./CurveMillHelp.qch");
 }
