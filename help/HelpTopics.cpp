@@ -15,7 +15,6 @@ constexpr int kGettingStarted = 1;
 constexpr int kFormulas = 2;
 constexpr int kNumbers = 4;
 constexpr int kFormulaMessages = 5;
-constexpr int kBoxMessages = 6;
 constexpr int kFunctionDialog = 7;
 constexpr int kGraph = 9;
 constexpr int kZoom = 10;
@@ -56,8 +55,8 @@ constexpr std::array kPlaces{
     HelpPlace{kProcTwoDGraphDialog, "1063", to(topic::kHistory)},
     HelpPlace{kProcTwoDGraphDialog, "1037", to(topic::kHistory)},
     HelpPlace{kProcTwoDGraphDialog, "error1003", to(topic::kFormulaMessages)},
-    HelpPlace{kProcTwoDGraphDialog, "error1000", to(topic::kBoxMessages)},
-    HelpPlace{kProcTwoDGraphDialog, "error1002", to(topic::kBoxMessages)},
+    HelpPlace{kProcTwoDGraphDialog, "error1000", to(topic::kFormulaMessages)},
+    HelpPlace{kProcTwoDGraphDialog, "error1002", to(topic::kFormulaMessages)},
     HelpPlace{kProcLogBaseDialog, "", to(topic::kLogarithms, "logbase")},
     HelpPlace{kProcInformationDialog, "", to(topic::kValues)},
     HelpPlace{kProcTwoDCustomizationDialog, "", to(topic::kTwoDCustomization)},

@@ -1,6 +1,7 @@
 #include "help/ui/HelpWindow.h"
 
 #include <QAction>
+#include <QHelpContentItem>
 #include <QHelpContentWidget>
 #include <QHelpEngine>
 #include <QHelpIndexModel>
@@ -31,9 +32,18 @@ HelpWindow::HelpWindow(QHelpEngine& engine, QUrl home, QWidget* parent)
     side_->addTab(contents, tr("&Contents"));
     side_->addTab(buildIndexTab(), tr("&Index"));
     connect(contents, &QHelpContentWidget::linkActivated, this, &HelpWindow::showTopic);
+    // One click on a title opens its topic, as in every help viewer (activation needs two).
+    connect(contents, &QTreeView::clicked, this, [this](const QModelIndex& index) {
+        if (const QHelpContentItem* item = engine_.contentModel()->contentItemAt(index)) {
+            page_->setSource(item->url());
+        }
+    });
     // The tree opens fully once the archive's contents are read.
     connect(engine_.contentModel(), &QHelpContentModel::contentsCreated, contents,
             &QTreeView::expandAll);
+    if (engine_.contentModel()->rowCount() > 0) {
+        contents->expandAll();
+    }
 
     auto* splitter = new QSplitter(Qt::Horizontal, this);
     splitter->addWidget(side_);
