@@ -1,5 +1,11 @@
 // Shows a help topic in the help window, opening the archive on first use; when the archive cannot
 // be found or opened it asks whether to fetch it from the product's web page instead.
+//
+// The help is Qt's compiled help: our HTML topics compiled by qhelpgenerator into one archive at
+// build time, shown with QHelpEngine's contents and index beside a text browser. It gives what a
+// compiled help file gives (one file, contents, index, topics addressed by name and anchor) with
+// widgets of the toolkit we already use; a web browser or QtWebEngine would add a large dependency
+// and leave the program's own window for the user's browser.
 #pragma once
 
 #include <functional>
