@@ -39,8 +39,10 @@ HelpWindow::HelpWindow(QHelpEngine& engine, QUrl home, QWidget* parent)
         }
     });
     // The tree opens fully once the archive's contents are read.
-    connect(engine_.contentModel(), &QHelpContentModel::contentsCreated, contents,
-            &QTreeView::expandAll);
+    connect(engine_.contentModel(), &QHelpContentModel::contentsCreated, this, [this, contents] {
+        contents->expandAll();
+        markInContents();
+    });
     if (engine_.contentModel()->rowCount() > 0) {
         contents->expandAll();
     }
@@ -115,8 +117,12 @@ QWidget* HelpWindow::buildIndexTab() {
 
 void HelpWindow::showTopic(const QUrl& address) {
     page_->setSource(address);
+    markInContents();
+}
+
+void HelpWindow::markInContents() {
     QHelpContentWidget* contents = engine_.contentWidget();
-    const QModelIndex entry = contents->indexOf(address.adjusted(QUrl::RemoveFragment));
+    const QModelIndex entry = contents->indexOf(page_->source().adjusted(QUrl::RemoveFragment));
     if (entry.isValid()) {
         contents->setCurrentIndex(entry);
     }

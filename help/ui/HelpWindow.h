@@ -25,6 +25,8 @@ class HelpWindow : public QWidget {
 
   private:
     QWidget* buildIndexTab();
+    // Selects the shown topic's title in the contents (once they are read, if they are not yet).
+    void markInContents();
 
     QHelpEngine& engine_;
     QUrl home_;

@@ -58,7 +58,7 @@ int main(int argc, char* argv[]) {
     MainWindow window(MainWindowParts{formula, graph, view, reporter, worker});
     history.setDialogParent(&window);
     window.setHistoryPort(&history);
-    window.resize(900, 600);
+    window.resize(720, 480);
     window.show();
     history.loadAtStartup();
     bool ok = save(window, out, "titlepage.png");
