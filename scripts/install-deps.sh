@@ -5,6 +5,8 @@ set -euo pipefail
 packages=(
     build-essential cmake
     qt6-base-dev qt6-svg-dev libgl-dev
+    qt6-tools-dev qt6-tools-dev-tools libqt6sql6-sqlite
+    desktop-file-utils appstream
     libgtest-dev libgmock-dev libbenchmark-dev libmuparser-dev
     fonts-dejavu-core fonts-liberation fontconfig
 )

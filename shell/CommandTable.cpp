@@ -59,7 +59,7 @@ constexpr std::array kCommands{
     // Top level
     CommandRow{40114, M, "", "ThreeD Rotation", "", "", nullptr},
     // Help
-    CommandRow{40115, M, "Help", "Help Topics", "", "", nullptr},
+    CommandRow{40115, M, "Help", "Help Topics", "", "", &T::showHelpTopics},
     CommandRow{40132, M, "Help", "About CurveMill", "", "", &T::showAbout},
     // Toolbar only
     CommandRow{40111, B, "", "Return To Title Page", "", "RETURN TO TITLE PAGE",
@@ -74,7 +74,7 @@ constexpr std::array kCommands{
     CommandRow{40113, K, "", "Select All", "Ctrl+A", "", nullptr},
     CommandRow{40022, K, "", "Find", "Ctrl+F", "", &T::findInHistory},
     CommandRow{40021, K, "", "Delete Item", "Del", "", &T::deleteHistoryItem},
-    CommandRow{40109, K, "", "Help", "F1", "", nullptr},
+    CommandRow{40109, K, "", "Help", "F1", "", &T::showContextHelp},
     CommandRow{40023, K, "", "Find Next", "F3", "", &T::findNextInHistory},
 };
 

@@ -22,6 +22,9 @@ class CommandTarget {
     virtual void saveAsFile() = 0;
     virtual void printGraph() = 0;
     virtual void copySelection() = 0;
+    // Help Topics opens the help at its home topic; F1 at the topic of what has the focus.
+    virtual void showHelpTopics() = 0;
+    virtual void showContextHelp() = 0;
     // Find, Find Next and Delete Item: keys of the history list, handed on to it.
     virtual void findInHistory() = 0;
     virtual void findNextInHistory() = 0;

@@ -15,6 +15,7 @@
 #include "engine/FormulaCheck.h"
 #include "engine/NumberEntry.h"
 #include "engine/Preparation.h"
+#include "engine/ui/EntryErrorBox.h"
 #include "engine/ui/LogBaseDialog.h"
 #include "graph2d/CurveSampler.h"
 #include "graph2d/GraphView.h"
@@ -251,8 +252,13 @@ void TwoDGraphDialog::setRunning(bool running) {
     }
 }
 
-bool TwoDGraphDialog::failEntry(const std::string& message, QLineEdit* box) {
-    QMessageBox::critical(this, QString(), QString::fromStdString(message));
+bool TwoDGraphDialog::failEntry(const std::string& message, QLineEdit* box, bool helpful) {
+    // A refused entry has a Help button explaining its message; the order checks do not.
+    if (helpful) {
+        showEntryError(this, QString::fromStdString(message), box);
+    } else {
+        QMessageBox::critical(this, QString(), QString::fromStdString(message));
+    }
     if (box != nullptr) {
         box->setFocus();
         box->selectAll();
@@ -270,12 +276,12 @@ void TwoDGraphDialog::accept() {
     }
     const NumberReading xBegin = xBeginBox_.read(formula_);
     if (!xBegin.ok) {
-        failEntry(xBegin.message, xBeginEdit_);
+        failEntry(xBegin.message, xBeginEdit_, true);
         return;
     }
     const NumberReading xEnd = xEndBox_.read(formula_);
     if (!xEnd.ok) {
-        failEntry(xEnd.message, xEndEdit_);
+        failEntry(xEnd.message, xEndEdit_, true);
         return;
     }
     if (!(xBegin.value < xEnd.value)) {
@@ -308,7 +314,7 @@ void TwoDGraphDialog::accept() {
             formulaEdit_->setFocus();
             return;
         }
-        failEntry(composeBoxError("FORMULA", formula_.errorText), formulaEdit_);
+        failEntry(composeBoxError("FORMULA", formula_.errorText), formulaEdit_, true);
         return;
     }
     startRun(typed, xBegin.value, xEnd.value);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMessageBox>
@@ -20,6 +21,8 @@
 #include "graph2d/ui/TwoDGraphDialog.h"
 #include "graph3d/ui/SurfaceComputation.h"
 #include "graph3d/ui/SurfaceRedraw.h"
+#include "help/ui/ContextHelp.h"
+#include "help/ui/HelpViewer.h"
 #include "history/HistoryPort.h"
 #include "shell/CalculatorLocator.h"
 #include "shell/ui/AboutDialog.h"
@@ -110,6 +113,10 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
         status_->setText(percent < 100 ? QStringLiteral("Drawing the surface: %1%").arg(percent)
                                        : QStringLiteral("Ready"));
     });
+
+    help_ = std::make_unique<HelpViewer>(findInstalledHelpArchive,
+                                         [this] { openProductWebPage(this); });
+    contextHelp_ = std::make_unique<ContextHelp>(*help_);
 
     refreshCommands();
 }
@@ -480,6 +487,19 @@ void MainWindow::printGraph() {
 
 void MainWindow::copySelection() {
     outputs_->copy();
+}
+
+void MainWindow::showHelpTopics() {
+    help_->showHelpTopic(kHelpHomeTopic);
+}
+
+void MainWindow::showContextHelp() {
+    // With nothing of this window focused, the page on show is what the user asks about.
+    QWidget* about = QApplication::focusWidget();
+    if (about == nullptr || about->window() != this || about == this) {
+        about = pages_->currentWidget();
+    }
+    contextHelp_->showFor(about);
 }
 
 void MainWindow::findInHistory() {

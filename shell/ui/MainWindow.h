@@ -18,6 +18,8 @@ namespace curvemill {
 
 class CommandActions;
 class EquationCommands;
+class ContextHelp;
+class HelpViewer;
 class Formula;
 class GraphArea;
 class GraphOutputs;
@@ -63,6 +65,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     GraphKind graphKind() const { return kind_; }
     MouseMode mouseMode() const { return mouseMode_; }
     CommandActions& commands() const { return *commands_; }
+    HelpViewer& help() const { return *help_; }
     TitlePage* titlePage() const { return titlePage_; }
     GraphArea* graphArea() const { return graphArea_; }
     QProgressBar* progressBar() const { return progress_; }
@@ -96,6 +99,8 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     void printGraph() override;
     void copySelection() override;
     GraphOutputs& outputs() const { return *outputs_; }
+    void showHelpTopics() override;
+    void showContextHelp() override;
     void findInHistory() override;
     void findNextInHistory() override;
     void deleteHistoryItem() override;
@@ -153,6 +158,8 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     TwoDGraphDialog* secondDialog_ = nullptr;
     std::unique_ptr<MathCommands> math_;
     std::unique_ptr<SurfaceComputation> surfaceComputation_;
+    std::unique_ptr<HelpViewer> help_;
+    std::unique_ptr<ContextHelp> contextHelp_;
 };
 
 }  // namespace curvemill

@@ -26,12 +26,18 @@ bool internetConnected() {
     return false;
 }
 
-void openProductWebPage(QWidget* parent) {
-    if (!internetConnected()) {
+void openProductWebPage(QWidget* parent, const WebPageRoute& route) {
+    if (route.connected && !route.connected()) {
         QMessageBox::critical(parent, QStringLiteral("ERROR"), QString::fromLatin1(kMsgNoInternet));
         return;
     }
-    QDesktopServices::openUrl(QUrl(QString::fromLatin1(kProductWebAddress)));
+    const QUrl address(QString::fromLatin1(kProductWebAddress));
+    // The desktop's URL handler (xdg-open on Linux) starts the user's browser; it fails when
+    // there is no handler or no browser behind it.
+    const bool started = route.open ? route.open(address) : QDesktopServices::openUrl(address);
+    if (!started) {
+        QMessageBox::warning(parent, QStringLiteral("ERROR"), QString::fromLatin1(kMsgNoBrowser));
+    }
 }
 
 }  // namespace curvemill

@@ -1,0 +1,22 @@
+#include "engine/ui/EntryErrorBox.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QMessageBox>
+
+namespace curvemill {
+
+void showEntryError(QWidget* dialog, const QString& text, const QWidget* edit) {
+    QMessageBox box(QMessageBox::Critical, QString(), text, QMessageBox::Ok | QMessageBox::Help,
+                    dialog);
+    box.setObjectName(QStringLiteral("error") + (edit != nullptr ? edit->objectName() : QString()));
+    box.setDefaultButton(QMessageBox::Ok);
+    box.setEscapeButton(QMessageBox::Ok);
+    box.exec();
+    if (box.clickedButton() == box.button(QMessageBox::Help)) {
+        QEvent request(QEvent::HelpRequest);
+        QCoreApplication::sendEvent(&box, &request);
+    }
+}
+
+}  // namespace curvemill
