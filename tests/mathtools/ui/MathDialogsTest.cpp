@@ -235,7 +235,7 @@ class MathDialogsTest : public QObject {
 
     void derivativeIsDrawnOnTheWorker() {
         auto dialog = mathDialog("x^3", -2, 2);
-        QSignalSpy drawn(dialog.get(), &MathDialog::derivativeDrawn);
+        QSignalSpy drawn(dialog.get(), &MathDialog::curveAdded);
         QSignalSpy finished(dialog.get(), &MathDialog::runFinished);
         click(*dialog, ids::kDrawDerivative);
         QVERIFY(finished.wait(20000));
@@ -250,6 +250,23 @@ class MathDialogsTest : public QObject {
         }
     }
 
+    void integralCurveIsDrawnOnTheWorker() {
+        auto dialog = mathDialog("x^2", -2, 2);
+        QSignalSpy added(dialog.get(), &MathDialog::curveAdded);
+        QSignalSpy finished(dialog.get(), &MathDialog::runFinished);
+        click(*dialog, ids::kDisplayIntegral);
+        QVERIFY(finished.wait(20000));
+        QVERIFY(finished.first().first().toBool());
+        QCOMPARE(added.count(), 1);
+        QVERIFY(!dialog->isVisible() && !graph().hasDerivative());
+        const Curve& integral = graph().integral;
+        QCOMPARE(integral.pointCount, graph().main.pointCount);
+        for (int i : {0, integral.pointCount / 3, integral.pointCount - 1}) {
+            const double x = integral.points[i].x;
+            QVERIFY(std::fabs(integral.points[i].y - (x * x * x + 8) / 3) < 1e-6);
+        }
+    }
+
     void secondRequestWhileTheWorkerRunsIsRefused() {
         auto dialog = mathDialog("x", -10, 10);
         std::atomic<bool> keep{true};
@@ -261,14 +278,15 @@ class MathDialogsTest : public QObject {
             }
             return true;
         }));
-        for (int id : {ids::kOk, ids::kDrawDerivative}) {
+        for (int id : {ids::kOk, ids::kDrawDerivative, ids::kDisplayIntegral}) {
             ModalAnswer refusal;
             retype(*dialog, ids::kXBegin, u"-1"_s);
             retype(*dialog, ids::kXEnd, u"1"_s);
             click(*dialog, id);
             QCOMPARE(refusal.text, QString::fromLatin1(kMsgWorkerBusy));
         }
-        QVERIFY(!dialog->isRunning() && !view.areaPainted && !graph().hasDerivative());
+        QVERIFY(!dialog->isRunning() && !view.areaPainted && !graph().hasDerivative() &&
+                !graph().hasIntegral());
         release = true;
         QVERIFY(ended.wait(5000));
     }
