@@ -112,7 +112,7 @@ void MathDialog::buildControls() {
     informationButton_ = makeButton(math_ids::kInformation, QStringLiteral("I&nformation..."));
     derivativeButton_ = makeButton(math_ids::kDrawDerivative, QStringLiteral("Draw &Derivative"));
     integralCurveButton_ =
-        makeButton(math_ids::kDisplayIntegral, QStringLiteral("Display &Integral Curve"));
+        makeButton(math_ids::kDisplayIntegral, QStringLiteral("Display Integral &Curve"));
     markButton_ = makeButton(math_ids::kMarkIndefinite, QStringLiteral("&Mark Indefinite Areas"));
 
     auto* integralGroup = new QGroupBox(QStringLiteral("Integral"), this);

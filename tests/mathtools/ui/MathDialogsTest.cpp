@@ -5,10 +5,12 @@
 #include <memory>
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSet>
 #include <QSignalSpy>
 #include <QTreeWidget>
 #include <QtTest>
@@ -71,6 +73,28 @@ class MathDialogsTest : public QObject {
 
   private Q_SLOTS:
     void initTestCase() { installFaultTranslation(); }
+
+    // Alt and a letter reaches one control only when no other control claims the same letter.
+    void everyMnemonicLetterIsUnique() {
+        auto dialog = mathDialog("x", -1, 1);
+        QSet<QChar> letters;
+        const auto claim = [&letters](const QString& text) {
+            const qsizetype at = text.indexOf(u'&');
+            if (at < 0 || at + 1 >= text.size()) {
+                return;
+            }
+            const QChar letter = text.at(at + 1).toLower();
+            QVERIFY2(!letters.contains(letter), qPrintable(text));
+            letters.insert(letter);
+        };
+        for (const QAbstractButton* button : dialog->findChildren<QAbstractButton*>()) {
+            claim(button->text());
+        }
+        for (const QLabel* label : dialog->findChildren<QLabel*>()) {
+            claim(label->text());
+        }
+        QVERIFY(letters.size() >= 10);
+    }
 
     void opensOnTheFirstDefinedStretch() {
         auto dialog = mathDialog("ln(x)", -2, 5);
