@@ -274,23 +274,6 @@ class MathDialogsTest : public QObject {
         }
     }
 
-    void integralCurveIsDrawnOnTheWorker() {
-        auto dialog = mathDialog("x^2", -2, 2);
-        QSignalSpy added(dialog.get(), &MathDialog::curveAdded);
-        QSignalSpy finished(dialog.get(), &MathDialog::runFinished);
-        click(*dialog, ids::kDisplayIntegral);
-        QVERIFY(finished.wait(20000));
-        QVERIFY(finished.first().first().toBool());
-        QCOMPARE(added.count(), 1);
-        QVERIFY(!dialog->isVisible() && !graph().hasDerivative());
-        const Curve& integral = graph().integral;
-        QCOMPARE(integral.pointCount, graph().main.pointCount);
-        for (int i : {0, integral.pointCount / 3, integral.pointCount - 1}) {
-            const double x = integral.points[i].x;
-            QVERIFY(std::fabs(integral.points[i].y - (x * x * x + 8) / 3) < 1e-6);
-        }
-    }
-
     void secondRequestWhileTheWorkerRunsIsRefused() {
         auto dialog = mathDialog("x", -10, 10);
         std::atomic<bool> keep{true};
