@@ -42,7 +42,7 @@ TEST(IntegralCurve, FollowsClosedFormsFromTheStartOfTheRange) {
         ASSERT_TRUE(buildIntegralCurve(g.graph, g.formula, {}));
         const Curve& integral = g.graph.integral;
         ASSERT_EQ(integral.pointCount, g.graph.main.pointCount);
-        EXPECT_EQ(integral.points[0].y, 0.0);
+        EXPECT_EQ(double{integral.points[0].y}, 0.0);
         const double start = c.primitive(c.xBegin);
         const auto exact = [&](double x) { return c.primitive(x) - start; };
         EXPECT_LT(worstError(integral, exact), 1e-6);
@@ -70,7 +70,7 @@ TEST(IntegralCurve, StartsAgainAfterAStretchWithNoValue) {
         }
     }
     ASSERT_GT(firstRight, 0);
-    EXPECT_EQ(integral.points[firstRight].y, 0.0);
+    EXPECT_EQ(double{integral.points[firstRight].y}, 0.0);
     const double x0 = main.points[firstRight].x;
     // The slope is unbounded at the stretch's edges, so the trapezoids lose a little there.
     const auto exact = [&](double x) { return x < 0 ? g(3) - g(-x) : g(x) - g(x0); };
@@ -123,7 +123,7 @@ TEST(IntegralCurve, RestartRule) {
                 EXPECT_TRUE(r.isIndefinite) << i;
             } else {
                 EXPECT_FALSE(r.isIndefinite) << i;
-                EXPECT_EQ(r.y, c.expected[i]) << i;
+                EXPECT_EQ(double{r.y}, c.expected[i]) << i;
             }
         }
     }
