@@ -8,6 +8,7 @@
 #include "engine/Preparation.h"
 #include "graph2d/CurveSampler.h"
 #include "graph2d/DerivativeCurve.h"
+#include "mathtools/IntegralCurve.h"
 
 namespace curvemill::cli {
 
@@ -97,6 +98,7 @@ std::optional<GraphRequest> graphRequest(const ParsedArguments& arguments, std::
     request.xEnd = *xEnd;
     request.points = *points;
     request.derivative = arguments.flag("derivative");
+    request.integralCurve = arguments.flag("integral-curve");
     return request;
 }
 
@@ -139,6 +141,9 @@ std::optional<std::string> computeGraph(const GraphRequest& request, Formula& fo
     }
     if (request.derivative) {
         buildDerivativeCurve(graph, formula, {});
+    }
+    if (request.integralCurve) {
+        buildIntegralCurve(graph, formula, {});
     }
     return std::nullopt;
 }

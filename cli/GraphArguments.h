@@ -34,15 +34,17 @@ struct GraphRequest {
     std::string xEnd;
     int points = 100000;
     bool derivative = false;
+    bool integralCurve = false;
 };
 
-// The request the graph options and FORMULA describe (--second and --derivative when the command
-// has them), or nothing after writing a usage message to `err`.
+// The request the graph options and FORMULA describe (--second, --derivative and --integral-curve
+// when the command has them), or nothing after writing a usage message to `err`.
 std::optional<GraphRequest> graphRequest(const ParsedArguments& arguments, std::string_view command,
                                          std::ostream& err);
 
 // Checks the entries in the order of the Two D Graph dialog and samples the main curve, then the
-// second function and the derivative when asked for. Returns the dialog's message on refusal.
+// second function, the derivative and the integral curve when asked for. Returns the dialog's
+// message on refusal.
 std::optional<std::string> computeGraph(const GraphRequest& request, Formula& formula,
                                         TwoDGraph& graph);
 

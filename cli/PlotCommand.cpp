@@ -36,6 +36,7 @@ CommandSyntax plotSyntax() {
         "file could not be written, 2 wrong command line (an unknown extension too).\n"};
     syntax.options.push_back({"second", "F", "a second function drawn beside the first"});
     syntax.options.push_back({"derivative", "", "also draw the derivative curve"});
+    syntax.options.push_back({"integral-curve", "", "also draw the integral curve"});
     syntax.options.push_back({"grid", "", "draw the grid lines"});
     syntax.options.push_back({"no-smooth", "", "draw the curves without antialiasing"});
     syntax.options.push_back({"size", "WxH", "image size in pixels (default 1024x768)"});

@@ -19,10 +19,15 @@ CommandSyntax sampleSyntax() {
         graphOptions(),
         "With --summary it prints instead the lines 'pointCount N', 'yMin V', 'yMax V',\n"
         "'definedSpan A B' and 'viewY A B' (the view's Y range after the height cap).\n"
+        "With --integral-curve the records are those of the integral curve, the running\n"
+        "integral of the main curve, and the summary adds 'integralY A B' (its lowest and\n"
+        "highest value).\n"
         "Options may come before or after FORMULA.\n"
         "Exit status: 0 sampled, 1 an entry refused (the dialog's message is printed),\n"
         "2 wrong command line.\n"};
     syntax.options.push_back({"summary", "", "print the summary lines instead of the records"});
+    syntax.options.push_back(
+        {"integral-curve", "", "also compute the integral curve and print its records"});
     return syntax;
 }
 
@@ -68,7 +73,7 @@ int runSample(const ParsedArguments& parsed, std::ostream& out, std::ostream& er
         return kExitRefused;
     }
     if (!arguments.flag("summary")) {
-        printRecords(graph.main, out);
+        printRecords(request->integralCurve ? graph.integral : graph.main, out);
         return kExitOk;
     }
     const YRange view = viewYRange(graph);
@@ -78,6 +83,10 @@ int runSample(const ParsedArguments& parsed, std::ostream& out, std::ostream& er
         << "definedSpan " << number(graph.definedSpan.begin) << ' ' << number(graph.definedSpan.end)
         << '\n'
         << "viewY " << number(view.begin) << ' ' << number(view.end) << '\n';
+    if (request->integralCurve) {
+        out << "integralY " << number(graph.integral.yMin) << ' ' << number(graph.integral.yMax)
+            << '\n';
+    }
     return kExitOk;
 }
 

@@ -5,6 +5,7 @@
 #include "engine/Preparation.h"
 #include "graph2d/CurveSampler.h"
 #include "mathtools/Integral.h"
+#include "mathtools/IntegralCurve.h"
 #include "mathtools/PreciseIntegral.h"
 #include "mathtools/RootScan.h"
 
@@ -49,6 +50,15 @@ void BM_IntegratePrecise(benchmark::State& bench) {
     bench.SetLabel(s.state.resultText);
 }
 
+// The integral curve over the same records; after the first run the curve's memory is reused.
+void BM_IntegralCurve(benchmark::State& bench) {
+    IntegralSetup s;
+    for (auto _ : bench) {
+        benchmark::DoNotOptimize(buildIntegralCurve(s.graph, s.formula, {}));
+    }
+    bench.counters["records"] = s.graph.main.pointCount;
+}
+
 void BM_FindRoots(benchmark::State& bench) {
     Formula formula;
     prepareFormula(formula, "x*x-y", 'e');
@@ -64,6 +74,7 @@ void BM_FindRoots(benchmark::State& bench) {
 
 BENCHMARK(BM_IntegrateQuick)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_IntegratePrecise)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_IntegralCurve)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_FindRoots)->Arg(500)->Arg(5000)->Unit(benchmark::kMicrosecond);
 
 }  // namespace

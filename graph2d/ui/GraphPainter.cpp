@@ -13,6 +13,7 @@
 #include "graph2d/GridLayout.h"
 #include "graph2d/GridSteps.h"
 #include "graph2d/IndefiniteStretches.h"
+#include "graph2d/TitlePlacement.h"
 #include "graph2d/ui/FontSubstitutes.h"
 #include "graph2d/ui/GraphPens.h"
 
@@ -250,17 +251,23 @@ void drawTitle(QPainter& painter, const QFont& font, const TwoDGraph& graph, con
     if (title.firstLine.empty()) {
         return;
     }
-    painter.setFont(font);
+    const QString first = QString::fromStdString(title.firstLine);
+    const QString second = QString::fromStdString(title.secondLine);
+    const QFontMetricsF full(font);
+    const TitlePlacement place =
+        placeTitle(view, full.horizontalAdvance(first),
+                   second.isEmpty() ? 0.0 : full.horizontalAdvance(second), full.height());
+    QFont shown = font;
+    if (place.fontScale < 1.0) {
+        shown.setPixelSize(
+            std::max(1, static_cast<int>(std::floor(font.pixelSize() * place.fontScale))));
+    }
+    painter.setFont(shown);
     painter.setPen(graph_colors::kTitle);
-    const QFontMetricsF metrics(font);
-    const double d = std::trunc(2 * view.marginY / view.titleScale);
-    const double x = view.left + d;
-    const double y = (view.top - view.marginY + d) * view.ySign;
-    painter.drawText(QPointF(x, y + metrics.ascent()), QString::fromStdString(title.firstLine));
-    if (!title.secondLine.empty()) {
-        const double second = y + 2 * d + metrics.height();
-        painter.drawText(QPointF(x, second + metrics.ascent()),
-                         QString::fromStdString(title.secondLine));
+    const double ascent = QFontMetricsF(shown).ascent();
+    painter.drawText(QPointF(place.firstX, place.firstTop * view.ySign + ascent), first);
+    if (!second.isEmpty()) {
+        painter.drawText(QPointF(place.secondX, place.secondTop * view.ySign + ascent), second);
     }
 }
 

@@ -18,6 +18,8 @@ inline constexpr int kInformation = 1069;
 inline constexpr int kDrawDerivative = 1075;
 // Marks the stretches where the function has no value.
 inline constexpr int kMarkIndefinite = 1076;
+// Draws the running integral of the function on screen.
+inline constexpr int kDisplayIntegral = 1077;
 // The "Extreme Values" group.
 inline constexpr int kFindExtremes = 1071;
 inline constexpr int kExtremeList = 1072;

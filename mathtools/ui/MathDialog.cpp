@@ -22,6 +22,7 @@
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
 #include "mathtools/Integral.h"
+#include "mathtools/IntegralCurve.h"
 #include "mathtools/MathTexts.h"
 #include "mathtools/PreciseIntegral.h"
 #include "mathtools/ui/ExtremeValuesGroup.h"
@@ -110,6 +111,8 @@ void MathDialog::buildControls() {
     cancelButton_ = makeButton(math_ids::kCancel, QStringLiteral("Cancel"));
     informationButton_ = makeButton(math_ids::kInformation, QStringLiteral("I&nformation..."));
     derivativeButton_ = makeButton(math_ids::kDrawDerivative, QStringLiteral("Draw &Derivative"));
+    integralCurveButton_ =
+        makeButton(math_ids::kDisplayIntegral, QStringLiteral("Display Integral &Curve"));
     markButton_ = makeButton(math_ids::kMarkIndefinite, QStringLiteral("&Mark Indefinite Areas"));
 
     auto* integralGroup = new QGroupBox(QStringLiteral("Integral"), this);
@@ -130,6 +133,7 @@ void MathDialog::buildControls() {
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(informationButton_);
     buttons->addWidget(derivativeButton_);
+    buttons->addWidget(integralCurveButton_);
     buttons->addWidget(markButton_);
     buttons->addStretch(1);
     buttons->addWidget(okButton_);
@@ -146,6 +150,7 @@ void MathDialog::buildControls() {
     connect(cancelButton_, &QPushButton::clicked, this, &MathDialog::reject);
     connect(informationButton_, &QPushButton::clicked, this, &MathDialog::informationRequested);
     connect(derivativeButton_, &QPushButton::clicked, this, &MathDialog::drawDerivative);
+    connect(integralCurveButton_, &QPushButton::clicked, this, &MathDialog::displayIntegralCurve);
     connect(markButton_, &QPushButton::clicked, this, [this] {
         view_.indefiniteMarked = true;
         Q_EMIT graphChanged();
@@ -178,7 +183,7 @@ void MathDialog::takeGraph() {
 void MathDialog::setRunning(bool running) {
     for (QWidget* input : std::initializer_list<QWidget*>{
              xBeginEdit_, xEndEdit_, precise_, okButton_, cancelButton_, informationButton_,
-             derivativeButton_, markButton_, extremes_}) {
+             derivativeButton_, integralCurveButton_, markButton_, extremes_}) {
         input->setEnabled(!running);
     }
     stopButton_->setEnabled(running);
@@ -244,13 +249,21 @@ void MathDialog::accept() {
 }
 
 void MathDialog::drawDerivative() {
+    startCurveRun(Run::kDerivative);
+}
+
+void MathDialog::displayIntegralCurve() {
+    startCurveRun(Run::kIntegralCurve);
+}
+
+void MathDialog::startCurveRun(Run run) {
     if (refuseWhileBusy() || !graph_.main.exists()) {
         return;
     }
-    derivativeRun_.main = graph_.main;
-    derivativeRun_.xBegin = graph_.xBegin;
-    derivativeRun_.xEnd = graph_.xEnd;
-    startRun(Run::kDerivative);
+    curveRun_.main = graph_.main;
+    curveRun_.xBegin = graph_.xBegin;
+    curveRun_.xEnd = graph_.xEnd;
+    startRun(run);
 }
 
 void MathDialog::startRun(Run run) {
@@ -267,7 +280,10 @@ void MathDialog::startRun(Run run) {
         worker_.start(kProcMathDialog, formula_.keepComputing, [this](const JobContext& context) {
             control_.progress = context.progress;
             if (run_ == Run::kDerivative) {
-                return buildDerivativeCurve(derivativeRun_, formula_, control_);
+                return buildDerivativeCurve(curveRun_, formula_, control_);
+            }
+            if (run_ == Run::kIntegralCurve) {
+                return buildIntegralCurve(curveRun_, formula_, control_);
             }
             return integratePrecise(graph_.main, formula_, state_, control_);
         });
@@ -281,8 +297,8 @@ void MathDialog::finishRun(bool completed) {
     const Run run = run_;
     run_ = Run::kNone;
     setRunning(false);
-    if (run == Run::kDerivative) {
-        finishDerivative(completed);
+    if (run == Run::kDerivative || run == Run::kIntegralCurve) {
+        finishCurve(run, completed);
     } else {
         finishPrecise(completed);
     }
@@ -299,14 +315,19 @@ void MathDialog::finishPrecise(bool completed) {
     Q_EMIT graphChanged();
 }
 
-void MathDialog::finishDerivative(bool completed) {
+void MathDialog::finishCurve(Run run, bool completed) {
     if (completed) {
-        graph_.derivative = std::move(derivativeRun_.derivative);
+        if (run == Run::kDerivative) {
+            graph_.derivative = std::move(curveRun_.derivative);
+        } else {
+            graph_.integral = std::move(curveRun_.integral);
+        }
     }
-    derivativeRun_.main.release();
-    derivativeRun_.derivative.release();
+    curveRun_.main.release();
+    curveRun_.derivative.release();
+    curveRun_.integral.release();
     if (completed) {
-        Q_EMIT derivativeDrawn();
+        Q_EMIT curveAdded();
     }
 }
 

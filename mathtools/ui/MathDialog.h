@@ -46,14 +46,16 @@ class MathDialog : public QDialog, public FailureScope {
     void stop();
     // "Draw Derivative": the derivative curve of the function on screen, on the worker.
     void drawDerivative();
+    // "Display Integral Curve": the running integral of the function on screen, on the worker.
+    void displayIntegralCurve();
 
   Q_SIGNALS:
     // The painted area or its text changed: the graph is to be drawn again.
     void graphChanged();
-    // The precise run or the derivative has ended; `completed` is false when it was stopped.
+    // The precise run or a curve's run has ended; `completed` is false when it was stopped.
     void runFinished(bool completed);
-    // A derivative curve was added: the view's ranges are to be chosen again.
-    void derivativeDrawn();
+    // A derivative or integral curve was added: the view's ranges are to be chosen again.
+    void curveAdded();
     void informationRequested();
 
   protected:
@@ -63,12 +65,13 @@ class MathDialog : public QDialog, public FailureScope {
     void buildControls();
     void setRunning(bool running);
     void refuse(const std::string& message);
-    enum class Run { kNone, kIntegral, kDerivative };
+    enum class Run { kNone, kIntegral, kDerivative, kIntegralCurve };
     bool refuseWhileBusy();
     void startRun(Run run);
     void finishRun(bool completed);
     void finishPrecise(bool completed);
-    void finishDerivative(bool completed);
+    void finishCurve(Run run, bool completed);
+    void startCurveRun(Run run);
     void takeGraph();
 
     Formula& formula_;
@@ -85,6 +88,7 @@ class MathDialog : public QDialog, public FailureScope {
     QPushButton* cancelButton_ = nullptr;
     QPushButton* informationButton_ = nullptr;
     QPushButton* derivativeButton_ = nullptr;
+    QPushButton* integralCurveButton_ = nullptr;
     QPushButton* markButton_ = nullptr;
     ExtremeValuesGroup* extremes_ = nullptr;
 
@@ -95,9 +99,10 @@ class MathDialog : public QDialog, public FailureScope {
     IntegralState state_;
     SamplingControl control_;
     Run run_ = Run::kNone;
-    // The derivative is built from a copy of the main curve into a graph of its own, so the
-    // screen, which may repaint meanwhile, never sees a curve the worker is writing.
-    TwoDGraph derivativeRun_;
+    // The derivative and integral curves are built from a copy of the main curve into a graph of
+    // its own, so the screen, which may repaint meanwhile, never sees a curve the worker is
+    // writing.
+    TwoDGraph curveRun_;
     // The sampled graph the boxes and the list were last set up for; another one presets the
     // boxes to its first defined stretch and empties the list.
     std::string seenFormula_;

@@ -22,7 +22,7 @@ MathDialog* MathCommands::mathDialog() {
             new MathDialog(parts_.formula, parts_.graph, parts_.view, parts_.worker, parts_.window);
         mathDialog_->setWindowModality(Qt::WindowModal);
         connect(mathDialog_, &MathDialog::graphChanged, this, [this] { parts_.redraw(); });
-        connect(mathDialog_, &MathDialog::derivativeDrawn, this, [this] { parts_.showNewGraph(); });
+        connect(mathDialog_, &MathDialog::curveAdded, this, [this] { parts_.showNewGraph(); });
         connect(mathDialog_, &MathDialog::informationRequested, this,
                 &MathCommands::openInformation);
     }

@@ -32,6 +32,17 @@ TEST(GraphCli, SummaryLinesAndRecordsAsCsv) {
         run.out.rfind("x,y,isBreak,isIndefinite,isVertex,peakKind\n0,0,0,0,1,0\n1,2,0,0,0,0\n", 0),
         0u);
     EXPECT_NE(run.out.find("\n10,20,0,0,1,0\n"), std::string::npos);
+    // The integral curve of 2*x is x^2, exact for trapezoids; it widens the view up to the cap.
+    run = runCli(words("sample 2*x --x-begin 0 --x-end 10000 --points 10000 --integral-curve"));
+    EXPECT_EQ(
+        run.out.rfind("x,y,isBreak,isIndefinite,isVertex,peakKind\n0,0,0,0,1,0\n1,1,0,0,1,0\n", 0),
+        0u);
+    EXPECT_NE(run.out.find("\n10000,100000000,0,0,1,0\n"), std::string::npos);
+    run =
+        runCli(words("sample 2*x --x-begin 0 --x-end 10000 --points 10000 --integral-curve "
+                     "--summary"));
+    EXPECT_NE(run.out.find("\nviewY 0 100000\nintegralY 0 100000000\n"), std::string::npos)
+        << run.out;
     const CliRun sqrt = runCli(words("sample Sqr(x) --x-begin -1 --x-end 1 --points 10000"));
     EXPECT_NE(sqrt.out.find("-1,0,0,1,1,0\n"), std::string::npos);
 }

@@ -67,6 +67,45 @@ TEST_F(GraphPainterTest, CurveAppearsInItsColourOnWhite) {
     EXPECT_GT(countColour(image, graph_colors::kTitle, QRect(65, 0, 300, 39)), 10);
 }
 
+// The area's value goes beside a short formula and under a long one; either way it stays in the
+// top margin, clear of the plotting area and of the picture's right edge, at any pixel ratio.
+TEST_F(GraphPainterTest, AreaValueStaysInTheTopMargin) {
+    // The title's dark blue, smoothed into the white at its glyphs' edges, stays bluish.
+    const auto titleInk = [](const QImage& image, QRect area) {
+        int n = 0;
+        for (int y = area.top(); y <= area.bottom(); ++y) {
+            for (int x = area.left(); x <= area.right(); ++x) {
+                const QColor c = image.pixelColor(x, y);
+                n += c.blue() > c.red() + 20;
+            }
+        }
+        return n;
+    };
+    for (const char* formula : {"x", "sin(x)/x*80+cos(x)/x*12-tan(x/3)"}) {
+        for (double ratio : {1.0, 2.0}) {
+            SCOPED_TRACE(std::string(formula) + " at ratio " + std::to_string(ratio));
+            TwoDGraph graph;
+            setCurve(graph.main, {point(0, 100), point(10, 100)});  // above the view
+            graph.mainFormulaText = formula;
+            const std::string value = "S(0, 10) =  33.333333333333336";
+            const auto r = [ratio](double v) { return static_cast<int>(v * ratio); };
+            const QRect plotTop(r(68), r(43), r(394), r(40));
+            const QRect rightMargin(r(466), 0, r(64) - 1, r(40) - 1);
+            const QRect titleRows(r(65), 0, r(400), r(40) - 1);
+            // Blanks take the value's place in the fixed-pitch font: the same layout, no glyphs.
+            graph.areaText = std::string(value.size(), ' ');
+            const QImage bare = render(graph, true, ratio);
+            graph.areaText = value;
+            const QImage withArea = render(graph, true, ratio);
+            EXPECT_EQ(titleInk(withArea, plotTop), 0);
+            EXPECT_EQ(titleInk(withArea, rightMargin), 0);
+            // Ten pixels and more per character of the value, not a clipped sliver of it.
+            EXPECT_GT(titleInk(withArea, titleRows), titleInk(bare, titleRows) + r(r(300)))
+                << titleInk(withArea, titleRows) << " " << titleInk(bare, titleRows);
+        }
+    }
+}
+
 TEST_F(GraphPainterTest, NoVerticalLineAcrossAJump) {
     TwoDGraph graph;
     // The records on both sides of the jump at x = 5 carry the break.

@@ -5,10 +5,12 @@
 #include <memory>
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSet>
 #include <QSignalSpy>
 #include <QTreeWidget>
 #include <QtTest>
@@ -71,6 +73,28 @@ class MathDialogsTest : public QObject {
 
   private Q_SLOTS:
     void initTestCase() { installFaultTranslation(); }
+
+    // Alt and a letter reaches one control only when no other control claims the same letter.
+    void everyMnemonicLetterIsUnique() {
+        auto dialog = mathDialog("x", -1, 1);
+        QSet<QChar> letters;
+        const auto claim = [&letters](const QString& text) {
+            const qsizetype at = text.indexOf(u'&');
+            if (at < 0 || at + 1 >= text.size()) {
+                return;
+            }
+            const QChar letter = text.at(at + 1).toLower();
+            QVERIFY2(!letters.contains(letter), qPrintable(text));
+            letters.insert(letter);
+        };
+        for (const QAbstractButton* button : dialog->findChildren<QAbstractButton*>()) {
+            claim(button->text());
+        }
+        for (const QLabel* label : dialog->findChildren<QLabel*>()) {
+            claim(label->text());
+        }
+        QVERIFY(letters.size() >= 10);
+    }
 
     void opensOnTheFirstDefinedStretch() {
         auto dialog = mathDialog("ln(x)", -2, 5);
@@ -235,7 +259,7 @@ class MathDialogsTest : public QObject {
 
     void derivativeIsDrawnOnTheWorker() {
         auto dialog = mathDialog("x^3", -2, 2);
-        QSignalSpy drawn(dialog.get(), &MathDialog::derivativeDrawn);
+        QSignalSpy drawn(dialog.get(), &MathDialog::curveAdded);
         QSignalSpy finished(dialog.get(), &MathDialog::runFinished);
         click(*dialog, ids::kDrawDerivative);
         QVERIFY(finished.wait(20000));
@@ -261,14 +285,15 @@ class MathDialogsTest : public QObject {
             }
             return true;
         }));
-        for (int id : {ids::kOk, ids::kDrawDerivative}) {
+        for (int id : {ids::kOk, ids::kDrawDerivative, ids::kDisplayIntegral}) {
             ModalAnswer refusal;
             retype(*dialog, ids::kXBegin, u"-1"_s);
             retype(*dialog, ids::kXEnd, u"1"_s);
             click(*dialog, id);
             QCOMPARE(refusal.text, QString::fromLatin1(kMsgWorkerBusy));
         }
-        QVERIFY(!dialog->isRunning() && !view.areaPainted && !graph().hasDerivative());
+        QVERIFY(!dialog->isRunning() && !view.areaPainted && !graph().hasDerivative() &&
+                !graph().hasIntegral());
         release = true;
         QVERIFY(ended.wait(5000));
     }

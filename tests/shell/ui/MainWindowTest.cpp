@@ -344,6 +344,27 @@ class MainWindowTest : public QObject {
         QVERIFY(view.indefiniteMarked && action(40033)->isEnabled());
         action(40033)->trigger();
         QVERIFY(!view.indefiniteMarked && !action(40033)->isEnabled());
+
+        // The integral curve of x^2 from -3 climbs to 18 and the view grows to show it; Erase
+        // Integral takes it off with the area, and a new function leaves none behind.
+        QCOMPARE(view.yEnd, 9.0);
+        action(40012)->trigger();
+        control<QPushButton>(*math, math_ids::kOk)->click();
+        QVERIFY(view.areaPainted);
+        action(40012)->trigger();
+        control<QPushButton>(*math, math_ids::kDisplayIntegral)->click();
+        QVERIFY(finished.wait(20000));
+        QVERIFY(graph.hasIntegral() && action(40029)->isEnabled());
+        QVERIFY(qAbs(view.yEnd - 18.0) < 1e-6);
+        action(40029)->trigger();
+        QVERIFY(!graph.hasIntegral() && !view.areaPainted && graph.areaText.empty());
+        QVERIFY(!action(40029)->isEnabled());
+        QCOMPARE(view.yEnd, 9.0);
+        action(40012)->trigger();
+        control<QPushButton>(*math, math_ids::kDisplayIntegral)->click();
+        QVERIFY(finished.wait(20000));
+        QVERIFY(drawWith(false, "x^3"));
+        QVERIFY(!graph.hasIntegral() && !action(40029)->isEnabled());
     }
 
     // The progress bar shows only while the worker runs; an undefined graph is said in the

@@ -1,0 +1,148 @@
+// The integral curve: the running integral of the sampled main curve and where it starts again.
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cmath>
+#include <functional>
+#include <vector>
+
+#include "SampledGraph.h"
+#include "mathtools/IntegralCurve.h"
+
+namespace curvemill {
+namespace {
+
+// The largest difference between the curve and `exact` over its defined records.
+double worstError(const Curve& curve, const std::function<double(double)>& exact) {
+    double worst = 0.0;
+    for (const PlotPoint& r : curve) {
+        if (!r.isIndefinite) {
+            worst = std::max(worst, std::fabs(r.y - exact(r.x)));
+        }
+    }
+    return worst;
+}
+
+struct ClosedForm {
+    const char* formula;
+    double xBegin, xEnd;
+    std::function<double(double)> primitive;
+    double lowest, highest;  // of the integral over the range
+};
+
+TEST(IntegralCurve, FollowsClosedFormsFromTheStartOfTheRange) {
+    const ClosedForm cases[] = {
+        {"x^2", -3, 3, [](double x) { return x * x * x / 3; }, 0, 18},
+        {"cos(x)", 0, 6.283185307179586, [](double x) { return std::sin(x); }, -1, 1},
+        {"e^x", -1, 2, [](double x) { return std::exp(x); }, 0, std::exp(2.0) - std::exp(-1.0)},
+    };
+    for (const ClosedForm& c : cases) {
+        SCOPED_TRACE(c.formula);
+        SampledGraph g(c.formula, c.xBegin, c.xEnd, 100000);
+        ASSERT_TRUE(buildIntegralCurve(g.graph, g.formula, {}));
+        const Curve& integral = g.graph.integral;
+        ASSERT_EQ(integral.pointCount, g.graph.main.pointCount);
+        EXPECT_EQ(double{integral.points[0].y}, 0.0);
+        const double start = c.primitive(c.xBegin);
+        const auto exact = [&](double x) { return c.primitive(x) - start; };
+        EXPECT_LT(worstError(integral, exact), 1e-6);
+        // The extent that widens the view is that of the integral, not of the function.
+        EXPECT_NEAR(integral.yMin, c.lowest, 1e-6);
+        EXPECT_NEAR(integral.yMax, c.highest, 1e-6);
+    }
+}
+
+TEST(IntegralCurve, StartsAgainAfterAStretchWithNoValue) {
+    // Sqr(x^2-1) has no value on (-1, 1); its primitive is (x s - ln(x + s)) / 2, s = Sqr(x^2-1).
+    const auto g = [](double x) {
+        const double s = std::sqrt(x * x - 1);
+        return (x * s - std::log(x + s)) / 2;
+    };
+    SampledGraph sampled("Sqr(x^2-1)", -3, 3, 100000);
+    ASSERT_TRUE(buildIntegralCurve(sampled.graph, sampled.formula, {}));
+    const Curve& main = sampled.graph.main;
+    const Curve& integral = sampled.graph.integral;
+    int firstRight = -1;
+    for (int i = 0; i < main.pointCount; ++i) {
+        EXPECT_EQ(integral.points[i].isIndefinite, main.points[i].isIndefinite) << i;
+        if (firstRight < 0 && main.points[i].x > 0 && !main.points[i].isIndefinite) {
+            firstRight = i;
+        }
+    }
+    ASSERT_GT(firstRight, 0);
+    EXPECT_EQ(double{integral.points[firstRight].y}, 0.0);
+    const double x0 = main.points[firstRight].x;
+    // The slope is unbounded at the stretch's edges, so the trapezoids lose a little there.
+    const auto exact = [&](double x) { return x < 0 ? g(3) - g(-x) : g(x) - g(x0); };
+    EXPECT_LT(worstError(integral, exact), 1e-5);
+}
+
+// Hand-made records: y = 1 at x = 0, 1, 2, ..., with the flags of the rows.
+struct RestartCase {
+    const char* name;
+    std::vector<int> breaks;
+    std::vector<int> indefinite;
+    std::vector<double> expected;  // NAN where the record has no value
+};
+
+TEST(IntegralCurve, RestartRule) {
+    const double n = NAN;
+    const RestartCase cases[] = {
+        {"no flags", {}, {}, {0, 1, 2, 3, 4, 5}},
+        {"jump between 2 and 3", {2, 3}, {}, {0, 1, 2, 0, 1, 2}},
+        {"one-sided break is no jump", {2}, {}, {0, 1, 2, 3, 4, 5}},
+        {"break before a gap", {1}, {2}, {0, 1, n, 0, 1, 2}},
+        {"gap of two", {}, {2, 3}, {0, 1, n, n, 0, 1}},
+        {"nothing defined first", {}, {0}, {n, 0, 1, 2, 3, 4}},
+        {"jump right after a gap", {3, 4}, {2}, {0, 1, n, 0, 0, 1}},
+    };
+    for (const RestartCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        TwoDGraph graph;
+        graph.xBegin = 0;
+        graph.xEnd = 5;
+        graph.main.points.resize(c.expected.size());
+        graph.main.pointCount = static_cast<int>(c.expected.size());
+        for (std::size_t i = 0; i < c.expected.size(); ++i) {
+            graph.main.points[i].x = static_cast<double>(i);
+            graph.main.points[i].y = 1.0;
+        }
+        for (int i : c.breaks) {
+            graph.main.points[i].isBreak = 1;
+        }
+        for (int i : c.indefinite) {
+            graph.main.points[i].isIndefinite = 1;
+            graph.main.points[i].y = 1e308;  // never to be added in
+        }
+        Formula formula;
+        ASSERT_TRUE(buildIntegralCurve(graph, formula, {}));
+        for (std::size_t i = 0; i < c.expected.size(); ++i) {
+            const PlotPoint& r = graph.integral.points[i];
+            EXPECT_EQ(r.isBreak, graph.main.points[i].isBreak) << i;
+            if (std::isnan(c.expected[i])) {
+                EXPECT_TRUE(r.isIndefinite) << i;
+            } else {
+                EXPECT_FALSE(r.isIndefinite) << i;
+                EXPECT_EQ(double{r.y}, c.expected[i]) << i;
+            }
+        }
+    }
+}
+
+TEST(IntegralCurve, StopDropsTheCurveAndNoMainCurveMeansNone) {
+    SampledGraph g("x^2", -3, 3, 10000);
+    g.graph.integral = g.graph.main;  // an older integral curve must not survive a stop
+    std::atomic<bool> stop{true};
+    SamplingControl control;
+    control.stopRequested = &stop;
+    EXPECT_FALSE(buildIntegralCurve(g.graph, g.formula, control));
+    EXPECT_FALSE(g.graph.hasIntegral());
+
+    g.graph.integral = g.graph.main;
+    g.graph.main.release();
+    EXPECT_TRUE(buildIntegralCurve(g.graph, g.formula, {}));
+    EXPECT_FALSE(g.graph.hasIntegral());
+}
+
+}  // namespace
+}  // namespace curvemill
