@@ -9,6 +9,7 @@
 #include "cli/MathCommands.h"
 #include "cli/OutputFile.h"
 #include "cli/Printable.h"
+#include "cli/ViewArguments.h"
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
 #include "engine/NumberEntry.h"
@@ -45,6 +46,9 @@ CommandSyntax surfaceSyntax() {
              {"ny", "N", "intervals along y, 100 to 500 (default 100)"},
              {"mode", "M", "polygons, lines or pixels (default polygons)"},
              {"scheme", "S", "colour scheme r, g, b, c, m, y, 1 (grey) or o (own colour)"},
+             {"rotate", "A,B,C", "turn the figure by A, B and C degrees about x, y and z"},
+             {"view", "H,V",
+              "viewer location: horizontal 1 to 20 (default 5), vertical -20 to 20 (default 3)"},
              {"size", "WxH", "image size in pixels (default 1024x768)"},
              {"depth", "24|8", "bits per pixel of a .bmp file (default 24)"},
              {"output", "FILE", "the image file to write (also -o FILE)"},
@@ -162,9 +166,12 @@ int runSurface(const ParsedArguments& parsed, std::ostream& out, std::ostream& e
                                         {"1", '1'},
                                         {"o", 'o'}},
                                        'r', err);
+    const auto rotation = readRotation(arguments.value("rotate"), err);
+    SurfaceView placedEye;
     int width = 1024;
     int height = 768;
-    if (!typed || !nx || !ny || !mode || !scheme ||
+    if (!typed || !nx || !ny || !mode || !scheme || !rotation ||
+        !readViewerLocation(arguments.value("view"), placedEye, err) ||
         !readImageSize(arguments.value("size"), width, height, "surface", err)) {
         return kExitUsage;
     }
@@ -207,6 +214,10 @@ int runSurface(const ParsedArguments& parsed, std::ostream& out, std::ostream& e
     }
     startNewFigure(scene);
     scene.complete = true;
+    scene.view.horizontalLocation = placedEye.horizontalLocation;
+    scene.view.verticalLocation = placedEye.verticalLocation;
+    setUpView(scene.view, scene.grid);
+    applyRotation(scene.view, *rotation);
     scene.drawing.mode = *mode;
     scene.light.scheme = *scheme;
     if (summary) {

@@ -57,7 +57,7 @@ constexpr std::array kCommands{
     CommandRow{40130, M, "Customization", "Show Drawing Process", "", "SHOW DRAWING PROCESS",
                &T::toggleDrawingProcess},
     // Top level
-    CommandRow{40114, M, "", "ThreeD Rotation", "", "", nullptr},
+    CommandRow{40114, M, "", "ThreeD Rotation", "", "", &T::openThreeDRotation},
     // Help
     CommandRow{40115, M, "Help", "Help Topics", "", "", &T::showHelpTopics},
     CommandRow{40132, M, "Help", "About CurveMill", "", "", &T::showAbout},
@@ -66,8 +66,8 @@ constexpr std::array kCommands{
                &T::returnToTitlePage},
     CommandRow{40063, B, "", "Mouse Move", "", "MOUSE MOVE", &T::setMouseMove},
     CommandRow{40064, B, "", "Mouse Select", "", "MOUSE SELECT", &T::setMouseSelect},
-    CommandRow{40101, B, "", "Rotate Right", "", "ROTATE RIGHT", nullptr},
-    CommandRow{40102, B, "", "Rotate Left", "", "ROTATE LEFT", nullptr},
+    CommandRow{40101, B, "", "Rotate Right", "", "ROTATE RIGHT", &T::rotateRight},
+    CommandRow{40102, B, "", "Rotate Left", "", "ROTATE LEFT", &T::rotateLeft},
     CommandRow{1033, B, "", "Demo Of Exception Handling", "", "DEMO OF EXCEPTION HANDLING",
                &T::demonstrateFailure},
     // Keys only

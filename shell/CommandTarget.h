@@ -51,6 +51,10 @@ class CommandTarget {
     // The Equation input window, and the math tools of the graph on screen.
     virtual void openEquation() = 0;
     virtual void openThreeDGraph() = 0;
+    // Turning the surface: the ThreeD Rotation dialog and the toolbar's steps.
+    virtual void openThreeDRotation() = 0;
+    virtual void rotateRight() = 0;
+    virtual void rotateLeft() = 0;
 };
 
 }  // namespace curvemill

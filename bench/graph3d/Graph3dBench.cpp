@@ -1,5 +1,6 @@
 // Computing 101 x 101 and 501 x 501 surfaces, and one full redraw (projection, colours, filling)
-// of each into a 1920 x 1080 image in each drawing mode.
+// of each into a 1920 x 1080 image in each drawing mode, and one frame of the rotation animation
+// as the screen draws it.
 #include <atomic>
 #include <memory>
 #include <string>
@@ -9,7 +10,9 @@
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
 #include "engine/Preparation.h"
+#include "graph3d/PixelRaster.h"
 #include "graph3d/SurfaceCompute.h"
+#include "graph3d/SurfaceRotation.h"
 #include "graph3d/SurfaceScene.h"
 
 #include <QImage>
@@ -76,6 +79,32 @@ void BM_Redraw(benchmark::State& state) {
     state.SetLabel(std::string(names[which]) + " " + std::to_string(state.range(1) + 1) + "^2");
 }
 BENCHMARK(BM_Redraw)->ArgsProduct({{'a', 'l', 'p'}, {100, 500}})->Unit(benchmark::kMillisecond);
+
+// One frame of the animation on screen: the next angles, the background, and the whole figure
+// drawn through the pixel raster the screen's redraw uses. Arguments: drawing mode, intervals.
+// 50 frames a second are asked for: a frame must take well under 20 ms.
+void BM_AnimationFrame(benchmark::State& state) {
+    Formula formula;
+    const auto scene = computed(kCases[0], static_cast<int>(state.range(1)), formula);
+    scene->drawing.mode = static_cast<char>(state.range(0));
+    QImage image(1920, 1080, QImage::Format_ARGB32_Premultiplied);
+    const PixelBuffer pixels{reinterpret_cast<std::uint32_t*>(image.bits()), image.width(),
+                             image.height(), image.bytesPerLine() / 4};
+    RotationAnimation animation;
+    animation.start({}, RotationAxis::kZ, 30);
+    int frame = 0;
+    for (auto _ : state) {
+        applyRotation(scene->view, animation.anglesAt(frame++ / 50.0));
+        image.fill(Qt::white);
+        RasterSurfaceSink sink(pixels);
+        const DrawingPlan plan = prepareDrawing(*scene, image.width(), image.height());
+        drawLines(*scene, plan, 0, lineCount(*scene, plan.pass), sink);
+        benchmark::DoNotOptimize(image.constBits());
+    }
+    state.SetLabel(std::string(1, static_cast<char>(state.range(0))) + " " +
+                   std::to_string(state.range(1) + 1) + "^2");
+}
+BENCHMARK(BM_AnimationFrame)->ArgsProduct({{'a', 'l', 'p'}, {100}})->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace curvemill

@@ -32,6 +32,7 @@
 #include "shell/ui/GraphOutputs.h"
 #include "shell/ui/MathCommands.h"
 #include "shell/ui/ProductWebPage.h"
+#include "shell/ui/RotationCommands.h"
 #include "shell/ui/TitlePage.h"
 #include "shell/ui/ViewCommands.h"
 #include "twovar/TwoVariableSettings.h"
@@ -107,6 +108,9 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
         mouseMode_ = viewCommands_->settings().selectArea ? MouseMode::Select : MouseMode::Move;
         refreshCommands();
     });
+    rotation_ = new RotationCommands(
+        parts_.surface, *graphArea_->canvas(), [this] { return kind_ == GraphKind::Surface3D; },
+        this);
     // A large surface is drawn over several frames; the status says how far it has come.
     SurfaceRedraw& redraw = graphArea_->canvas()->surfaceRedraw();
     connect(&redraw, &SurfaceRedraw::sliceDrawn, status_, [this](int percent) {
@@ -228,6 +232,7 @@ SurfaceComputation& MainWindow::surfaceComputation() {
 }
 
 void MainWindow::showSurface() {
+    rotation_->newFigure();
     kind_ = GraphKind::Surface3D;
     pages_->setCurrentWidget(graphArea_);
     graphArea_->canvas()->setKind(kind_);
@@ -248,6 +253,7 @@ QString MainWindow::statusText() const {
 }
 
 void MainWindow::showGraph() {
+    rotation_->stopAnimation();
     kind_ = GraphKind::Function2D;
     graphArea_->canvas()->showSurface(nullptr);
     graphArea_->canvas()->setKind(kind_);
@@ -361,6 +367,7 @@ void MainWindow::saveNewEntries() {
 }
 
 void MainWindow::returnToTitlePage() {
+    rotation_->stopAnimation();
     kind_ = GraphKind::TitlePage;
     pages_->setCurrentWidget(titlePage_);
     refreshCommands();
@@ -413,14 +420,17 @@ void MainWindow::setMouseSelect() {
 }
 
 void MainWindow::zoomInX() {
+    rotation_->stopAnimation();
     viewCommands_->zoomIn(ZoomAxis::kX);
 }
 
 void MainWindow::zoomInY() {
+    rotation_->stopAnimation();
     viewCommands_->zoomIn(ZoomAxis::kY);
 }
 
 void MainWindow::zoomInBoth() {
+    rotation_->stopAnimation();
     if (kind_ == GraphKind::Surface3D) {
         zoomSurface(2.0);
         return;
@@ -429,14 +439,17 @@ void MainWindow::zoomInBoth() {
 }
 
 void MainWindow::zoomOutX() {
+    rotation_->stopAnimation();
     viewCommands_->zoomOut(ZoomAxis::kX);
 }
 
 void MainWindow::zoomOutY() {
+    rotation_->stopAnimation();
     viewCommands_->zoomOut(ZoomAxis::kY);
 }
 
 void MainWindow::zoomOutBoth() {
+    rotation_->stopAnimation();
     if (kind_ == GraphKind::Surface3D) {
         zoomSurface(0.5);
         return;
@@ -445,10 +458,12 @@ void MainWindow::zoomOutBoth() {
 }
 
 void MainWindow::restoreZoom() {
+    rotation_->stopAnimation();
     viewCommands_->restore();
 }
 
 void MainWindow::fitToWindow() {
+    rotation_->stopAnimation();
     viewCommands_->fit();
 }
 
@@ -554,11 +569,24 @@ void MainWindow::openEquation() {
     equation_->openWindow(TwoVariableMode::kEquation);
 }
 
+void MainWindow::openThreeDRotation() {
+    rotation_->openDialog();
+}
+
+void MainWindow::rotateRight() {
+    rotation_->rotateRight();
+}
+
+void MainWindow::rotateLeft() {
+    rotation_->rotateLeft();
+}
+
 void MainWindow::openThreeDGraph() {
     equation_->openWindow(TwoVariableMode::kSurface);
 }
 
 void MainWindow::showEquation() {
+    rotation_->stopAnimation();
     kind_ = GraphKind::Equation;
     graphArea_->canvas()->showSurface(nullptr);
     graphArea_->canvas()->setKind(kind_);

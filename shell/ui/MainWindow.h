@@ -25,6 +25,7 @@ class GraphArea;
 class GraphOutputs;
 class HistoryPort;
 class MathCommands;
+class RotationCommands;
 class TitlePage;
 class SurfaceComputation;
 class TwoDGraphDialog;
@@ -126,6 +127,10 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     void openEquation() override;
     void openThreeDGraph() override;
     EquationCommands& equationCommands() const { return *equation_; }
+    void openThreeDRotation() override;
+    void rotateRight() override;
+    void rotateLeft() override;
+    RotationCommands& rotation() const { return *rotation_; }
 
   Q_SIGNALS:
     void titlePageShown();
@@ -152,6 +157,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     TitlePage* titlePage_ = nullptr;
     GraphArea* graphArea_ = nullptr;
     ViewCommands* viewCommands_ = nullptr;
+    RotationCommands* rotation_ = nullptr;
     QProgressBar* progress_ = nullptr;
     QLabel* status_ = nullptr;
     TwoDGraphDialog* mainDialog_ = nullptr;

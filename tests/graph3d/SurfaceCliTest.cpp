@@ -1,6 +1,7 @@
 // The surface command of curvemill-cli: summaries, vertices, the window's messages, the image.
 #include <cstdio>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -103,6 +104,42 @@ TEST(SurfaceCli, WritesAPngOfTheRequestedSizeInEveryMode) {
         EXPECT_EQ(header[1], 'P');
         EXPECT_EQ((header[16] << 24 | header[17] << 16 | header[18] << 8 | header[19]), 640);
         EXPECT_EQ((header[20] << 24 | header[21] << 16 | header[22] << 8 | header[23]), 480);
+    }
+}
+
+std::string renderedBytes(const std::string& options) {
+    const std::string file = ::testing::TempDir() + "graph3d_cli_view.bmp";
+    std::remove(file.c_str());
+    const CliRun run =
+        runCli(words("surface sin(x)*cos(y) --size 240x200 -o " + file + kSquare + options));
+    EXPECT_EQ(run.exitCode, 0) << options << run.err;
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+// --rotate and --view: a full turn or the default location draws the default picture, any other
+// turn or location another; bad values are refused before anything is computed.
+TEST(SurfaceCli, RotateAndViewPlaceTheFigure) {
+    for (const char* bad :
+         {"--rotate 1,2", "--rotate 1,2,3,4", "--rotate a,0,0", "--rotate 1,,3", "--rotate inf,0,0",
+          "--view 0,3", "--view 21,3", "--view 5,21", "--view 5.5,3", "--view 5"}) {
+        SCOPED_TRACE(bad);
+        const CliRun run = runCli(words(std::string("surface x --summary ") + bad + kSquare));
+        EXPECT_EQ(run.exitCode, 2);
+        EXPECT_NE(run.err.find(std::string(bad).substr(2, 4)), std::string::npos) << run.err;
+    }
+    const std::string plain = renderedBytes("");
+    ASSERT_GT(plain.size(), 240u * 200u);
+    const struct {
+        const char* options;
+        bool same;
+    } cases[] = {{" --rotate 0,0,0", true},      {" --rotate 0,0,360", true},
+                 {" --rotate -360,720,0", true}, {" --view 5,3", true},
+                 {" --rotate 0,0,90", false},    {" --rotate 30,0,0", false},
+                 {" --view 9,3", false},         {" --view 5,-2", false}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.options);
+        EXPECT_EQ(renderedBytes(c.options) == plain, c.same);
     }
 }
 

@@ -1,0 +1,44 @@
+// The commands that turn the surface on screen: the ThreeD Rotation dialog, Rotate Right and
+// Rotate Left, and the mouse over the figure.
+#pragma once
+
+#include <functional>
+
+#include <QObject>
+
+namespace curvemill {
+
+class GraphCanvas;
+class RotationDialog;
+class SurfaceMouse;
+class SurfaceRotator;
+struct SurfaceScene;
+
+class RotationCommands : public QObject {
+    Q_OBJECT
+  public:
+    // `surfaceShown` tells whether the canvas shows the surface now; `dialogParent` owns the
+    // dialog.
+    RotationCommands(SurfaceScene& scene, GraphCanvas& canvas, std::function<bool()> surfaceShown,
+                     QWidget* dialogParent);
+
+    SurfaceRotator& rotator() const { return *rotator_; }
+    RotationDialog* dialog() const { return dialog_; }
+    void openDialog();
+    // The toolbar's buttons: a step about the vertical axis, the near side going right or left.
+    void rotateRight();
+    void rotateLeft();
+    // A zoom command, another graph or the title page takes over: the animation ends.
+    void stopAnimation();
+    // A newly computed figure is shown unrotated.
+    void newFigure();
+
+  private:
+    GraphCanvas& canvas_;
+    SurfaceRotator* rotator_;
+    SurfaceMouse* mouse_;
+    QWidget* dialogParent_;
+    RotationDialog* dialog_ = nullptr;
+};
+
+}  // namespace curvemill
