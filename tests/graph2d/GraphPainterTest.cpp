@@ -116,17 +116,6 @@ TEST_F(GraphPainterTest, NoVerticalLineAcrossAJump) {
     EXPECT_GT(countColour(image, graph_colors::kMainFunction, QRect(65, 40, 190, 300)), 100);
 }
 
-TEST_F(GraphPainterTest, SteepSegmentStopsAtTheTopRowAndHighCurvesLeaveNoTrace) {
-    TwoDGraph graph;
-    setCurve(graph.main, {point(1, 0), point(2, 100)});
-    setCurve(graph.second, {point(0, 10), point(5, 20), point(10, 10)});
-    const QImage image = render(graph);
-    const int top = static_cast<int>(view_.top);
-    EXPECT_GT(countColour(image, graph_colors::kMainFunction, QRect(100, top, 10, 1)), 0);
-    EXPECT_EQ(countColour(image, graph_colors::kMainFunction, QRect(0, 0, 530, top)), 0);
-    EXPECT_EQ(countColour(image, graph_colors::kSecondFunction, image.rect()), 0);
-}
-
 TEST_F(GraphPainterTest, AreaAcrossTheAxisIsPaintedInBothColours) {
     TwoDGraph graph;
     setCurve(graph.main, line(101, 0, 10, [](int i) { return i / 10.0 - 5; }));
@@ -181,38 +170,24 @@ TEST_F(GraphPainterTest, DenseTargetsAreDrawnInTheirOwnPixels) {
     const int upper = topRow(1.0);
     ASSERT_GT(upper, 250);
     EXPECT_EQ(topRow(1.0 - 0.5 / 40), upper + 1);
+}
 
-    // Labels keep their size relative to the picture: twice as many device pixels.
+// Labels keep their size relative to the picture (twice as many device pixels at a ratio of 2)
+// and the widths of Courier New.
+TEST_F(GraphPainterTest, LabelFontsScaleWithThePictureAndHaveCourierWidths) {
     const TwoDGraph graph;
     GraphPainter once;
     GraphPainter twice;
-    QImage small(530, 380, QImage::Format_RGB32);
-    QImage large(1060, 760, QImage::Format_RGB32);
-    large.setDevicePixelRatio(2.0);
-    GraphView view = testView();
-    {
-        QPainter p(&small);
-        once.draw(p, graph, view);
-    }
-    {
-        QPainter p(&large);
-        twice.draw(p, graph, view);
+    for (auto [painter, ratio] : {std::pair{&once, 1.0}, std::pair{&twice, 2.0}}) {
+        QImage image(530 * ratio, 380 * ratio, QImage::Format_RGB32);
+        image.setDevicePixelRatio(ratio);
+        GraphView view = testView();
+        QPainter p(&image);
+        painter->draw(p, graph, view);
     }
     EXPECT_NEAR(twice.labelFont().pixelSize(), 2 * once.labelFont().pixelSize(), 1);
     EXPECT_NEAR(twice.titleFont().pixelSize(), 2 * once.titleFont().pixelSize(), 1);
-}
-
-TEST_F(GraphPainterTest, LabelsUseAFontWithTheWidthsOfCourierNew) {
-    TwoDGraph graph;
-    setCurve(graph.main, {point(0, -2), point(10, 2)});
-    GraphPainter painter;
-    QImage image(530, 380, QImage::Format_RGB32);
-    GraphView view = testView();
-    {
-        QPainter p(&image);
-        painter.draw(p, graph, view);
-    }
-    const QFontInfo info(painter.labelFont());
+    const QFontInfo info(once.labelFont());
     EXPECT_TRUE(info.family() == "Courier New" || info.family() == "Liberation Mono")
         << info.family().toStdString();
 }

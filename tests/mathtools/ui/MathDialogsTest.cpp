@@ -118,9 +118,6 @@ class MathDialogsTest : public QObject {
         QTest::addColumn<QString>("to");
         QTest::addColumn<QString>("message");
         QTest::addColumn<int>("focused");
-        QTest::newRow("begin not constant")
-            << u"x"_s << u"2*x"_s << u"30"_s
-            << u"ERROR IN X_BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT"_s << ids::kXBegin;
         QTest::newRow("begin outside") << u"x"_s << u"-11"_s << u""_s
                                        << QString(math_messages::kXBeginOutside) << ids::kXBegin;
         QTest::newRow("end empty") << u"x"_s << u"1"_s << u""_s
