@@ -21,7 +21,10 @@ constexpr int kZoom = 10;
 constexpr int kTwoDCustomization = 11;
 constexpr int kIntegral = 12;
 constexpr int kValues = 13;
+constexpr int kExtremeValues = 14;
+constexpr int kDerivative = 15;
 constexpr int kEquations = 17;
+constexpr int kThreeDGraphs = 18;
 constexpr int kLogarithms = 19;
 constexpr int kThreeDView = 20;
 constexpr int kThreeDColours = 21;
@@ -59,9 +62,13 @@ constexpr std::array kPlaces{
     HelpPlace{kProcTwoDGraphDialog, "error1002", to(topic::kFormulaMessages)},
     HelpPlace{kProcLogBaseDialog, "", to(topic::kLogarithms, "logbase")},
     HelpPlace{kProcInformationDialog, "", to(topic::kValues)},
+    HelpPlace{kProcInformationDialog, "equationInformation", to(topic::kEquations)},
     HelpPlace{kProcTwoDCustomizationDialog, "", to(topic::kTwoDCustomization)},
     HelpPlace{kProcEquationMathDialog, "", to(topic::kEquations)},
     HelpPlace{kProcMathDialog, "", to(topic::kIntegral)},
+    HelpPlace{kProcMathDialog, "extremeValues", to(topic::kExtremeValues)},
+    HelpPlace{kProcMathDialog, "1075", to(topic::kDerivative)},
+    HelpPlace{kProcMathDialog, "1076", to(topic::kDerivative)},
     HelpPlace{kProcTextFindDialog, "", to(topic::kHistoryEditing)},
     HelpPlace{kProcLoadingDialog, "", to(topic::kEntriesFile)},
     HelpPlace{kProcPreviewWindow, "", to(topic::kPrinting)},
@@ -69,6 +76,17 @@ constexpr std::array kPlaces{
     HelpPlace{kProcHistoryWindow, "", to(topic::kHistory)},
     HelpPlace{kProcSaveToFileDialog, "", to(topic::kSaveAsFile)},
     HelpPlace{kProcEquationWindow, "", to(topic::kEquations)},
+    HelpPlace{kProcEquationWindow, "ThreeD", to(topic::kThreeDGraphs)},
+    HelpPlace{kProcEquationWindow, "1117", to(topic::kNumbers)},
+    HelpPlace{kProcEquationWindow, "1119", to(topic::kNumbers)},
+    HelpPlace{kProcEquationWindow, "1120", to(topic::kNumbers)},
+    HelpPlace{kProcEquationWindow, "1121", to(topic::kNumbers)},
+    HelpPlace{kProcEquationWindow, "1122", to(topic::kFormulas)},
+    HelpPlace{kProcEquationWindow, "error1117", to(topic::kFormulaMessages)},
+    HelpPlace{kProcEquationWindow, "error1119", to(topic::kFormulaMessages)},
+    HelpPlace{kProcEquationWindow, "error1120", to(topic::kFormulaMessages)},
+    HelpPlace{kProcEquationWindow, "error1121", to(topic::kFormulaMessages)},
+    HelpPlace{kProcEquationWindow, "error1122", to(topic::kFormulaMessages)},
     HelpPlace{kProcThreeDCustomizationDialog, "", to(topic::kThreeDCustomization)},
     HelpPlace{kProcThreeDColorsDialog, "", to(topic::kThreeDColours)},
     HelpPlace{kProcThreeDVisualEffectsDialog, "", to(topic::kThreeDColours)},

@@ -39,4 +39,13 @@ std::string pointsCsv(const std::vector<CsvCurve>& curves) {
     return text;
 }
 
+std::string verticesCsv(const std::vector<CsvVertex>& vertices) {
+    std::string text = "i,j,x,y,z\r\n";
+    for (const CsvVertex& v : vertices) {
+        text += std::to_string(v.i) + ',' + std::to_string(v.j) + ',' + number(v.x) + ',' +
+                number(v.y) + ',' + number(v.z) + "\r\n";
+    }
+    return text;
+}
+
 }  // namespace curvemill

@@ -21,4 +21,16 @@ struct CsvCurve {
 // back the very doubles; lines end in CR LF, as spreadsheets expect on the clipboard.
 std::string pointsCsv(const std::vector<CsvCurve>& curves);
 
+// One vertex of a surface grid: its indices along x and y and its point in space.
+struct CsvVertex {
+    int i = 0;
+    int j = 0;
+    double x = 0.0;
+    double y = 0.0;
+    double z = 0.0;
+};
+
+// "i,j,x,y,z" and one line per vertex, in the same number format and line ends as pointsCsv.
+std::string verticesCsv(const std::vector<CsvVertex>& vertices);
+
 }  // namespace curvemill

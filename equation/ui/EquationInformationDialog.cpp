@@ -30,6 +30,8 @@ QString idName(int id) {
 EquationInformationPanel::EquationInformationPanel(Formula& formula, const GraphView& view,
                                                    Worker& worker, QWidget* parent)
     : QWidget(parent), formula_(formula), view_(view), worker_(worker) {
+    // Shares the Information dialog's display name; help finds the equation's topic by this name.
+    setObjectName(QStringLiteral("equationInformation"));
     yEdit_ = new QLineEdit(this);
     yEdit_->setObjectName(idName(information_ids::kYForX));
     yEdit_->setMaxLength(99);

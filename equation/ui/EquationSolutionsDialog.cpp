@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeySequence>
@@ -115,6 +116,13 @@ EquationSolutionsDialog::EquationSolutionsDialog(const EquationCurve& curve, QWi
     auto* close = new QPushButton(QStringLiteral("Close"), this);
     close->setObjectName(QString::number(solutions_ids::kClose));
     close->setDefault(true);
+    auto* help = new QPushButton(QStringLiteral("&Help"), this);
+    help->setObjectName(QString::number(solutions_ids::kHelp));
+    help->setAutoDefault(false);
+    connect(help, &QPushButton::clicked, this, [this] {
+        QEvent request(QEvent::HelpRequest);
+        QCoreApplication::sendEvent(this, &request);
+    });
 
     auto* units = new QHBoxLayout;
     units->addWidget(count_, 1);
@@ -125,6 +133,7 @@ EquationSolutionsDialog::EquationSolutionsDialog(const EquationCurve& curve, QWi
     buttons->addWidget(information);
     buttons->addStretch(1);
     buttons->addWidget(close);
+    buttons->addWidget(help);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(units);
     layout->addWidget(table_, 1);

@@ -25,6 +25,7 @@ inline constexpr int kCopy = 1182;
 inline constexpr int kInformation = 1183;
 inline constexpr int kSquares = 1184;
 inline constexpr int kClose = 2;
+inline constexpr int kHelp = 9;
 }  // namespace solutions_ids
 
 // The curve's solutions as rows; the sort role gives the plain number, so columns sort by value.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -45,9 +46,15 @@ TwoDCustomizationDialog::TwoDCustomizationDialog(const TwoDGraph& graph, TwoDSet
     toolbar_->setObjectName(idName(ids::kDisplayToolbar));
     toolbar_->setChecked(settings_.toolbar);
 
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    auto* buttons = new QDialogButtonBox(
+        QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help, this);
     buttons->button(QDialogButtonBox::Ok)->setObjectName(idName(1));
     buttons->button(QDialogButtonBox::Cancel)->setObjectName(idName(2));
+    buttons->button(QDialogButtonBox::Help)->setObjectName(idName(9));
+    connect(buttons, &QDialogButtonBox::helpRequested, this, [this] {
+        QEvent request(QEvent::HelpRequest);
+        QCoreApplication::sendEvent(this, &request);
+    });
     buttons->button(QDialogButtonBox::Ok)->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

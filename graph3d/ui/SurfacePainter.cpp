@@ -32,9 +32,11 @@ QPainterSurfaceSink::QPainterSurfaceSink(QPainter& painter, QSize devicePixels)
     const QPaintDevice* device = painter.device();
     const double ratio =
         device != nullptr && device->devicePixelRatioF() > 0 ? device->devicePixelRatioF() : 1.0;
-    painter.setWorldTransform(QTransform::fromScale(1 / ratio, 1 / ratio));
+    // Combined with the caller's transform and clip: an export of a selected part places the
+    // figure by translating the painter.
+    painter.setWorldTransform(QTransform::fromScale(1 / ratio, 1 / ratio), true);
     painter.setRenderHint(QPainter::Antialiasing, false);
-    painter.setClipRect(QRect(QPoint(0, 0), devicePixels));
+    painter.setClipRect(QRect(QPoint(0, 0), devicePixels), Qt::IntersectClip);
 }
 
 void QPainterSurfaceSink::usePen(std::uint32_t colour) {

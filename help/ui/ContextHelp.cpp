@@ -36,6 +36,13 @@ HelpLink helpLinkForWidget(const QWidget* widget) {
                 return *link;
             }
         }
+        // One window serving two subjects (the input window's equation and surface modes) names
+        // itself after the one it shows.
+        if (!w->objectName().isEmpty()) {
+            if (auto link = exactHelpLink(scope->procedureName(), w->objectName().toStdString())) {
+                return *link;
+            }
+        }
         if (auto link = exactHelpLink(scope->procedureName(), {})) {
             return *link;
         }

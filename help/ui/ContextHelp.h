@@ -15,8 +15,9 @@ namespace curvemill {
 
 class HelpViewer;
 
-// The topic for `widget`: the nearest control with a row of its own in its window, else the
-// window's row, else the same search in the window's owner; the home topic when nothing matches.
+// The topic for `widget`: the nearest control with a row of its own in its window, else the row
+// of the window's own objectName, else the window's row, else the same search in the window's
+// owner; the home topic when nothing matches.
 HelpLink helpLinkForWidget(const QWidget* widget);
 
 // Sends the help request a help button makes: to `about`, the control or window concerned.

@@ -14,6 +14,7 @@ namespace curvemill {
 
 ExtremeValuesGroup::ExtremeValuesGroup(Curve& curve, QWidget* parent)
     : QGroupBox(QStringLiteral("Extreme Values"), parent), curve_(curve) {
+    setObjectName(QStringLiteral("extremeValues"));
     findButton_ = new QPushButton(QStringLiteral("&Find Extreme Values"), this);
     findButton_->setObjectName(QString::number(math_ids::kFindExtremes));
     findButton_->setAutoDefault(false);

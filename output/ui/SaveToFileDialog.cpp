@@ -82,6 +82,13 @@ SaveToFileDialog::SaveToFileDialog(GraphPicture picture, QWidget* parent)
     ok_->setDefault(true);
     cancel_button_ = new QPushButton(QStringLiteral("Cancel"), this);
     cancel_button_->setObjectName(QString::number(save_ids::kCancel));
+    auto* help = new QPushButton(QStringLiteral("&Help"), this);
+    help->setObjectName(QString::number(save_ids::kHelp));
+    help->setAutoDefault(false);
+    connect(help, &QPushButton::clicked, this, [this] {
+        QEvent request(QEvent::HelpRequest);
+        QCoreApplication::sendEvent(this, &request);
+    });
 
     auto* otherRow = new QWidget(this);
     auto* otherLayout = new QHBoxLayout(otherRow);
@@ -99,6 +106,7 @@ SaveToFileDialog::SaveToFileDialog(GraphPicture picture, QWidget* parent)
     right->addStretch(1);
     right->addWidget(ok_);
     right->addWidget(cancel_button_);
+    right->addWidget(help);
     layout->addLayout(right, 1, 1);
     layout->addWidget(progress_, 2, 0, 1, 2);
 

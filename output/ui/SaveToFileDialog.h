@@ -36,6 +36,7 @@ inline constexpr int kProgress = 1089;
 inline constexpr int kSizeText = 1090;
 inline constexpr int kOk = 1;
 inline constexpr int kCancel = 2;
+inline constexpr int kHelp = 9;
 }  // namespace save_ids
 
 // Our own message, shown when the file could not be written.

@@ -13,6 +13,7 @@
 #include "output/ui/GraphPrinting.h"
 #include "output/ui/SaveToFileDialog.h"
 #include "shell/ui/GraphArea.h"
+#include "shell/ui/KindPictures.h"
 
 namespace curvemill {
 
@@ -103,12 +104,38 @@ GraphPicture GraphOutputs::picture() const {
                       devicePixels(selected->width()), devicePixels(selected->height()));
         }
     }
-    const TwoDGraph& graph = graph_;
+    const GraphKind kind = others_.shownKind ? others_.shownKind() : GraphKind::Function2D;
+    if (kind == GraphKind::Surface3D && others_.surface != nullptr) {
+        // The figure is fitted to the window, not scrolled: its whole is what the window shows.
+        // The screen's copy is drawn afresh too, since on screen it may still be coming in
+        // slices; the same routine at the same size gives the same pixels.
+        SurfaceScene* scene = others_.surface;
+        picture.draw = surfaceDrawing(*scene);
+        picture.screenPixels = nullptr;
+        picture.documentSize = picture.screenSize;
+        const QSize screen = picture.screenSize;
+        picture.pointsCsv = [scene, screen](const QRect& part) {
+            return surfaceVerticesCsv(*scene, screen, part);
+        };
+        return picture;
+    }
+    const auto logicalPart = [ratio](const QRect& part) {
+        return QRectF(part.x() / ratio, part.y() / ratio, part.width() / ratio,
+                      part.height() / ratio);
+    };
     const GraphView& view = view_;
-    picture.pointsCsv = [&graph, &view, ratio](const QRect& part) {
-        const QRectF logical(part.x() / ratio, part.y() / ratio, part.width() / ratio,
-                             part.height() / ratio);
-        return twoDPointsCsv(graph, view, logical);
+    if (kind == GraphKind::Equation && others_.equation != nullptr &&
+        others_.equationLook != nullptr) {
+        const EquationCurve& curve = *others_.equation;
+        picture.draw = equationDrawing(curve, *others_.equationLook, view_);
+        picture.pointsCsv = [&curve, &view, logicalPart](const QRect& part) {
+            return equationPointsCsv(curve, view, logicalPart(part));
+        };
+        return picture;
+    }
+    const TwoDGraph& graph = graph_;
+    picture.pointsCsv = [&graph, &view, logicalPart](const QRect& part) {
+        return twoDPointsCsv(graph, view, logicalPart(part));
     };
     return picture;
 }

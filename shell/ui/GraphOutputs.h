@@ -9,6 +9,7 @@
 #include <QString>
 
 #include "output/ui/GraphPicture.h"
+#include "shell/GraphKind.h"
 
 class QPrinter;
 class QWidget;
@@ -16,7 +17,10 @@ class QWidget;
 namespace curvemill {
 
 class GraphArea;
+struct EquationCurve;
+struct EquationLook;
 struct GraphView;
+struct SurfaceScene;
 struct TwoDGraph;
 
 // The 2D graph's drawing for any target: the screen's view (or the whole zoomed graph) laid out
@@ -25,6 +29,15 @@ GraphDrawing twoDGraphDrawing(const TwoDGraph& graph, const GraphView& view);
 
 // The view of the whole graph at the screen's zoom, unscrolled: the "document" of a zoomed graph.
 GraphView twoDDocumentView(const GraphView& view);
+
+// The graphs besides the 2D one and which of them is shown; the output side gets the drawing of
+// the shown kind.
+struct OtherGraphs {
+    std::function<GraphKind()> shownKind;
+    const EquationCurve* equation = nullptr;
+    const EquationLook* equationLook = nullptr;
+    SurfaceScene* surface = nullptr;
+};
 
 // The 2D curves' points whose pixels lie inside `part` of a screen laid out as `view` (in its
 // logical pixels) and inside its plotting area, as CSV.
@@ -39,6 +52,7 @@ class GraphOutputs {
     void setSelectionSource(std::function<std::optional<QRect>()> selection) {
         selection_ = std::move(selection);
     }
+    void setOtherGraphs(OtherGraphs others) { others_ = std::move(others); }
     // The graph on screen as the output side sees it.
     GraphPicture picture() const;
 
@@ -52,6 +66,7 @@ class GraphOutputs {
     GraphArea& area_;
     QWidget* window_;
     std::function<std::optional<QRect>()> selection_;
+    OtherGraphs others_;
     // Kept between saves and prints, as the user left them.
     QString fileName_ = QStringLiteral("Graph.bmp");
     std::unique_ptr<QPrinter> printer_;

@@ -71,6 +71,8 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     equation_ = new EquationCommands(parts_.formula, parts_.view, parts_.worker, parts_.graph,
                                      parts_.equation, parts_.twoVariable, this);
     graphArea_->canvas()->setEquation(&equation_->curve(), &equation_->look());
+    outputs_->setOtherGraphs(
+        {[this] { return kind_; }, &equation_->curve(), &equation_->look(), &parts_.surface});
     equation_->setSurfaceComputation(&surfaceComputation());
     connect(equation_, &EquationCommands::shown, this, &MainWindow::showEquation);
     connect(equation_, &EquationCommands::repaintRequested, this, [this] { graphArea_->redraw(); });

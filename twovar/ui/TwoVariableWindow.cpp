@@ -18,6 +18,7 @@
 #include "engine/FormulaCheck.h"
 #include "engine/NumberEntry.h"
 #include "engine/Preparation.h"
+#include "engine/ui/EntryErrorBox.h"
 #include "engine/ui/LogBaseDialog.h"
 #include "history/HistoryPort.h"
 #include "worker/ui/Worker.h"
@@ -147,6 +148,7 @@ void TwoVariableWindow::buildControls() {
     stopButton_ = makeButton(twovar_ids::kStop, QStringLiteral("Stop"));
     cancelButton_ = makeButton(twovar_ids::kCancel, QStringLiteral("Cancel"));
     historyButton_ = makeButton(twovar_ids::kHistory, QStringLiteral("History"));
+    auto* helpButton = makeButton(twovar_ids::kHelp, QStringLiteral("&Help"));
 
     auto* ranges = new QGridLayout;
     auto addRange = [this, ranges](int row, int column, const QString& text, QLineEdit* edit) {
@@ -188,6 +190,7 @@ void TwoVariableWindow::buildControls() {
     buttons->addWidget(okButton_);
     buttons->addWidget(stopButton_);
     buttons->addWidget(cancelButton_);
+    buttons->addWidget(helpButton);
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(ranges);
@@ -197,6 +200,10 @@ void TwoVariableWindow::buildControls() {
     layout->addLayout(buttons);
 
     connect(okButton_, &QPushButton::clicked, this, &TwoVariableWindow::accept);
+    connect(helpButton, &QPushButton::clicked, this, [this] {
+        QEvent request(QEvent::HelpRequest);
+        QCoreApplication::sendEvent(this, &request);
+    });
     connect(stopButton_, &QPushButton::clicked, this, &TwoVariableWindow::stop);
     connect(cancelButton_, &QPushButton::clicked, this, &TwoVariableWindow::reject);
     connect(historyButton_, &QPushButton::clicked, this, &TwoVariableWindow::showPreviousEntries);
@@ -207,6 +214,8 @@ void TwoVariableWindow::prepare(TwoVariableMode mode) {
     mode_ = mode;
     const bool surface = mode == TwoVariableMode::kSurface;
     setWindowTitle(surface ? QStringLiteral("ThreeD Function") : QStringLiteral("Equation"));
+    // Help tells the modes apart by this name.
+    setObjectName(surface ? QStringLiteral("ThreeD") : QStringLiteral("Equation"));
     formulaLabel_->setText(surface ? QStringLiteral("Z =") : QStringLiteral("0="));
     for (QWidget* precision :
          {static_cast<QWidget*>(precisionSpin_), static_cast<QWidget*>(precisionLabel_),
@@ -314,12 +323,18 @@ void TwoVariableWindow::setInputsEnabled(bool enabled) {
     }
 }
 
-// Every box carries the error icon; the range and formula boxes are to get a help button too once
-// the help topics exist.
+// Every box carries the error icon; a refused range or formula also has a Help button explaining
+// its message, the ordering messages need none.
 void TwoVariableWindow::fail(const QString& message, QLineEdit* box) {
     box->setFocus();
     box->selectAll();
     QMessageBox::critical(this, QString(), message);
+}
+
+void TwoVariableWindow::refuse(const QString& message, QLineEdit* box) {
+    box->setFocus();
+    box->selectAll();
+    showEntryError(this, message, box);
 }
 
 void TwoVariableWindow::accept() {
@@ -335,22 +350,22 @@ void TwoVariableWindow::accept() {
     };
     const NumberReading xBegin = read(xBeginEdit_, "X_BEG");
     if (!xBegin.ok) {
-        return fail(QString::fromStdString(xBegin.message), xBeginEdit_);
+        return refuse(QString::fromStdString(xBegin.message), xBeginEdit_);
     }
     const NumberReading xEnd = read(xEndEdit_, "X_END");
     if (!xEnd.ok) {
-        return fail(QString::fromStdString(xEnd.message), xEndEdit_);
+        return refuse(QString::fromStdString(xEnd.message), xEndEdit_);
     }
     if (!(xBegin.value < xEnd.value)) {
         return fail(QString::fromLatin1(kMsgXBegNotLess), xEndEdit_);
     }
     const NumberReading yBegin = read(yBeginEdit_, "Y BEG");
     if (!yBegin.ok) {
-        return fail(QString::fromStdString(yBegin.message), yBeginEdit_);
+        return refuse(QString::fromStdString(yBegin.message), yBeginEdit_);
     }
     const NumberReading yEnd = read(yEndEdit_, "Y END");
     if (!yEnd.ok) {
-        return fail(QString::fromStdString(yEnd.message), yEndEdit_);
+        return refuse(QString::fromStdString(yEnd.message), yEndEdit_);
     }
     if (!(yBegin.value < yEnd.value)) {
         return fail(QString::fromLatin1(kMsgYBegNotLess), yEndEdit_);
@@ -370,8 +385,8 @@ void TwoVariableWindow::accept() {
             formulaEdit_->setFocus();
             return;
         }
-        return fail(QString::fromStdString(composeBoxError("FORMULA", formula_.errorText)),
-                    formulaEdit_);
+        return refuse(QString::fromStdString(composeBoxError("FORMULA", formula_.errorText)),
+                      formulaEdit_);
     }
     settings_.xBegin = xBeginEdit_->text().toStdString();
     settings_.xEnd = xEndEdit_->text().toStdString();

@@ -47,6 +47,7 @@ inline constexpr int kOk = 1;
 inline constexpr int kStop = 1126;
 inline constexpr int kCancel = 2;
 inline constexpr int kHistory = 1136;
+inline constexpr int kHelp = 9;
 inline constexpr int kUsePrompts = 1049;
 }  // namespace twovar_ids
 
@@ -103,6 +104,7 @@ class TwoVariableWindow : public QDialog, public FailureScope {
     void spinChanged();
     void setInputsEnabled(bool enabled);
     void fail(const QString& message, QLineEdit* box);
+    void refuse(const QString& message, QLineEdit* box);
     void showPreviousEntries();
     TypedEntry currentInput() const;
     TwoVariableComputation* computation() const;

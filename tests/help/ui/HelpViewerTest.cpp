@@ -20,9 +20,12 @@
 #include "help/ui/HelpBrowser.h"
 #include "help/ui/HelpViewer.h"
 #include "help/ui/HelpWindow.h"
+#include "output/ui/SaveToFileDialog.h"
 #include "tests/support/DialogControls.h"
 #include "tests/support/ModalAnswer.h"
 #include "tests/support/RecordingReporter.h"
+#include "twovar/TwoVariableSettings.h"
+#include "twovar/ui/TwoVariableWindow.h"
 #include "worker/ui/Worker.h"
 
 using namespace curvemill;
@@ -161,6 +164,59 @@ class HelpViewerTest : public QObject {
         QVERIFY(box.text.endsWith(u"INVALID ENTRY"_s));
         QVERIFY(shownTopic(viewer).endsWith(u"/file5.htm"_s));
         QVERIFY(!dialog.isRunning());
+    }
+
+    // The input window's modes have topics of their own; its boxes, error boxes and Help button
+    // reach theirs, and so does the Save To File dialog.
+    void inputWindowAndSaveDialogOpenTheirTopics() {
+        Formula formula;
+        TwoVariableSettings settings;
+        RecordingReporter reporter;
+        Worker worker{reporter};
+        HelpViewer viewer(archivePath, [] {});
+        ContextHelp contextHelp(viewer);
+        TwoVariableWindow input(formula, settings, worker, nullptr, nullptr);
+
+        struct Case {
+            TwoVariableMode mode;
+            int box;
+            const char* topic;
+        };
+        for (const Case& c :
+             {Case{TwoVariableMode::kSurface, twovar_ids::kUsePrompts, "/file18.htm"},
+              Case{TwoVariableMode::kEquation, twovar_ids::kUsePrompts, "/file17.htm"},
+              Case{TwoVariableMode::kSurface, twovar_ids::kFormula, "/file2.htm"},
+              Case{TwoVariableMode::kEquation, twovar_ids::kYEnd, "/file4.htm"}}) {
+            input.prepare(c.mode);
+            input.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&input));
+            QWidget* box = input.findChild<QWidget*>(QString::number(c.box));
+            box->setFocus();
+            QTest::keyClick(box, Qt::Key_F1);
+            QVERIFY2(shownTopic(viewer).endsWith(QLatin1String(c.topic)), c.topic);
+        }
+        input.prepare(TwoVariableMode::kSurface);
+        control<QPushButton>(input, twovar_ids::kHelp)->click();
+        QVERIFY(shownTopic(viewer).endsWith(u"/file18.htm"_s));
+
+        retype(input, twovar_ids::kFormula, u"x*"_s);
+        ModalAnswer box(QMessageBox::Help);
+        control<QPushButton>(input, twovar_ids::kOk)->click();
+        QVERIFY(box.seen);
+        QVERIFY(box.text.startsWith(u"ERROR IN FORMULA EDIT BOX"_s));
+        QVERIFY(shownTopic(viewer).endsWith(u"/file5.htm"_s));
+        input.hide();
+
+        GraphPicture picture;
+        picture.screenSize = picture.documentSize = QSize(200, 100);
+        SaveToFileDialog save(picture);
+        save.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&save));
+        QTest::keyClick(&save, Qt::Key_F1);
+        QVERIFY(shownTopic(viewer).endsWith(u"/file27.htm"_s));
+        viewer.showHelpTopic(1, nullptr);
+        control<QPushButton>(save, save_ids::kHelp)->click();
+        QVERIFY(shownTopic(viewer).endsWith(u"/file27.htm"_s));
     }
 };
 

@@ -1,0 +1,77 @@
+#include "shell/ui/KindPictures.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QPainter>
+
+#include "equation/EquationCurve.h"
+#include "equation/ui/EquationPainter.h"
+#include "graph2d/GraphView.h"
+#include "graph2d/ui/GraphPainter.h"
+#include "graph2d/ui/GraphPens.h"
+#include "graph3d/SurfaceDrawing.h"
+#include "graph3d/ui/SurfacePainter.h"
+#include "output/PointsCsv.h"
+#include "shell/ui/GraphOutputs.h"
+
+namespace curvemill {
+
+GraphDrawing equationDrawing(const EquationCurve& curve, const EquationLook& look,
+                             const GraphView& view) {
+    return [&curve, &look, &view](QPainter& painter, QSize pixels, PictureExtent extent) {
+        if (!curve.shown) {
+            return;
+        }
+        const GraphView base = extent == PictureExtent::Document ? twoDDocumentView(view) : view;
+        GraphView target = scaledView(base, pixels.width() / std::max(1.0, base.width));
+        // A painter of its own: the screen's keeps fonts sized for the screen.
+        GraphPainter graphPainter;
+        EquationPainter equationPainter;
+        equationPainter.draw(graphPainter, painter, curve, target, look);
+    };
+}
+
+std::string equationPointsCsv(const EquationCurve& curve, const GraphView& view,
+                              const QRectF& part) {
+    const QRectF shown =
+        part.intersected(QRectF(view.left, view.top, view.visibleWidth(), view.visibleHeight()));
+    CsvCurve taken{curve.formulaText + " = 0", {}};
+    if (curve.shown) {
+        for (const SolutionPoint& point : curve.solutions) {
+            if (std::isfinite(point.x) && std::isfinite(point.y) &&
+                shown.contains(view.toPixelX(point.x), view.toPixelY(point.y))) {
+                taken.points.push_back({point.x, point.y});
+            }
+        }
+    }
+    return pointsCsv({taken});
+}
+
+GraphDrawing surfaceDrawing(SurfaceScene& scene) {
+    return [&scene](QPainter& painter, QSize pixels, PictureExtent) {
+        painter.fillRect(QRect(QPoint(0, 0), pixels), graph_colors::kBackground);
+        paintSurface(painter, scene, pixels);
+    };
+}
+
+std::string surfaceVerticesCsv(SurfaceScene& scene, QSize screen, const QRect& part) {
+    std::vector<CsvVertex> vertices;
+    SurfaceGrid& grid = scene.grid;
+    if (scene.complete && grid.allocated() && !screen.isEmpty()) {
+        // Projecting every vertex for the screen's size puts each where the screen shows it.
+        prepareDrawing(scene, screen.width(), screen.height());
+        for (int i = 0; i <= grid.nx; ++i) {
+            for (int j = 0; j <= grid.ny; ++j) {
+                const SurfaceVertex& v = grid.vertex(i, j);
+                const ScreenPoint at = grid.screen(i, j);
+                if (v.indefinite == 0 && part.contains(at.x, at.y)) {
+                    vertices.push_back({i, j, v.x, v.y, v.z});
+                }
+            }
+        }
+    }
+    return verticesCsv(vertices);
+}
+
+}  // namespace curvemill

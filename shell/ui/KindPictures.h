@@ -1,0 +1,37 @@
+// The drawing routine and the CSV of the equation curve and of the surface, for Save As File,
+// Print and Copy: each kind is drawn again by its own painter at the target's pixels.
+#pragma once
+
+#include <string>
+
+#include <QRect>
+
+#include "output/ui/GraphPicture.h"
+
+namespace curvemill {
+
+struct EquationCurve;
+struct EquationLook;
+struct GraphView;
+struct SurfaceScene;
+
+// The equation laid out like the 2D graph: the screen's view or, for the document, the whole
+// zoomed graph unscrolled. The dots, squares and the ringed point come out as on screen.
+GraphDrawing equationDrawing(const EquationCurve& curve, const EquationLook& look,
+                             const GraphView& view);
+
+// The solution points whose pixels lie inside `part` of a screen laid out as `view` (logical
+// pixels) and inside its plotting area, as CSV under the name "<F> = 0".
+std::string equationPointsCsv(const EquationCurve& curve, const GraphView& view,
+                              const QRectF& part);
+
+// The surface has no scrolled document: every extent is the window's figure, fitted to the
+// target as on screen, on the screen's background.
+GraphDrawing surfaceDrawing(SurfaceScene& scene);
+
+// The defined vertices (i, j, x, y, z) whose points on a screen of `screen` device pixels lie
+// inside `part` (device pixels). Rewrites the scene's screen points for that target, as any
+// drawing does.
+std::string surfaceVerticesCsv(SurfaceScene& scene, QSize screen, const QRect& part);
+
+}  // namespace curvemill
