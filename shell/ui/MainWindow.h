@@ -29,6 +29,7 @@ class TitlePage;
 class SurfaceComputation;
 class TwoDGraphDialog;
 class ViewCommands;
+class SurfaceCommands;
 class Worker;
 struct EquationCurve;
 struct GraphView;
@@ -122,6 +123,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     void undoStretch() override;
     void openTwoDCustomization() override;
     void toggleDrawingProcess() override;
+    void openThreeDCustomization() override;
     ViewCommands& viewCommands() const { return *viewCommands_; }
     void openEquation() override;
     void openThreeDGraph() override;
@@ -152,6 +154,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     TitlePage* titlePage_ = nullptr;
     GraphArea* graphArea_ = nullptr;
     ViewCommands* viewCommands_ = nullptr;
+    std::unique_ptr<SurfaceCommands> surfaceCommands_;
     QProgressBar* progress_ = nullptr;
     QLabel* status_ = nullptr;
     TwoDGraphDialog* mainDialog_ = nullptr;
