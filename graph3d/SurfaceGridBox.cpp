@@ -95,13 +95,18 @@ GridBox layoutGridBox(const SurfaceView& view, const SurfaceGrid& grid) {
             }
         }
     }
-    // The x and y values along the bottom edges nearest the eye, the z values up the vertical
-    // edge at the front of the x labels' row, where the surface hides them least.
+    // The x and y values along the edges nearest the eye of the horizontal back face (the floor
+    // seen from above, the lid seen from below), the z values up the vertical edge at the end of
+    // the x values' row, where the surface hides them least. The corner the x and y rows share
+    // takes only its x value.
     const Vec3 middle{(lo[0] + hi[0]) / 2, (lo[1] + hi[1]) / 2, (lo[2] + hi[2]) / 2};
     for (int a = 0; a < 2; ++a) {
         const int b = 1 - a;
         for (double v : values[a]) {
-            const Vec3 anchor = point(a, v, b, front[b], 2, lo[2]);
+            if (a == 1 && v == front[1]) {
+                continue;
+            }
+            const Vec3 anchor = point(a, v, b, front[b], 2, back[2]);
             Vec3 out = anchor - middle;
             (a == 0 ? out.x : out.y) = 0;
             box.labels.push_back({anchor, out, a == 0 ? 'x' : 'y', valueText(v, decimals[a])});

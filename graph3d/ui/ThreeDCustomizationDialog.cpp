@@ -60,6 +60,8 @@ ThreeDCustomizationDialog::ThreeDCustomizationDialog(SurfaceScene& scene, bool t
     setWindowTitle(QStringLiteral("ThreeD Customization"));
 
     tabs_ = new QTabWidget(this);
+    // The dialog grows to show all three tabs rather than scroll them.
+    tabs_->setUsesScrollButtons(false);
     tabs_->addTab(buildColorsPage(), QStringLiteral("&Colors"));
     tabs_->addTab(buildEffectsPage(), QStringLiteral("&Visual Effects"));
     tabs_->addTab(buildOtherPage(), QStringLiteral("&Other Features"));

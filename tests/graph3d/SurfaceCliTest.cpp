@@ -121,7 +121,7 @@ TEST(SurfaceCli, WritesAPngOfTheRequestedSizeInEveryMode) {
 std::string imageBytes(const std::string& options) {
     const std::string file = ::testing::TempDir() + "graph3d_cli_look.png";
     std::remove(file.c_str());
-    std::vector<std::string> args = words("surface x*y --size 200x150" + kSquare + options);
+    std::vector<std::string> args = words("surface x*y --size 240x200" + kSquare + options);
     args.push_back("-o");
     args.push_back(file);
     EXPECT_EQ(runCli(args).exitCode, 0) << options;

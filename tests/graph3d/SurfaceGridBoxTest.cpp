@@ -72,6 +72,12 @@ TEST_F(GridBoxLayout, GridLinesLieOnTheBackFaces) {
             EXPECT_TRUE(onFace(line, 'x', backX) || onFace(line, 'y', backY) ||
                         onFace(line, 'z', g.zLow));
         }
+        // Seen from above, the values lie on the floor.
+        for (const BoxLabel& label : box.labels) {
+            if (label.axis != 'z') {
+                EXPECT_EQ(label.anchor.z, g.zLow) << label.text;
+            }
+        }
         EXPECT_EQ(edges, 12);
         // x: 5 values on two faces, y: 5 on two, z: 5 on two.
         EXPECT_EQ(gridLines, 30);
@@ -103,8 +109,9 @@ TEST_F(GridBoxLayout, CornersAndLabelsProjectLikeTheSurface) {
         const PlanePoint out = projected.labels[k].outward;
         EXPECT_GT(out.x * (at.x - middle.x) + out.y * (at.y - middle.y), 0) << label.text;
         xLabels += label.axis == 'x';
+        // Turned this way the figure is seen from below: the values go along the lid.
         if (label.axis == 'x') {
-            EXPECT_EQ(label.anchor.z, g.zLow);
+            EXPECT_EQ(label.anchor.z, g.zHigh);
         }
     }
     EXPECT_EQ(xLabels, 5);
