@@ -10,6 +10,7 @@
 #include "graph3d/SurfaceLookRules.h"
 #include "graph3d/ui/ColourWheel.h"
 #include "graph3d/ui/SchemeSample.h"
+#include "graph3d/ui/SurfaceRedraw.h"
 #include "graph3d/ui/ThreeDCustomizationDialog.h"
 #include "tests/graph3d/SurfaceFixture.h"
 #include "tests/support/DialogControls.h"
@@ -237,6 +238,34 @@ class ThreeDCustomizationDialogTest : public QObject {
         // Lit from the upper left: that side is brighter.
         const QImage grey = schemeSample(light, '1', 24);
         QVERIFY(grey.pixelColor(7, 7).red() > grey.pixelColor(17, 17).red() + 40);
+    }
+
+    // "Show Drawing Process" on a surface: the redraw comes in many small slices, far side first,
+    // instead of one; either way the same picture results.
+    void pacedRedrawShowsTheProcess() {
+        QImage pictures[2];
+        int slices[2] = {0, 0};
+        int lines = 0;
+        for (int paced = 0; paced < 2; ++paced) {
+            Harness h;
+            h.scene.drawing.gridBox = true;
+            QImage& image = pictures[paced];
+            image = QImage(300, 240, QImage::Format_ARGB32_Premultiplied);
+            image.fill(Qt::white);
+            SurfaceRedraw redraw;
+            redraw.setPaced(paced == 1);
+            QSignalSpy sliceSpy(&redraw, &SurfaceRedraw::sliceDrawn);
+            QSignalSpy doneSpy(&redraw, &SurfaceRedraw::finished);
+            redraw.start(image, h.scene);
+            QVERIFY(doneSpy.count() == 1 || doneSpy.wait(5000));
+            slices[paced] = static_cast<int>(sliceSpy.count());
+            lines = lineCount(h.scene, choosePass(h.scene.view, h.scene.grid));
+        }
+        QCOMPARE(slices[0], 1);
+        // One line per slice: the grid has fewer lines than the paced slices.
+        QVERIFY(lines > 10);
+        QCOMPARE(slices[1], lines);
+        QCOMPARE(pictures[0], pictures[1]);
     }
 
     void toolbarBoxReports() {
