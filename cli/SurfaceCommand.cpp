@@ -9,6 +9,7 @@
 #include "cli/MathCommands.h"
 #include "cli/OutputFile.h"
 #include "cli/Printable.h"
+#include "cli/SurfaceLook.h"
 #include "cli/ViewArguments.h"
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
@@ -30,7 +31,7 @@ namespace {
 constexpr const char* kXOrder = "X BEG MUST BE LESS THAN X END";
 constexpr const char* kYOrder = "Y BEG MUST BE LESS THAN Y END";
 
-CommandSyntax surfaceSyntax() {
+CommandSyntax coreSurfaceSyntax() {
     return {"surface",
             "Computes the surface z = FORMULA (in x and y) over [A, B] x [C, D] as the ThreeD\n"
             "window does and draws it into an image as the program draws it, or prints what was\n"
@@ -60,6 +61,15 @@ CommandSyntax surfaceSyntax() {
             "significant digits. Options may come before or after FORMULA.\n"
             "Exit status: 0 done, 1 an entry refused (the window's message is printed) or the\n"
             "file could not be written, 2 wrong command line (an unknown extension too).\n"};
+}
+
+// The options of the figure's look follow those of the computation and the output.
+CommandSyntax surfaceSyntax() {
+    CommandSyntax syntax = coreSurfaceSyntax();
+    for (OptionSpec& option : surfaceLookOptions()) {
+        syntax.options.push_back(std::move(option));
+    }
+    return syntax;
 }
 
 // Reads the four range boxes and the formula in the ThreeD window's order.
@@ -220,6 +230,9 @@ int runSurface(const ParsedArguments& parsed, std::ostream& out, std::ostream& e
     applyRotation(scene.view, *rotation);
     scene.drawing.mode = *mode;
     scene.light.scheme = *scheme;
+    if (!applySurfaceLook(arguments, scene, err)) {
+        return kExitUsage;
+    }
     if (summary) {
         printSummary(scene.grid, out);
         return kExitOk;

@@ -22,6 +22,7 @@ inline constexpr char kProcPreviewWindow[] = "Preview Window Procedure";
 inline constexpr char kProcHistoryWindow[] = "History Window Procedure";
 inline constexpr char kProcSaveToFileDialog[] = "Save to File Dialog Procedure";
 inline constexpr char kProcEquationWindow[] = "Equation Window Procedure";
+inline constexpr char kProcThreeDCustomizationMain[] = "3D Customization Main Dialog";
 inline constexpr char kProcThreeDCustomizationDialog[] = "3D Customization Dialog Procedure";
 inline constexpr char kProcThreeDColorsDialog[] = "3D Colors Dialog Procedure";
 inline constexpr char kProcThreeDVisualEffectsDialog[] = "3D Visual Effects Dialog Procedure";

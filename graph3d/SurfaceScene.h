@@ -13,6 +13,10 @@ struct DrawingSettings {
     // Side of the square drawn per vertex in pixels mode, in device pixels (1..10); 1 sets one
     // pixel. Two keeps a 100 x 100 grid readable without merging its dots.
     std::int32_t pixelWidth = 2;
+    // "Shading": polygons get their edges drawn a shade darker than their fill.
+    bool shading = false;
+    // The box with the domain's and the z range's edges, grid lines on its back faces and labels.
+    bool gridBox = false;
 };
 
 struct SurfaceScene {

@@ -49,9 +49,12 @@ bool commandAvailable(int id, const ShellState& state) {
             return plane && state.canStretch;
         case 40050:
             return plane && state.canUndoStretch;
+        case 40010:  // the grid of a flat view, the box of a surface
+            return plane || surface;
+        case 40139:
+            return surface;
         case 40126:  // zoom, grid and mouse modes act on a flat view
         case 40201:
-        case 40010:
         case 40133:
         case 40063:
         case 40064:

@@ -53,7 +53,8 @@ constexpr std::array kCommands{
     // Customization
     CommandRow{40123, M, "Customization", "TwoD / Equation Customization", "", "",
                &T::openTwoDCustomization},
-    CommandRow{40139, M, "Customization", "ThreeD Customization", "", "", nullptr},
+    CommandRow{40139, M, "Customization", "ThreeD Customization", "", "",
+               &T::openThreeDCustomization},
     CommandRow{40130, M, "Customization", "Show Drawing Process", "", "SHOW DRAWING PROCESS",
                &T::toggleDrawingProcess},
     // Top level

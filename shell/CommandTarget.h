@@ -48,6 +48,7 @@ class CommandTarget {
     virtual void undoStretch() = 0;
     virtual void openTwoDCustomization() = 0;
     virtual void toggleDrawingProcess() = 0;
+    virtual void openThreeDCustomization() = 0;
     // The Equation input window, and the math tools of the graph on screen.
     virtual void openEquation() = 0;
     virtual void openThreeDGraph() = 0;

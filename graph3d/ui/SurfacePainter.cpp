@@ -1,6 +1,7 @@
 #include "graph3d/ui/SurfacePainter.h"
 
 #include "graph3d/PixelRaster.h"
+#include "graph3d/ui/GridBoxPainter.h"
 
 #include <QPaintDevice>
 #include <algorithm>
@@ -101,6 +102,9 @@ void paintSurface(QPainter& painter, SurfaceScene& scene, QSize devicePixels) {
     if (devicePixels.isEmpty()) {
         return;
     }
+    const Placement placement =
+        fitFigure(scene.view, scene.grid, devicePixels.width(), devicePixels.height());
+    paintGridBoxLines(painter, scene, placement, devicePixels);
     if (QImage* image = directImage(painter)) {
         PixelBuffer buffer;
         buffer.bits = reinterpret_cast<std::uint32_t*>(image->bits());
@@ -109,6 +113,7 @@ void paintSurface(QPainter& painter, SurfaceScene& scene, QSize devicePixels) {
         buffer.stride = image->bytesPerLine() / 4;
         RasterSurfaceSink sink(buffer);
         drawSurface(scene, devicePixels.width(), devicePixels.height(), sink);
+        paintGridBoxLabels(painter, scene, placement, devicePixels);
         return;
     }
     painter.save();
@@ -117,6 +122,7 @@ void paintSurface(QPainter& painter, SurfaceScene& scene, QSize devicePixels) {
         drawSurface(scene, devicePixels.width(), devicePixels.height(), sink);
     }
     painter.restore();
+    paintGridBoxLabels(painter, scene, placement, devicePixels);
 }
 
 }  // namespace curvemill

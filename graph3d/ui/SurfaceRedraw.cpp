@@ -1,5 +1,9 @@
 #include "graph3d/ui/SurfaceRedraw.h"
 
+#include <QPainter>
+
+#include "graph3d/ui/GridBoxPainter.h"
+
 #include <algorithm>
 
 #include <QTimer>
@@ -30,6 +34,10 @@ void SurfaceRedraw::start(QImage& image, SurfaceScene& scene) {
     firstPoint_ = scene.grid.screen(0, 0);
     next_ = 0;
     lines_ = lineCount(scene, plan_.pass);
+    {
+        QPainter painter(&image);
+        paintGridBoxLines(painter, scene, plan_.placement, image.size());
+    }
     drawSlice();
 }
 
@@ -49,20 +57,29 @@ void SurfaceRedraw::drawSlice() {
     QElapsedTimer clock;
     clock.start();
     RasterSurfaceSink sink(pixelsOf(*image_));
-    while (next_ < lines_ && clock.elapsed() < kSliceMilliseconds) {
+    if (paced_) {
+        const int end = std::min(lines_, next_ + std::max(1, lines_ / kPacedSlices));
+        drawLines(*scene_, plan_, next_, end, sink);
+        next_ = end;
+    }
+    while (!paced_ && next_ < lines_ && clock.elapsed() < kSliceMilliseconds) {
         const int end = std::min(lines_, next_ + 4);
         drawLines(*scene_, plan_, next_, end, sink);
         next_ = end;
     }
     Q_EMIT sliceDrawn(lines_ > 0 ? 100 * next_ / lines_ : 100);
     if (next_ >= lines_) {
+        {
+            QPainter painter(image_);
+            paintGridBoxLabels(painter, *scene_, plan_.placement, image_->size());
+        }
         image_ = nullptr;
         scene_ = nullptr;
         Q_EMIT finished();
         return;
     }
     const unsigned generation = generation_;
-    QTimer::singleShot(0, this, [this, generation] {
+    QTimer::singleShot(paced_ ? kPacedMilliseconds : 0, this, [this, generation] {
         if (generation == generation_ && image_ != nullptr) {
             drawSlice();
         }

@@ -21,6 +21,12 @@ class SurfaceRedraw : public QObject {
     // the first slice now. A redraw still under way is dropped.
     void start(QImage& image, SurfaceScene& scene);
     void cancel();
+    // "Show Drawing Process": the lines are drawn a few at a time, kPacedMilliseconds apart, so
+    // that the figure builds up far side first over about kPacedSlices frames.
+    void setPaced(bool on) { paced_ = on; }
+    bool paced() const { return paced_; }
+    static constexpr int kPacedMilliseconds = 25;
+    static constexpr int kPacedSlices = 60;
     bool running() const { return image_ != nullptr; }
 
   Q_SIGNALS:
@@ -38,6 +44,7 @@ class SurfaceRedraw : public QObject {
     ScreenPoint firstPoint_;
     int next_ = 0;
     int lines_ = 0;
+    bool paced_ = false;
     // Bumped by every start or cancel, so that a slice posted for an older redraw does nothing.
     unsigned generation_ = 0;
 };

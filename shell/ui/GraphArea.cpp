@@ -44,7 +44,7 @@ void GraphCanvas::setShowDrawingProcess(bool on) {
 }
 
 void GraphCanvas::redrawShowingProcess() {
-    if (!showProcess_ || !graph_.main.exists()) {
+    if (!showProcess_ || !graph_.main.exists() || surface_ != nullptr) {
         invalidate();
         return;
     }
@@ -105,6 +105,7 @@ void GraphCanvas::render() {
     buffer_.fill(graph_colors::kBackground);
     if (surface_ != nullptr) {
         stale_ = false;
+        surfaceRedraw_.setPaced(showProcess_);
         surfaceRedraw_.start(buffer_, *surface_);
         return;
     }

@@ -33,6 +33,7 @@
 #include "shell/ui/MathCommands.h"
 #include "shell/ui/ProductWebPage.h"
 #include "shell/ui/RotationCommands.h"
+#include "shell/ui/SurfaceCommands.h"
 #include "shell/ui/TitlePage.h"
 #include "shell/ui/ViewCommands.h"
 #include "twovar/TwoVariableSettings.h"
@@ -106,6 +107,8 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     status_->setMinimumWidth(0);
     statusBar()->addWidget(status_, 2);
     viewCommands_ = new ViewCommands(*this, *graphArea_, parts_.graph, parts_.view, *commands_);
+    surfaceCommands_ =
+        std::make_unique<SurfaceCommands>(*this, *graphArea_, parts_.surface, *viewCommands_);
     connect(viewCommands_, &ViewCommands::stateChanged, this, [this] {
         mouseMode_ = viewCommands_->settings().selectArea ? MouseMode::Select : MouseMode::Move;
         refreshCommands();
@@ -156,7 +159,8 @@ ShellState MainWindow::shellState() const {
     state.hasSecondFunction = parts_.graph.hasSecond();
     state.hasDerivative = parts_.graph.hasDerivative();
     state.hasIntegral = parts_.graph.hasIntegral();
-    state.gridOn = parts_.view.gridOn;
+    state.gridOn =
+        kind_ == GraphKind::Surface3D ? surfaceCommands_->gridBoxShown() : parts_.view.gridOn;
     state.historyWired = history_ != nullptr;
     state.historyChanged = history_ != nullptr && history_->hasUnsavedEntries();
     state.areaPainted = parts_.view.areaPainted;
@@ -397,6 +401,11 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void MainWindow::toggleGrid() {
+    if (kind_ == GraphKind::Surface3D) {
+        surfaceCommands_->toggleGridBox();
+        refreshCommands();
+        return;
+    }
     parts_.view.gridOn = !parts_.view.gridOn;
     graphArea_->redraw();
     refreshCommands();
@@ -479,6 +488,10 @@ void MainWindow::undoStretch() {
 
 void MainWindow::openTwoDCustomization() {
     viewCommands_->openCustomization(kind_ == GraphKind::Equation);
+}
+
+void MainWindow::openThreeDCustomization() {
+    surfaceCommands_->openCustomization();
 }
 
 void MainWindow::toggleDrawingProcess() {

@@ -30,6 +30,7 @@ class TitlePage;
 class SurfaceComputation;
 class TwoDGraphDialog;
 class ViewCommands;
+class SurfaceCommands;
 class Worker;
 struct EquationCurve;
 struct GraphView;
@@ -123,6 +124,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     void undoStretch() override;
     void openTwoDCustomization() override;
     void toggleDrawingProcess() override;
+    void openThreeDCustomization() override;
     ViewCommands& viewCommands() const { return *viewCommands_; }
     void openEquation() override;
     void openThreeDGraph() override;
@@ -158,6 +160,7 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     GraphArea* graphArea_ = nullptr;
     ViewCommands* viewCommands_ = nullptr;
     RotationCommands* rotation_ = nullptr;
+    std::unique_ptr<SurfaceCommands> surfaceCommands_;
     QProgressBar* progress_ = nullptr;
     QLabel* status_ = nullptr;
     TwoDGraphDialog* mainDialog_ = nullptr;

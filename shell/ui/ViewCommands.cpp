@@ -116,6 +116,11 @@ void ViewCommands::openCustomization(bool equationShown) {
     }
 }
 
+void ViewCommands::showToolbar(bool on) {
+    settings_.toolbar = on;
+    actions_.toolBar()->setVisible(on);
+}
+
 void ViewCommands::applySettings(const TwoDSettings& settings) {
     const bool ratioChanged = applyGraphSettings(graph_, view_, settings);
     setSelectArea(settings.selectArea);

@@ -35,6 +35,8 @@ class ViewCommands : public QObject {
     void openCustomization(bool equationShown);
     // Applies what the dialog returned; a changed ratio lays the view out anew at zoom 1.
     void applySettings(const TwoDSettings& settings);
+    // "Display Toolbar" of either customization dialog: one flag for both.
+    void showToolbar(bool on);
 
     // Zoom limits, stretch stack, mouse mode and drawing process, for the menus.
     void fillState(ShellState& state) const;

@@ -73,12 +73,23 @@ TEST(SurfaceCli, WindowMessagesAndUsageErrors) {
         {"surface x --summary --scheme q" + kSquare, "", 2},
         {"surface x --summary --vertices" + kSquare, "", 2},
         {"surface x --summary --x-begin 0", "", 2},
+        {"surface x --summary --fog 11" + kSquare, "", 2},
+        {"surface x --summary --ambient -1" + kSquare, "", 2},
+        {"surface x --summary --light 1,2,0" + kSquare, "", 2},
+        {"surface x --summary --light 0,0,0" + kSquare, "", 2},
+        {"surface x --summary --light 1,1" + kSquare, "", 2},
+        {"surface x --summary --light 1,1,1,1" + kSquare, "", 2},
+        {"surface x --summary --shiny 1.5" + kSquare, "", 2},
+        {"surface x --summary --grid --fog 0 --ambient 10 --light 0,-0.5,1 --shiny 0.3" + kSquare,
+         nullptr, 0},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.line);
         const CliRun run = runCli(words(c.line));
         EXPECT_EQ(run.exitCode, c.exitCode);
-        if (c.out != nullptr) {
+        if (c.exitCode == 0) {
+            EXPECT_EQ(run.err, "");
+        } else if (c.out != nullptr) {
             EXPECT_EQ(run.out, c.out);
         } else {
             EXPECT_EQ(run.out.rfind("ERROR IN FORMULA EDIT BOX:\n", 0), 0u) << run.out;
@@ -140,6 +151,28 @@ TEST(SurfaceCli, RotateAndViewPlaceTheFigure) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.options);
         EXPECT_EQ(renderedBytes(c.options) == plain, c.same);
+    }
+}
+
+std::string imageBytes(const std::string& options) {
+    const std::string file = ::testing::TempDir() + "graph3d_cli_look.png";
+    std::remove(file.c_str());
+    std::vector<std::string> args = words("surface x*y --size 240x200" + kSquare + options);
+    args.push_back("-o");
+    args.push_back(file);
+    EXPECT_EQ(runCli(args).exitCode, 0) << options;
+    std::ifstream png(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(png), std::istreambuf_iterator<char>()};
+}
+
+// Each option of the look reaches the picture.
+TEST(SurfaceCli, LookOptionsChangeThePicture) {
+    const std::string plain = imageBytes("");
+    ASSERT_FALSE(plain.empty());
+    EXPECT_EQ(imageBytes(" --fog 5 --ambient 5"), plain);
+    for (const char* options :
+         {" --grid", " --fog 0", " --ambient 9", " --light 0,0,1", " --shiny 0.5"}) {
+        EXPECT_NE(imageBytes(options), plain) << options;
     }
 }
 

@@ -1,6 +1,8 @@
 // Rendered surfaces, by the direct image road and through the painter: cell colours where the
 // cells are, near cells over far ones, nothing outside the target, device pixels on dense screens.
+#include <algorithm>
 #include <cmath>
+#include <memory>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -8,7 +10,9 @@
 // The engine's headers come before Qt's, whose "slots" macro would swallow a member name.
 #include "SurfaceFixture.h"
 #include "graph3d/PixelRaster.h"
+#include "graph3d/SurfaceGridBox.h"
 
+#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <QPolygonF>
@@ -190,6 +194,56 @@ TEST_P(SurfacePainterTest, DenseScreensGetTheFigureInDevicePixels) {
     dense.setDevicePixelRatio(1.0);
     EXPECT_EQ(dense, plain);
     EXPECT_NE(plain.pixel(400, 200), qRgb(255, 255, 255));
+}
+
+// The box is drawn before the surface: its edges show where nothing covers them, and where the
+// surface lies in front of them (the box's hidden parts) the surface's own pixels are untouched.
+TEST_P(SurfacePainterTest, GridBoxEdgesShowOnlyWhereTheSurfaceLeavesRoom) {
+    // The box's values need fonts, which need an application.
+    static int argc = 1;
+    static char name[] = "graph3d_painter_test";
+    static char* argv[] = {name, nullptr};
+    static const std::unique_ptr<QGuiApplication> app = [] {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        return std::make_unique<QGuiApplication>(argc, argv);
+    }();
+    SurfaceScene scene;
+    ASSERT_EQ(computeFor(scene, "x*x-y", -1, 1, -1, 1, nullptr, 30), SurfaceOutcome::Done);
+    const QSize size(320, 240);
+    const QImage bare = rendered(scene, GetParam(), size, size);
+    scene.drawing.gridBox = true;
+    const QImage boxed = rendered(scene, GetParam(), size, size);
+    const Placement placement = fitFigure(scene.view, scene.grid, size.width(), size.height());
+    const ProjectedGridBox box = projectGridBox(scene.view, scene.grid, placement);
+    int shown = 0;
+    int hidden = 0;
+    for (const ProjectedLine& line : box.lines) {
+        if (!line.edge) {
+            continue;
+        }
+        for (double t = 0.2; t < 0.81; t += 0.05) {
+            const int x = static_cast<int>(line.from.x + t * (line.to.x - line.from.x));
+            const int y = static_cast<int>(line.from.y + t * (line.to.y - line.from.y));
+            bool clear = true;
+            int darkest = 255;
+            for (int dy = -1; dy <= 1; ++dy) {
+                for (int dx = -1; dx <= 1; ++dx) {
+                    clear = clear && bare.pixel(x + dx, y + dy) == qRgb(255, 255, 255);
+                    darkest = std::min(darkest, qRed(boxed.pixel(x + dx, y + dy)));
+                }
+            }
+            if (clear) {
+                // Antialiased, the line darkens the pixels it passes through.
+                EXPECT_LT(darkest, 200) << x << "," << y;
+                ++shown;
+            } else if (bare.pixel(x, y) != qRgb(255, 255, 255)) {
+                EXPECT_EQ(boxed.pixel(x, y), bare.pixel(x, y)) << x << "," << y;
+                ++hidden;
+            }
+        }
+    }
+    EXPECT_GT(shown, 20);
+    EXPECT_GT(hidden, 5);
 }
 
 INSTANTIATE_TEST_SUITE_P(Roads, SurfacePainterTest, ::testing::Values(Road::Direct, Road::Painter),

@@ -123,7 +123,7 @@ TEST(CommandState, EnablingFollowsTheGraphOnScreen) {
         {40054, false, false, true, false, false}, {40093, false, false, true, false, false},
         {40110, false, true, true, true, true},    {40111, false, true, true, true, true},
         {40030, false, true, true, true, true},    {40005, false, true, true, true, true},
-        {40126, false, true, true, true, false},   {40010, false, true, true, true, false},
+        {40126, false, true, true, true, false},   {40010, false, true, true, true, true},
         {40012, false, true, true, true, false},   {40029, false, false, true, false, false},
         {40200, false, true, true, true, false},   {40031, false, false, true, false, false},
         {40063, false, true, true, true, false},   {40114, false, false, false, false, true},
@@ -131,6 +131,7 @@ TEST(CommandState, EnablingFollowsTheGraphOnScreen) {
         {40008, false, true, true, true, true},    {40140, true, true, true, true, true},
         {1033, true, true, true, true, true},      {40032, true, true, true, true, true},
         {40022, false, false, true, false, false}, {40086, true, true, true, true, true},
+        {40139, false, false, false, false, true},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.id);
@@ -145,8 +146,9 @@ TEST(CommandState, EnablingFollowsTheGraphOnScreen) {
     painted.areaPainted = true;
     EXPECT_TRUE(commandAvailable(40029, painted));
     EXPECT_FALSE(commandAvailable(40031, painted));
-    // Work not built yet stays grey whatever the state.
+    // The 3D customization is for a surface only.
     EXPECT_FALSE(commandEnabled(*findCommand(40139), full2D));
+    EXPECT_TRUE(commandEnabled(*findCommand(40139), surface));
     EXPECT_TRUE(commandEnabled(*findCommand(40054), full2D));
 }
 
