@@ -6,7 +6,8 @@ packages=(
     build-essential cmake
     qt6-base-dev qt6-svg-dev libgl-dev
     qt6-tools-dev qt6-tools-dev-tools libqt6sql6-sqlite
-    desktop-file-utils appstream
+    # the validators of the installed tree; `file` lets cpack find the .deb's dependencies
+    desktop-file-utils appstream file
     libgtest-dev libgmock-dev libbenchmark-dev libmuparser-dev
     fonts-dejavu-core fonts-liberation fontconfig
 )

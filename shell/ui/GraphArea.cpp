@@ -142,6 +142,7 @@ GraphArea::GraphArea(const TwoDGraph& graph, GraphView& view, QWidget* parent)
       mouse_(new GraphMouse(*canvas_, graph, view)),
       horizontal_(new QScrollBar(Qt::Horizontal, this)),
       vertical_(new QScrollBar(Qt::Vertical, this)) {
+    mouse_->setKindSource([this] { return canvas_->kind(); });
     horizontal_->setObjectName(QStringLiteral("horizontalScrollBar"));
     vertical_->setObjectName(QStringLiteral("verticalScrollBar"));
     horizontal_->setRange(0, 0);

@@ -45,6 +45,7 @@ class GraphCanvas : public QWidget {
         kind_ = kind;
         invalidate();
     }
+    GraphKind kind() const { return kind_; }
     void setEquation(const EquationCurve* curve, const EquationLook* look) {
         equation_ = curve;
         equationLook_ = look;

@@ -176,7 +176,7 @@ void GraphMouse::wheel(QEvent* event) {
 // Qt sends this once the mouse has rested, as tooltips should appear.
 void GraphMouse::showTooltip(QEvent* event) {
     auto* help = static_cast<QHelpEvent*>(event);
-    if (!curveTooltips_ || !graphShown() || pressed_) {
+    if (!curveTooltips_ || shownKind() != GraphKind::Function2D || !graphShown() || pressed_) {
         QToolTip::hideText();
         event->ignore();
         return;

@@ -2,12 +2,15 @@
 // curve tooltips and the coordinates under the mouse.
 #pragma once
 
+#include <functional>
+
 #include <QObject>
 #include <QPointF>
 #include <QRect>
 
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
+#include "shell/GraphKind.h"
 
 class QRubberBand;
 class QWidget;
@@ -23,6 +26,9 @@ class GraphMouse : public QObject {
     void setSelectArea(bool on);
     bool selectArea() const { return selectArea_; }
     void setCurveTooltips(bool on) { curveTooltips_ = on; }
+    // What the canvas shows: the mouse scrolls and reports coordinates on a flat graph (a function
+    // or an equation) and names curves only on a function graph; a surface has a mouse of its own.
+    void setKindSource(std::function<GraphKind()> kind) { kind_ = std::move(kind); }
     // The selected rectangle in canvas pixels; empty when there is none.
     QRect selection() const { return selection_; }
     void clearSelection();
@@ -39,7 +45,12 @@ class GraphMouse : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    bool graphShown() const { return graph_.main.exists(); }
+    GraphKind shownKind() const { return kind_ ? kind_() : GraphKind::Function2D; }
+    bool graphShown() const {
+        const GraphKind kind = shownKind();
+        return kind == GraphKind::Equation ||
+               (kind == GraphKind::Function2D && graph_.main.exists());
+    }
     void press(QPointF at);
     void move(QPointF at);
     void release();
@@ -53,6 +64,7 @@ class GraphMouse : public QObject {
     QRubberBand* band_;
     bool selectArea_ = false;
     bool curveTooltips_ = true;
+    std::function<GraphKind()> kind_;
     bool pressed_ = false;
     QPointF pressAt_;
     double pressScrollX_ = 0.0;

@@ -93,6 +93,9 @@ class EquationShellTest : public QObject {
             }
         }
         QVERIFY(dots > 100);
+        // The mouse reads coordinates off an equation as off a function graph.
+        QTest::mouseMove(canvas, canvas->rect().center());
+        QTRY_VERIFY(!window->findChild<QLabel*>(u"coordinatesText"_s)->text().isEmpty());
 
         // The solutions dialog comes with Math Dialog and follows the next equation.
         action(40012)->trigger();
