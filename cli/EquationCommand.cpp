@@ -11,6 +11,7 @@
 #include "cli/MathCommands.h"
 #include "cli/OutputFile.h"
 #include "cli/Printable.h"
+#include "cli/TwoVariableEntries.h"
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
 #include "engine/NumberEntry.h"
@@ -29,9 +30,6 @@
 namespace curvemill::cli {
 namespace {
 
-// The Equation window's own ordering messages; its box names have a blank for the y range.
-constexpr const char* kXOrder = "X BEG MUST BE LESS THAN X END";
-constexpr const char* kYOrder = "Y BEG MUST BE LESS THAN Y END";
 // The window offers 100 to 2000 points per axis; scripts may ask for any count up to ten times
 // that.
 constexpr int kMostSteps = 20000;
@@ -69,34 +67,17 @@ CommandSyntax equationSyntax() {
         "message is printed) or the file could not be written, 2 wrong command line.\n"};
 }
 
-// Reads the four range boxes and the equation in the Equation window's order.
+// Reads the four range boxes and the formula in the window's order into the grid's domain.
 std::optional<std::string> readEntries(Formula& formula, const ParsedArguments& arguments,
                                        const std::string& typed, EquationGrid& grid) {
-    const struct {
-        const char* option;
-        const char* box;
-        double* value;
-    } boxes[] = {{"x-begin", "X_BEG", &grid.xBegin},
-                 {"x-end", "X_END", &grid.xEnd},
-                 {"y-begin", "Y BEG", &grid.yBegin},
-                 {"y-end", "Y END", &grid.yEnd}};
-    for (const auto& box : boxes) {
-        const NumberReading reading =
-            readNumberEntry(formula, arguments.value(box.option).value_or(""), box.box);
-        if (!reading.ok) {
-            return reading.message;
-        }
-        *box.value = reading.value;
-        if (box.value == &grid.xEnd && !(grid.xBegin < grid.xEnd)) {
-            return std::string(kXOrder);
-        }
-        if (box.value == &grid.yEnd && !(grid.yBegin < grid.yEnd)) {
-            return std::string(kYOrder);
-        }
+    TwoVariableRange range;
+    if (auto refusal = readTwoVariableEntries(formula, arguments, typed, range)) {
+        return refusal;
     }
-    if (!prepareFormula(formula, typed, kModeTwoVariables)) {
-        return composeBoxError("FORMULA", formula.errorText);
-    }
+    grid.xBegin = range.xBegin;
+    grid.xEnd = range.xEnd;
+    grid.yBegin = range.yBegin;
+    grid.yEnd = range.yEnd;
     return std::nullopt;
 }
 

@@ -1,6 +1,7 @@
 #include "cli/FormulaArguments.h"
 #include "cli/GraphArguments.h"
 #include "cli/MathCommands.h"
+#include "cli/TwoVariableEntries.h"
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
 #include "engine/NumberEntry.h"
@@ -11,10 +12,6 @@
 
 namespace curvemill::cli {
 namespace {
-
-// The Equation window's own ordering messages; its box names have a blank for the y range.
-constexpr const char* kXOrder = "X BEG MUST BE LESS THAN X END";
-constexpr const char* kYOrder = "Y BEG MUST BE LESS THAN Y END";
 
 CommandSyntax rootsSyntax() {
     return {"roots",

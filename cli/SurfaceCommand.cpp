@@ -10,6 +10,7 @@
 #include "cli/OutputFile.h"
 #include "cli/Printable.h"
 #include "cli/SurfaceLook.h"
+#include "cli/TwoVariableEntries.h"
 #include "cli/ViewArguments.h"
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
@@ -26,10 +27,6 @@
 
 namespace curvemill::cli {
 namespace {
-
-// The ThreeD window's ordering messages; its box names have a blank for the y range.
-constexpr const char* kXOrder = "X BEG MUST BE LESS THAN X END";
-constexpr const char* kYOrder = "Y BEG MUST BE LESS THAN Y END";
 
 CommandSyntax coreSurfaceSyntax() {
     return {"surface",
@@ -72,34 +69,17 @@ CommandSyntax surfaceSyntax() {
     return syntax;
 }
 
-// Reads the four range boxes and the formula in the ThreeD window's order.
+// Reads the four range boxes and the formula in the window's order into the grid's domain.
 std::optional<std::string> readSurface(Formula& formula, const ParsedArguments& arguments,
                                        const std::string& typed, SurfaceGrid& grid) {
-    const struct {
-        const char* option;
-        const char* box;
-        double* value;
-    } boxes[] = {{"x-begin", "X_BEG", &grid.xBegin},
-                 {"x-end", "X_END", &grid.xEnd},
-                 {"y-begin", "Y BEG", &grid.yBegin},
-                 {"y-end", "Y END", &grid.yEnd}};
-    for (const auto& box : boxes) {
-        const NumberReading reading =
-            readNumberEntry(formula, arguments.value(box.option).value_or(""), box.box);
-        if (!reading.ok) {
-            return reading.message;
-        }
-        *box.value = reading.value;
-        if (box.value == &grid.xEnd && !(grid.xBegin < grid.xEnd)) {
-            return std::string(kXOrder);
-        }
-        if (box.value == &grid.yEnd && !(grid.yBegin < grid.yEnd)) {
-            return std::string(kYOrder);
-        }
+    TwoVariableRange range;
+    if (auto refusal = readTwoVariableEntries(formula, arguments, typed, range)) {
+        return refusal;
     }
-    if (!prepareFormula(formula, typed, kModeTwoVariables)) {
-        return composeBoxError("FORMULA", formula.errorText);
-    }
+    grid.xBegin = range.xBegin;
+    grid.xEnd = range.xEnd;
+    grid.yBegin = range.yBegin;
+    grid.yEnd = range.yEnd;
     return std::nullopt;
 }
 

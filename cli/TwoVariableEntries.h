@@ -1,0 +1,33 @@
+// The range boxes and formula of the Equation / ThreeD window, read from the command line.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "cli/Arguments.h"
+
+namespace curvemill {
+class Formula;
+}
+
+namespace curvemill::cli {
+
+// The window's ordering messages; its box names have a blank for the y range.
+inline constexpr const char* kXOrder = "X BEG MUST BE LESS THAN X END";
+inline constexpr const char* kYOrder = "Y BEG MUST BE LESS THAN Y END";
+
+struct TwoVariableRange {
+    double xBegin = 0;
+    double xEnd = 0;
+    double yBegin = 0;
+    double yEnd = 0;
+};
+
+// Reads --x-begin, --x-end, --y-begin, --y-end and the formula `typed` in the window's order and
+// prepares the formula; the window's message of the first refusal, or nothing.
+std::optional<std::string> readTwoVariableEntries(Formula& formula,
+                                                  const ParsedArguments& arguments,
+                                                  const std::string& typed,
+                                                  TwoVariableRange& range);
+
+}  // namespace curvemill::cli
