@@ -6,40 +6,15 @@
 set -euo pipefail
 cli=${1:-build/cli/curvemill-cli}
 runs=${2:-10}
-command -v gnuplot >/dev/null || { echo "gnuplot is missing: apt-get install gnuplot-nox" >&2; exit 1; }
-[ -x /usr/bin/time ] || { echo "/usr/bin/time is missing: apt-get install time" >&2; exit 1; }
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-
-terminal=pngcairo
-gnuplot -e 'set terminal' 2>&1 | grep -q pngcairo || terminal=png
-
-now() { date +%s.%N; }
-
-# mean_seconds NAME COMMAND...: runs COMMAND `runs` times and prints the mean wall time.
-mean_seconds() {
-    local start end
-    start=$(now)
-    for ((i = 0; i < runs; i++)); do "$@" >/dev/null 2>&1; done
-    end=$(now)
-    echo "($end - $start) / $runs" | bc -l
-}
-
-peak_kib() { /usr/bin/time -v "$@" 2>&1 >/dev/null | awk -F': ' '/Maximum resident/ {print $2}'; }
+source "$(dirname "$0")/../gnuplot_race.sh"
 
 compare() {
     local formula=$1 begin=$2 end=$3 gformula=$4
-    local ours=("$cli" plot "$formula" --x-begin "$begin" --x-end "$end" --points 400000
-                --size 1920x1080 -o "$work/ours.png")
-    local theirs=(gnuplot -e "set terminal $terminal size 1920,1080; set output '$work/theirs.png';
-                  set samples 400000; set yrange [*:*]; plot [$begin:$end] $gformula notitle")
-    "${ours[@]}" >/dev/null 2>&1 && "${theirs[@]}" >/dev/null 2>&1
-    local t_ours t_theirs
-    t_ours=$(mean_seconds "${ours[@]}")
-    t_theirs=$(mean_seconds "${theirs[@]}")
-    printf '%-12s curvemill-cli %7.3f s  %7s KiB | gnuplot (%s) %7.3f s  %7s KiB | ratio %.2f\n' \
-        "$formula" "$t_ours" "$(peak_kib "${ours[@]}")" "$terminal" "$t_theirs" \
-        "$(peak_kib "${theirs[@]}")" "$(echo "$t_ours / $t_theirs" | bc -l)"
+    ours=("$cli" plot "$formula" --x-begin "$begin" --x-end "$end" --points 400000
+           --size 1920x1080 -o "$work/ours.png")
+    theirs=(gnuplot -e "set terminal $terminal size 1920,1080; set output '$work/theirs.png';
+             set samples 400000; set yrange [*:*]; plot [$begin:$end] $gformula notitle")
+    race "$formula"
 }
 
 compare 'sin(x)/x*80' -10 10 'sin(x)/x*80'
