@@ -5,9 +5,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <stdlib.h>
+
 #include <csignal>
 #include <cstdlib>
 
+#include <algorithm>
+#include <fstream>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -80,4 +84,46 @@ inline std::vector<std::string> words(const std::string& line) {
         out.push_back(word);
     }
     return out;
+}
+
+// A file's bytes, empty when it cannot be read.
+inline std::string contents(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+// A fresh folder of its own (parallel runs never share one), with a trailing '/'.
+inline std::string freshFolder(const std::string& under) {
+    std::string name = under + "curvemill_cli_XXXXXX";
+    return mkdtemp(name.data()) != nullptr ? name + "/" : std::string();
+}
+
+// One row of a command table: exact stdout and status; a usage error (2) says its piece on
+// stderr only, anything else keeps stderr empty, and no echoed word reaches the terminal as a
+// control byte.
+struct CliCase {
+    std::vector<std::string> args;
+    std::string out;
+    int exitCode;
+};
+
+// Runs the row; returns what failed to match, empty when all did.
+inline std::string checkCliCase(const CliCase& c) {
+    const CliRun r = runCli(c.args);
+    std::string failed;
+    if (r.exitCode != c.exitCode) {
+        failed += "exit " + std::to_string(r.exitCode) + "; ";
+    }
+    if (r.out != c.out) {
+        failed += "stdout '" + r.out + "'; ";
+    }
+    const bool controlByte = std::any_of(r.err.begin(), r.err.end(), [](char b) {
+        return (b >= 0 && b < ' ' && b != '\n') || b == 0x7f;
+    });
+    if (r.err.empty() != (c.exitCode != 2) || controlByte) {
+        failed += "stderr '" + r.err + "'";
+    }
+    return failed;
 }

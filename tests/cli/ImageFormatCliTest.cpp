@@ -13,23 +13,11 @@
 
 namespace {
 
-std::string folder() {
-    std::string name = ::testing::TempDir() + "cli_formats_XXXXXX";
-    return mkdtemp(name.data()) != nullptr ? name + "/" : std::string();
-}
-
 std::vector<std::string> plot(const std::string& path, std::vector<std::string> extra = {}) {
     std::vector<std::string> args{"plot",     "x^2",   "--x-begin", "-1",      "--x-end", "1",
                                   "--points", "10000", "--size",    "203x200", "-o",      path};
     args.insert(args.end(), extra.begin(), extra.end());
     return args;
-}
-
-std::string contents(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
 }
 
 unsigned le32(const std::string& bytes, std::size_t at) {
@@ -41,7 +29,7 @@ unsigned le32(const std::string& bytes, std::size_t at) {
 }
 
 TEST(CliImageFormats, TheExtensionChoosesTheFormat) {
-    const std::string dir = folder();
+    const std::string dir = freshFolder(::testing::TempDir());
     ASSERT_FALSE(dir.empty());
     const struct {
         const char* name;
@@ -70,7 +58,7 @@ TEST(CliImageFormats, TheExtensionChoosesTheFormat) {
 }
 
 TEST(CliImageFormats, RefusesUnknownTypesDepthsAndFolders) {
-    const std::string dir = folder();
+    const std::string dir = freshFolder(::testing::TempDir());
     ASSERT_FALSE(dir.empty());
     const struct {
         std::string path;

