@@ -7,6 +7,8 @@
 #include <QSpinBox>
 #include <QtTest>
 
+#include <functional>
+
 #include "graph3d/SurfaceLookRules.h"
 #include "graph3d/ui/ColourWheel.h"
 #include "graph3d/ui/SchemeSample.h"
@@ -41,56 +43,64 @@ struct Harness {
 class ThreeDCustomizationDialogTest : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    // Slider position to setting, each move redrawing once.
-    void slidersStoreTheirSetting_data() {
-        QTest::addColumn<int>("id");
-        QTest::addColumn<int>("position");
-        QTest::addColumn<double>("expected");
-        QTest::newRow("fog") << ids::kFog << 7 << 7.0;
-        QTest::newRow("ambient in tens") << ids::kAmbient << 3 << 30.0;
-        QTest::newRow("light x keeps its sign") << ids::kLightX << 4 << -0.4;
-        QTest::newRow("light y keeps its sign") << ids::kLightY << 3 << -0.3;
-        QTest::newRow("zero light z turns positive") << ids::kLightZ << 6 << 0.6;
-        QTest::newRow("shine in tenths") << ids::kSpecular << 8 << 0.8;
-    }
-    void slidersStoreTheirSetting() {
-        QFETCH(int, id);
-        QFETCH(int, position);
-        QFETCH(double, expected);
+    // Each control stores its setting with one redraw, and a dialog opened again shows it.
+    void everyControlRoundTrips() {
         Harness h;
-        auto& dialog = h.open();
-        control<QSlider>(dialog, id)->setValue(position);
         const SurfaceLight& light = h.scene.light;
-        const double stored = id == ids::kFog       ? light.fogIntensity
-                              : id == ids::kAmbient ? light.ambient
-                              : id == ids::kLightX  ? light.vector.x
-                              : id == ids::kLightY  ? light.vector.y
-                              : id == ids::kLightZ  ? light.vector.z
-                                                    : double(light.specularShare);
-        QCOMPARE_LE(std::abs(stored - expected), 1e-6);
-        QCOMPARE(h.redraws, 1);
-    }
-
-    // Setting to position when the dialog opens.
-    void slidersShowTheSettings() {
-        Harness h;
-        h.scene.light.ambient = 47;
-        h.scene.light.vector = {-0.76, 2.5, 0.05};
-        h.scene.light.specularShare = 0.7f;
-        h.scene.light.fogIntensity = 9;
-        auto& dialog = h.open();
-        const std::pair<int, int> expected[] = {{ids::kAmbient, 4},
-                                                {ids::kLightX, 7},
-                                                {ids::kLightY, 10},
-                                                {ids::kLightZ, 0},
-                                                {ids::kSpecular, 7},
-                                                {ids::kFog, 9},
-                                                {ids::kHorizontal, 5 - kHorizontalLocationLow},
-                                                {ids::kVertical, 3 - kVerticalLocationLow}};
-        for (const auto& [id, position] : expected) {
-            QCOMPARE(control<QSlider>(dialog, id)->value(), position);
+        const SurfaceView& view = h.scene.view;
+        struct Row {
+            int id, value;
+            std::function<double()> stored;
+            double expected;
+        };
+        const Row sliders[] = {
+            {ids::kFog, 7, [&] { return light.fogIntensity; }, 7},
+            {ids::kAmbient, 3, [&] { return light.ambient; }, 30},    // in tens
+            {ids::kLightX, 4, [&] { return light.vector.x; }, -0.4},  // keeps its sign
+            {ids::kLightY, 3, [&] { return light.vector.y; }, -0.3},
+            {ids::kLightZ, 6, [&] { return light.vector.z; }, 0.6},  // zero turns positive
+            {ids::kSpecular, 8, [&] { return light.specularShare; }, 0.8},
+            {ids::kHorizontal, 9 - kHorizontalLocationLow, [&] { return view.horizontalLocation; },
+             9},
+            {ids::kVertical, -2 - kVerticalLocationLow, [&] { return view.verticalLocation; }, -2},
+        };
+        const Vec3 eye = view.eye;
+        int redraws = 0;
+        for (const Row& row : sliders) {
+            control<QSlider>(h.open(), row.id)->setValue(row.value);
+            QVERIFY2(std::abs(row.stored() - row.expected) < 1e-6,
+                     qPrintable(QString::number(row.id)));
+            QCOMPARE(h.redraws, ++redraws);
+            QCOMPARE(control<QSlider>(h.open(), row.id)->value(), row.value);
         }
-        QCOMPARE(h.redraws, 0);
+        // The viewer's location moves the eye.
+        QVERIFY(view.eye.x > eye.x && view.eye.z < h.scene.grid.zHigh);
+        const std::tuple<int, char, const char*> radios[] = {
+            {ids::kSchemeGreen, 'g', &light.scheme},     {ids::kSchemeBlue, 'b', &light.scheme},
+            {ids::kSchemeCyan, 'c', &light.scheme},      {ids::kSchemeMagenta, 'm', &light.scheme},
+            {ids::kSchemeYellow, 'y', &light.scheme},    {ids::kSchemeGrey, '1', &light.scheme},
+            {ids::kSchemeOwn, 'o', &light.scheme},       {ids::kSchemeRed, 'r', &light.scheme},
+            {ids::kLines, 'l', &h.scene.drawing.mode},   {ids::kPixels, 'p', &h.scene.drawing.mode},
+            {ids::kPolygons, 'a', &h.scene.drawing.mode}};
+        for (const auto& [id, letter, field] : radios) {
+            control<QRadioButton>(h.open(), id)->click();
+            QCOMPARE(*field, letter);
+            QCOMPARE(h.redraws, ++redraws);
+            QVERIFY(control<QRadioButton>(h.open(), id)->isChecked());
+        }
+        // Settings between slider steps show at the nearest one.
+        h.scene.light.vector = {-0.76, 2.5, 0.05};
+        h.scene.light.ambient = 47;
+        auto& dialog = h.open();
+        QCOMPARE(control<QSlider>(dialog, ids::kAmbient)->value(), 4);
+        QCOMPARE(control<QSlider>(dialog, ids::kLightX)->value(), 7);
+        QCOMPARE(control<QSlider>(dialog, ids::kLightY)->value(), 10);
+        QCOMPARE(control<QSlider>(dialog, ids::kLightZ)->value(), 0);
+        QSignalSpy toolbar(&dialog, &ThreeDCustomizationDialog::toolbarToggled);
+        control<QCheckBox>(dialog, ids::kDisplayToolbar)->click();
+        QCOMPARE(toolbar.count(), 1);
+        QVERIFY(!toolbar.at(0).at(0).toBool() && !dialog.toolbarShown());
+        QCOMPARE(h.redraws, redraws);
     }
 
     void shinyEnablesItsSliderAndDefaultsRestore() {
@@ -120,40 +130,6 @@ class ThreeDCustomizationDialogTest : public QObject {
         QCOMPARE(control<QSlider>(dialog, ids::kFog)->value(), 5);
         QCOMPARE(control<QSlider>(dialog, ids::kAmbient)->value(), 5);
         QCOMPARE(control<QSlider>(dialog, ids::kLightX)->value(), 10);
-    }
-
-    void schemesAndDrawingModes() {
-        Harness h;
-        auto& dialog = h.open();
-        QVERIFY(control<QRadioButton>(dialog, ids::kSchemeRed)->isChecked());
-        const std::pair<int, char> schemes[] = {
-            {ids::kSchemeGreen, 'g'},   {ids::kSchemeBlue, 'b'},   {ids::kSchemeCyan, 'c'},
-            {ids::kSchemeMagenta, 'm'}, {ids::kSchemeYellow, 'y'}, {ids::kSchemeGrey, '1'},
-            {ids::kSchemeOwn, 'o'},     {ids::kSchemeRed, 'r'}};
-        for (const auto& [id, letter] : schemes) {
-            control<QRadioButton>(dialog, id)->click();
-            QCOMPARE(h.scene.light.scheme, letter);
-        }
-        const std::pair<int, char> modes[] = {
-            {ids::kLines, 'l'}, {ids::kPixels, 'p'}, {ids::kPolygons, 'a'}};
-        for (const auto& [id, letter] : modes) {
-            control<QRadioButton>(dialog, id)->click();
-            QCOMPARE(h.scene.drawing.mode, letter);
-        }
-        QCOMPARE(h.redraws, 11);
-    }
-
-    void viewerLocationSetsTheViewUp() {
-        Harness h;
-        auto& dialog = h.open();
-        const Vec3 before = h.scene.view.eye;
-        control<QSlider>(dialog, ids::kHorizontal)->setValue(9 - kHorizontalLocationLow);
-        QCOMPARE(h.scene.view.horizontalLocation, 9);
-        QVERIFY(h.scene.view.eye.x > before.x);
-        control<QSlider>(dialog, ids::kVertical)->setValue(-2 - kVerticalLocationLow);
-        QCOMPARE(h.scene.view.verticalLocation, -2);
-        QVERIFY(h.scene.view.eye.z < h.scene.grid.zHigh);
-        QCOMPARE(h.redraws, 2);
     }
 
     void zLimitSpinRangeAndLabels() {
@@ -266,16 +242,6 @@ class ThreeDCustomizationDialogTest : public QObject {
         QVERIFY(lines > 10);
         QCOMPARE(slices[1], lines);
         QCOMPARE(pictures[0], pictures[1]);
-    }
-
-    void toolbarBoxReports() {
-        Harness h;
-        auto& dialog = h.open();
-        QSignalSpy spy(&dialog, &ThreeDCustomizationDialog::toolbarToggled);
-        control<QCheckBox>(dialog, ids::kDisplayToolbar)->click();
-        QCOMPARE(spy.count(), 1);
-        QCOMPARE(spy.at(0).at(0).toBool(), false);
-        QVERIFY(!dialog.toolbarShown());
     }
 };
 
