@@ -14,33 +14,13 @@
 #include "graph2d/CurveSampler.h"
 #include "graph2d/DerivativeCurve.h"
 #include "graph2d/DrawStep.h"
+#include "tests/support/SampledGraph.h"
 
 namespace curvemill {
 namespace {
 
 // PlotPoint is packed: its doubles are copied (double{...}) before gtest's macros bind references
 // to them.
-
-// `text` prepared as the main function and sampled with N = 10000 over [a, b].
-struct Sampled {
-    Sampled(const std::string& text, double a, double b) {
-        EXPECT_TRUE(prepareFormula(formula, text, 'f')) << formula.errorText;
-        graph.xBegin = a;
-        graph.xEnd = b;
-        graph.pointsPerRun = 10000;
-        SamplingControl control;
-        control.progress = [this](int p) { percents.push_back(p); };
-        completed = sampleCurve(graph, formula, control);
-    }
-    std::pair<double, double> span() const {
-        return {graph.definedSpan.begin, graph.definedSpan.end};
-    }
-
-    TwoDGraph graph;
-    Formula formula;
-    std::vector<int> percents;
-    bool completed = false;
-};
 
 std::vector<int> indicesWhere(const Curve& c, const std::function<bool(const PlotPoint&)>& test) {
     std::vector<int> out;
@@ -64,7 +44,7 @@ TEST(CurveSampler, MonotonicCurvesGetRegularSamplesPlusFinalRecord) {
                  {"3.5", 3.5, 3.5}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.text);
-        Sampled s(c.text, -1.0, 2.0);
+        SampledGraph s(c.text, -1.0, 2.0);
         ASSERT_TRUE(s.completed);
         const Curve& m = s.graph.main;
         // The loop steps x by dx = 3/10000 while x <= 2; rounding may add one pass.
@@ -92,7 +72,7 @@ TEST(CurveSampler, MonotonicCurvesGetRegularSamplesPlusFinalRecord) {
 }
 
 TEST(CurveSampler, TurningPointsAreRefinedFromBothSidesAndMarked) {
-    Sampled s("sin(x)", -10.0, 10.0);
+    SampledGraph s("sin(x)", -10.0, 10.0);
     ASSERT_TRUE(s.completed);
     const Curve& c = s.graph.main;
     // Turning points of sin in [-10, 10]: (k + 1/2) * pi for k = -3 .. 2, each bracketed twice.
@@ -117,7 +97,7 @@ TEST(CurveSampler, TurningPointsAreRefinedFromBothSidesAndMarked) {
 }
 
 TEST(CurveSampler, TanPolesAreBreaksOnBothSides) {
-    Sampled s("tan(x)", -5.0, 5.0);
+    SampledGraph s("tan(x)", -5.0, 5.0);
     ASSERT_TRUE(s.completed);
     const Curve& c = s.graph.main;
     // Poles at -3pi/2, -pi/2, pi/2, 3pi/2.
@@ -140,14 +120,14 @@ TEST(CurveSampler, TanPolesAreBreaksOnBothSides) {
 
 TEST(CurveSampler, IndefiniteStretchesGetEdgesAndSpans) {
     const auto indefinite = [](const PlotPoint& p) { return p.isIndefinite != 0; };
-    Sampled whole("Sqr(x)", -5.0, -1.0);
+    SampledGraph whole("Sqr(x)", -5.0, -1.0);
     ASSERT_TRUE(whole.completed);
     EXPECT_EQ(indicesWhere(whole.graph.main, indefinite).size(),
               static_cast<std::size_t>(whole.graph.main.pointCount));
     EXPECT_EQ(whole.span(), std::make_pair(-1.0, -1.0));
 
     // The edge found between the last indefinite and the first regular sample lies at 0.
-    Sampled from("Sqr(x)", -1.0, 1.0);
+    SampledGraph from("Sqr(x)", -1.0, 1.0);
     const Curve& c = from.graph.main;
     const auto before = indicesWhere(c, indefinite);
     ASSERT_FALSE(before.empty());
@@ -157,7 +137,7 @@ TEST(CurveSampler, IndefiniteStretchesGetEdgesAndSpans) {
     EXPECT_LT(double{c.points[first].x}, double{c.points[first + 1].x} - 1e-12);
     EXPECT_EQ(from.span(), std::make_pair(double{c.points[first].x}, 1.0));
 
-    Sampled upTo("Sqr(-x)", -1.0, 1.0);
+    SampledGraph upTo("Sqr(-x)", -1.0, 1.0);
     const auto after = indicesWhere(upTo.graph.main, indefinite);
     ASSERT_GT(after.size(), 0u);
     ASSERT_GT(after[0], 0);
@@ -181,7 +161,7 @@ TEST(CurveSampler, EdgeSearchWalksEverySubStepToTheBoundary) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.text);
-        Sampled s(c.text, c.a, c.b);
+        SampledGraph s(c.text, c.a, c.b);
         const Curve& m = s.graph.main;
         EXPECT_EQ(m.yMin, c.yMin);
         EXPECT_EQ(m.yMax, c.yMax);
@@ -197,7 +177,7 @@ TEST(CurveSampler, EdgeSearchWalksEverySubStepToTheBoundary) {
 }
 
 TEST(CurveSampler, OnlyAPairFarAboveTheAxisIsABreak) {
-    Sampled s("-10^200*(x^2+1)", -1.0, 1.0);
+    SampledGraph s("-10^200*(x^2+1)", -1.0, 1.0);
     const Curve& c = s.graph.main;
     EXPECT_TRUE(indicesWhere(c, [](const PlotPoint& p) { return p.isBreak != 0; }).empty());
     const auto peak = indicesWhere(c, [](const PlotPoint& p) { return p.peakKind != 0; });
@@ -208,7 +188,7 @@ TEST(CurveSampler, OnlyAPairFarAboveTheAxisIsABreak) {
 TEST(CurveSampler, NarrowRangeIsSampledEvenly) {
     const double a = 1e6;
     const double b = std::nextafter(std::nextafter(a, 2e6), 2e6);
-    Sampled s("x*2", a, b);
+    SampledGraph s("x*2", a, b);
     ASSERT_TRUE(s.completed);
     const Curve& c = s.graph.main;
     ASSERT_EQ(c.pointCount, 3);
@@ -224,7 +204,7 @@ TEST(CurveSampler, RangesTheDialogWouldRefuseStillEnd) {
         {-1e308, 1e308}};
     for (const auto& [a, b] : ranges) {
         SCOPED_TRACE(testing::Message() << a << " .. " << b);
-        Sampled s("tan(x)", a, b);
+        SampledGraph s("tan(x)", a, b);
         EXPECT_TRUE(s.completed);
         EXPECT_GE(s.graph.main.pointCount, 1);
         EXPECT_LE(static_cast<std::size_t>(s.graph.main.pointCount), s.graph.main.points.size());
@@ -232,7 +212,7 @@ TEST(CurveSampler, RangesTheDialogWouldRefuseStillEnd) {
 }
 
 TEST(CurveSampler, StopRemovesTheSecondFunctionButLeavesTheMainCurve) {
-    Sampled s("x^2", -2.0, 2.0);
+    SampledGraph s("x^2", -2.0, 2.0);
     ASSERT_TRUE(s.completed);
     const Curve before = s.graph.main;
 
@@ -258,7 +238,7 @@ TEST(CurveSampler, StopRemovesTheSecondFunctionButLeavesTheMainCurve) {
 }
 
 TEST(CurveSampler, DerivativeAndDrawingStep) {
-    Sampled s("x^2", -2.0, 2.0);
+    SampledGraph s("x^2", -2.0, 2.0);
     ASSERT_TRUE(buildDerivativeCurve(s.graph, s.formula, {}));
     const Curve& d = s.graph.derivative;
     ASSERT_EQ(d.pointCount, s.graph.main.pointCount - 1);

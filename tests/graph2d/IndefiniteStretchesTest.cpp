@@ -5,21 +5,18 @@
 #include <vector>
 
 #include "graph2d/IndefiniteStretches.h"
+#include "tests/support/CurveBuilders.h"
 
 namespace curvemill {
 namespace {
 
 // One record per character at x = its position: '.' defined, 'I' indefinite.
 Curve curveOf(const std::string& pattern) {
-    Curve curve;
+    std::vector<PlotPoint> points;
     for (std::size_t i = 0; i < pattern.size(); ++i) {
-        PlotPoint p{};
-        p.x = static_cast<double>(i);
-        p.isIndefinite = pattern[i] == 'I';
-        curve.points.push_back(p);
+        points.push_back(point(static_cast<double>(i), 0, false, pattern[i] == 'I'));
     }
-    curve.pointCount = static_cast<int>(pattern.size());
-    return curve;
+    return curveOf(points);
 }
 
 TEST(IndefiniteStretches, ReachFromEdgeToEdgeOrToTheRangesEnds) {

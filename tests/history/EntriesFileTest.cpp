@@ -17,7 +17,7 @@
 #include <string>
 #include <vector>
 
-#include "TempDirectory.h"
+#include "tests/support/TempDirectory.h"
 
 namespace curvemill {
 namespace {

@@ -2,22 +2,18 @@
 #include <gtest/gtest.h>
 
 #include "mathtools/ExtremeList.h"
+#include "tests/support/CurveBuilders.h"
 
 namespace curvemill {
 namespace {
 
 // Records (x, y, peakKind) in ascending x.
 Curve curveOf(std::initializer_list<std::tuple<double, double, int>> records) {
-    Curve curve;
+    std::vector<PlotPoint> points;
     for (const auto& [x, y, kind] : records) {
-        PlotPoint p;
-        p.x = x;
-        p.y = y;
-        p.peakKind = static_cast<std::uint8_t>(kind);
-        curve.points.push_back(p);
+        points.push_back(point(x, y, false, false, kind));
     }
-    curve.pointCount = static_cast<std::int32_t>(curve.points.size());
-    return curve;
+    return curveOf(points);
 }
 
 std::vector<double> xs(const std::vector<ExtremeRow>& rows) {

@@ -6,8 +6,8 @@
 #include <functional>
 #include <vector>
 
-#include "SampledGraph.h"
 #include "mathtools/IntegralCurve.h"
+#include "tests/support/SampledGraph.h"
 
 namespace curvemill {
 namespace {

@@ -5,13 +5,13 @@
 #include <cmath>
 #include <vector>
 
-#include "SampledGraph.h"
 #include "engine/NumberEntry.h"
 #include "mathtools/Integral.h"
 #include "mathtools/MathMessages.h"
 #include "mathtools/MathTexts.h"
 #include "mathtools/PreciseIntegral.h"
 #include "mathtools/RefinementPool.h"
+#include "tests/support/SampledGraph.h"
 
 namespace curvemill {
 namespace {

@@ -1,22 +1,45 @@
-// A formula sampled into a graph's main curve, as the Function dialog leaves it for the tools.
+// Test builders for 2D curves from hand-made records.
 #pragma once
 
-#include <string>
+#include <cstdint>
+#include <functional>
+#include <vector>
 
-#include "engine/Formula.h"
-#include "engine/Preparation.h"
-#include "graph2d/CurveSampler.h"
-#include "graph2d/TwoDGraph.h"
+#include "graph2d/Curve.h"
+#include "graph2d/PlotPoint.h"
 
-struct SampledGraph {
-    curvemill::Formula formula;
-    curvemill::TwoDGraph graph;
+namespace curvemill {
 
-    SampledGraph(const std::string& text, double xBegin, double xEnd, int points = 10000) {
-        curvemill::prepareFormula(formula, text, 'f');
-        graph.xBegin = xBegin;
-        graph.xEnd = xEnd;
-        graph.pointsPerRun = points;
-        curvemill::sampleCurve(graph, formula, {});
+inline PlotPoint point(double x, double y, bool isBreak = false, bool indefinite = false,
+                       int peakKind = 0) {
+    PlotPoint p{};
+    p.x = x;
+    p.y = y;
+    p.isBreak = isBreak ? 1 : 0;
+    p.isIndefinite = indefinite ? 1 : 0;
+    p.peakKind = static_cast<std::uint8_t>(peakKind);
+    return p;
+}
+
+inline void setCurve(Curve& curve, const std::vector<PlotPoint>& points) {
+    curve.points = points;
+    curve.pointCount = static_cast<int>(points.size());
+}
+
+inline Curve curveOf(const std::vector<PlotPoint>& points) {
+    Curve curve;
+    setCurve(curve, points);
+    return curve;
+}
+
+// `count` records at x = x0 .. x1 evenly spaced, with y = f(i).
+inline std::vector<PlotPoint> line(int count, double x0, double x1,
+                                   const std::function<double(int)>& f) {
+    std::vector<PlotPoint> points;
+    for (int i = 0; i < count; ++i) {
+        points.push_back(point(x0 + (x1 - x0) * i / (count - 1), f(i)));
     }
-};
+    return points;
+}
+
+}  // namespace curvemill

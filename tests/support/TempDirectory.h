@@ -1,9 +1,11 @@
-// A fresh directory under the system's temporary folder, removed with everything in it.
+// A fresh directory of its own under the system's temporary folder (parallel runs never share
+// one), removed with everything in it.
 #pragma once
+
+#include <stdlib.h>
 
 #include <filesystem>
 #include <fstream>
-#include <random>
 #include <string>
 #include <string_view>
 
@@ -12,10 +14,12 @@ namespace curvemill::testing {
 class TempDirectory {
   public:
     TempDirectory() {
-        std::random_device random;
-        path_ = std::filesystem::temp_directory_path() /
-                ("curvemill-history-" + std::to_string(random()) + std::to_string(random()));
-        std::filesystem::create_directories(path_);
+        std::string name = (std::filesystem::temp_directory_path() / "curvemill-XXXXXX").string();
+        if (::mkdtemp(name.data()) == nullptr) {
+            throw std::filesystem::filesystem_error(
+                "mkdtemp", name, std::error_code(errno, std::generic_category()));
+        }
+        path_ = name;
     }
     ~TempDirectory() {
         std::error_code ignored;

@@ -22,6 +22,7 @@
 #include "history/ui/HistoryWindow.h"
 #include "history/ui/LoadingDialog.h"
 #include "tests/support/RecordingReporter.h"
+#include "tests/support/TempDirectory.h"
 
 using namespace curvemill;
 using namespace curvemill::history_commands;
@@ -60,6 +61,7 @@ const char* const kFile =
 class HistoryWindowsTest : public QObject {
     Q_OBJECT
 
+    std::unique_ptr<curvemill::testing::TempDirectory> folder_;
     std::filesystem::path dir_;
     HistoryStore store_;
     RecordingReporter reporter_;
@@ -67,9 +69,8 @@ class HistoryWindowsTest : public QObject {
 
   private slots:
     void init() {
-        dir_ = std::filesystem::temp_directory_path() / "curvemill-history-ui-test";
-        std::filesystem::remove_all(dir_);
-        std::filesystem::create_directories(dir_);
+        folder_ = std::make_unique<curvemill::testing::TempDirectory>();
+        dir_ = folder_->path();
         std::ofstream(dir_ / "Graph.dat") << kFile;
         store_ = HistoryStore();
         loadEntries(store_, kLoadAtStartup, dir_);
@@ -77,7 +78,7 @@ class HistoryWindowsTest : public QObject {
     }
     void cleanup() {
         QVERIFY(reporter_.names.empty());
-        std::filesystem::remove_all(dir_);
+        folder_.reset();
     }
 
     void reportListShowsOneKind_data() {

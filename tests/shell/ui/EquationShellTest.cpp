@@ -17,6 +17,7 @@
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/MainWindow.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/MainWindowFixture.h"
 #include "tests/support/RecordingReporter.h"
 #include "twovar/TwoVariableSettings.h"
 #include "twovar/ui/TwoVariableWindow.h"
@@ -26,51 +27,16 @@ using namespace curvemill;
 using namespace curvemill::testing;
 using namespace Qt::Literals::StringLiterals;
 
-class EquationShellTest : public QObject {
+class EquationShellTest : public MainWindowFixture {
     Q_OBJECT
 
-    Formula formula;
-    TwoDGraph graph;
-    GraphView view;
-    EquationCurve curve;
-    TwoVariableSettings settings;
-    RecordingReporter reporter;
-    Worker worker{reporter};
-    SurfaceScene surface;
-    std::unique_ptr<MainWindow> window;
-
-    QAction* action(int id) { return window->commands().action(id); }
-
-    // Opens the window with `command`, types the entry and presses OK.
-    TwoVariableWindow* enter(int command, const QString& equation) {
-        action(command)->trigger();
-        TwoVariableWindow* input = window->equationCommands().window();
-        if (input == nullptr || !input->isVisible()) {
-            return nullptr;
-        }
-        const int ids[] = {twovar_ids::kXBegin, twovar_ids::kXEnd, twovar_ids::kYBegin,
-                           twovar_ids::kYEnd, twovar_ids::kFormula};
-        const QString texts[] = {u"-2"_s, u"2"_s, u"-2"_s, u"2"_s, equation};
-        for (int i = 0; i < 5; ++i) {
-            control<QLineEdit>(*input, ids[i])->setText(texts[i]);
-        }
-        control<QPushButton>(*input, twovar_ids::kOk)->click();
-        return input;
-    }
-
   private Q_SLOTS:
-    void init() {
-        curve = EquationCurve{};
-        window = std::make_unique<MainWindow>(
-            MainWindowParts{formula, graph, view, reporter, worker, surface, &curve, &settings});
-        window->resize(900, 700);
-        window->show();
-    }
+    void init() { openWindow(); }
     void cleanup() { window.reset(); }
 
     void equationIsShownWithItsDotsAndMenus() {
         QVERIFY(!action(40012)->isEnabled());
-        TwoVariableWindow* input = enter(40086, u"x^2+y^2-1"_s);
+        TwoVariableWindow* input = enterTwoVariables(40086, u"x^2+y^2-1"_s);
         QVERIFY(input != nullptr);
         QCOMPARE(input->windowTitle(), u"Equation"_s);
         QTRY_COMPARE(window->graphKind(), GraphKind::Equation);
@@ -102,7 +68,7 @@ class EquationShellTest : public QObject {
         auto* solutions = window->equationCommands().solutionsDialog();
         QVERIFY(solutions != nullptr && solutions->isVisible());
         const int before = curve.count();
-        enter(40086, u"x*y-1"_s);
+        enterTwoVariables(40086, u"x*y-1"_s);
         QTRY_VERIFY(curve.count() != before);
         QVERIFY(solutions->findChild<QLabel*>(u"1181"_s)->text().startsWith(
             QString::number(curve.count())));
@@ -111,7 +77,7 @@ class EquationShellTest : public QObject {
     // The ThreeD mode hands its entries to the surface computation and shows the surface; a
     // Cancel with nothing on screen goes back to the title page.
     void surfaceModeDrawsTheSurfaceAndCancelLeadsBackToTheTitlePage() {
-        TwoVariableWindow* input = enter(40091, u"sin(x)*cos(y)"_s);
+        TwoVariableWindow* input = enterTwoVariables(40091, u"sin(x)*cos(y)"_s);
         QVERIFY(input != nullptr);
         QCOMPARE(input->windowTitle(), u"ThreeD Function"_s);
         QTRY_COMPARE(window->graphKind(), GraphKind::Surface3D);
@@ -119,9 +85,7 @@ class EquationShellTest : public QObject {
         QVERIFY(surface.complete);
         QVERIFY(action(40005)->isEnabled() && !action(40012)->isEnabled());
 
-        window = std::make_unique<MainWindow>(
-            MainWindowParts{formula, graph, view, reporter, worker, surface, &curve, &settings});
-        window->show();
+        openWindow();
         action(40091)->trigger();
         TwoVariableWindow* again = window->equationCommands().window();
         QVERIFY(again != nullptr);

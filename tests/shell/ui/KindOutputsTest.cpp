@@ -26,6 +26,7 @@
 #include "shell/ui/MainWindow.h"
 #include "tests/graph3d/SurfaceFixture.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/MainWindowFixture.h"
 #include "tests/support/RecordingReporter.h"
 #include "twovar/TwoVariableSettings.h"
 #include "twovar/ui/TwoVariableWindow.h"
@@ -63,20 +64,8 @@ QStringList csvLines(const std::string& csv) {
 
 }  // namespace
 
-class KindOutputsTest : public QObject {
+class KindOutputsTest : public MainWindowFixture {
     Q_OBJECT
-
-    Formula formula;
-    TwoDGraph graph;
-    GraphView view;
-    EquationCurve curve;
-    TwoVariableSettings settings;
-    RecordingReporter reporter;
-    Worker worker{reporter};
-    SurfaceScene surface;
-    std::unique_ptr<MainWindow> window;
-
-    QAction* action(int id) { return window->commands().action(id); }
 
     // The preview has laid out exactly one page.
     void expectOnePreviewPage(const GraphPicture& picture) {
@@ -95,14 +84,7 @@ class KindOutputsTest : public QObject {
     }
 
   private Q_SLOTS:
-    void init() {
-        curve = EquationCurve{};
-        surface = SurfaceScene{};
-        window = std::make_unique<MainWindow>(
-            MainWindowParts{formula, graph, view, reporter, worker, surface, &curve, &settings});
-        window->resize(900, 700);
-        window->show();
-    }
+    void init() { openWindow(); }
     void cleanup() { window.reset(); }
 
     void equationGoesOutAsItsDots() {

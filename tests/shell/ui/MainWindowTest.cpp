@@ -44,6 +44,8 @@
 #include "shell/ui/MathCommands.h"
 #include "shell/ui/TitlePage.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/FakeHistory.h"
+#include "tests/support/MainWindowFixture.h"
 #include "tests/support/ModalAnswer.h"
 #include "tests/support/RecordingReporter.h"
 #include "worker/ui/Worker.h"
@@ -53,34 +55,6 @@ using namespace curvemill::testing;
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-// Counts what the window asks of the history; entries are kept as recorded.
-class FakeHistory : public HistoryPort {
-  public:
-    void loadAtStartup() override {}
-    bool saveOnExit() override { return ++exitSaves > 0; }
-    void saveNow() override {
-        ++saves;
-        unsaved = false;
-    }
-    bool hasUnsavedEntries() const override { return unsaved; }
-    void setChangedCallback(std::function<void()> callback) override { changed = callback; }
-    void recordEntry(const TypedEntry& entry) override {
-        entries.push_back(entry);
-        unsaved = true;
-        changed();
-    }
-    void showPreviousEntries(HistoryClient) override {}
-    void showListOfFunctions(HistoryClient) override {}
-    void hideWindows() override {}
-    void runListCommand(int) override {}
-
-    int exitSaves = 0;
-    int saves = 0;
-    bool unsaved = false;
-    std::function<void()> changed;
-    std::vector<TypedEntry> entries;
-};
 
 // An object whose handling of a user event runs `fault`.
 class FaultyControl : public QObject {
@@ -101,48 +75,23 @@ class FaultyControl : public QObject {
 
 }  // namespace
 
-class MainWindowTest : public QObject {
+class MainWindowTest : public MainWindowFixture {
     Q_OBJECT
 
-    Formula formula;
-    TwoDGraph graph;
-    GraphView view;
-    SurfaceScene surface;
-    RecordingReporter reporter;
-    Worker worker{reporter};
     FakeHistory history;
-    std::unique_ptr<MainWindow> window;
 
-    QAction* action(int id) { return window->commands().action(id); }
     // An entry's text as read, without its mnemonic marker.
     static QString plain(const QString& text) { return QString(text).remove(u'&'); }
-
-    bool drawWith(bool second, const QString& formulaText) {
-        action(second ? cmd::kSecondFunction : cmd::kTwoDGraph)->trigger();
-        TwoDGraphDialog* dialog = window->twoDGraphDialog(second);
-        if (!dialog->isVisible()) {
-            return false;
-        }
-        control<QLineEdit>(*dialog, twod_ids::kFormula)->setText(formulaText);
-        QSignalSpy finished(dialog, &TwoDGraphDialog::runFinished);
-        control<QPushButton>(*dialog, twod_ids::kOk)->click();
-        return finished.wait(20000) && finished.first().first().toBool();
-    }
 
   private Q_SLOTS:
     // Qt Test puts its own crash handlers in place when it starts; ours must be the ones in force.
     void initTestCase() { installFaultTranslation(); }
 
     void init() {
-        graph = TwoDGraph{};
-        view = GraphView{};
         history = FakeHistory{};
         reporter = RecordingReporter{};
-        window = std::make_unique<MainWindow>(
-            MainWindowParts{formula, graph, view, reporter, worker, surface});
+        openWindow({1000, 700});
         window->setHistoryPort(&history);
-        window->resize(1000, 700);
-        window->show();
     }
     void cleanup() { window.reset(); }
 
@@ -251,7 +200,7 @@ class MainWindowTest : public QObject {
 
     void graphSecondFunctionAndSwitching() {
         window->twoDGraphDialog(false)->setEntry("x", "-3", "4");
-        QVERIFY(drawWith(false, "x"));
+        QVERIFY(drawFunction(false, "x"));
         QCOMPARE(window->graphKind(), GraphKind::Function2D);
         QVERIFY(window->graphArea()->isVisible());
         QVERIFY(action(40051)->isEnabled());
@@ -262,7 +211,7 @@ class MainWindowTest : public QObject {
         QCOMPARE(history.entries[0].yBegin, std::string("$"));
         QVERIFY(action(40093)->isEnabled());
 
-        QVERIFY(drawWith(true, "x^2"));
+        QVERIFY(drawFunction(true, "x^2"));
         // The second function is drawn over the first one's range.
         const double secondFirstX = graph.second.points[0].x;
         QCOMPARE(secondFirstX, -3.0);
@@ -302,7 +251,7 @@ class MainWindowTest : public QObject {
     void mathMenuPaintsAndErasesAnIntegral() {
         QVERIFY(!action(40012)->isEnabled() && !action(40200)->isEnabled());
         window->twoDGraphDialog(false)->setEntry("x^2", "-3", "3");
-        QVERIFY(drawWith(false, "x^2"));
+        QVERIFY(drawFunction(false, "x^2"));
         QVERIFY(action(40012)->isEnabled() && action(40200)->isEnabled());
         QVERIFY(!action(40029)->isEnabled());
         action(40012)->trigger();
@@ -363,7 +312,7 @@ class MainWindowTest : public QObject {
         action(40012)->trigger();
         control<QPushButton>(*math, math_ids::kDisplayIntegral)->click();
         QVERIFY(finished.wait(20000));
-        QVERIFY(drawWith(false, "x^3"));
+        QVERIFY(drawFunction(false, "x^3"));
         QVERIFY(!graph.hasIntegral() && !action(40029)->isEnabled());
     }
 
@@ -375,19 +324,19 @@ class MainWindowTest : public QObject {
         QObject scope;
         connect(&worker, &Worker::progressChanged, &scope,
                 [&] { shownWhileRunning = window->progressBar()->isVisible(); });
-        QVERIFY(drawWith(false, "(-2)^x"));
+        QVERIFY(drawFunction(false, "(-2)^x"));
         QVERIFY(shownWhileRunning);
         QVERIFY(window->progressBar()->isHidden());
         QVERIFY2(window->statusText().contains(u"(-2)^x has no value"_s),
                  qPrintable(window->statusText()));
-        QVERIFY(drawWith(false, "x"));
+        QVERIFY(drawFunction(false, "x"));
         QCOMPARE(window->statusText(), u"Ready"_s);
     }
 
     // Save, Print and Copy see the screen and the whole tall graph, drawn by the 2D painter.
     void graphGoesOutWholeAndInParts() {
         QVERIFY(!action(40030)->isEnabled());
-        QVERIFY(drawWith(false, "x^3"));
+        QVERIFY(drawFunction(false, "x^3"));
         for (const int id : {40030, 40018, 40052}) {
             QVERIFY(action(id)->isEnabled());
         }
@@ -417,7 +366,7 @@ class MainWindowTest : public QObject {
     }
 
     void tallGraphOpensAroundTheAxisFromASharpBuffer() {
-        QVERIFY(drawWith(false, "x^3"));
+        QVERIFY(drawFunction(false, "x^3"));
         // Taller than the window: it scrolls, and opens with the x axis in sight.
         QVERIFY(window->graphArea()->verticalBar()->maximum() > 0);
         QVERIFY(view.visibleYBegin() < 0.0 && view.visibleYEnd() > 0.0);

@@ -18,6 +18,7 @@
 #include "shell/ui/MainWindow.h"
 #include "shell/ui/RotationCommands.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/MainWindowFixture.h"
 #include "tests/support/RecordingReporter.h"
 #include "twovar/TwoVariableSettings.h"
 #include "twovar/ui/TwoVariableWindow.h"
@@ -27,33 +28,15 @@ using namespace curvemill;
 using namespace curvemill::testing;
 using namespace Qt::Literals::StringLiterals;
 
-class RotationShellTest : public QObject {
+class RotationShellTest : public MainWindowFixture {
     Q_OBJECT
 
-    Formula formula;
-    TwoDGraph graph;
-    GraphView view;
-    EquationCurve curve;
-    TwoVariableSettings settings;
-    RecordingReporter reporter;
-    Worker worker{reporter};
-    SurfaceScene surface;
-    std::unique_ptr<MainWindow> window;
-
-    QAction* action(int id) { return window->commands().action(id); }
     SurfaceRotator& rotator() { return window->rotation().rotator(); }
 
   private Q_SLOTS:
     void init() {
-        window = std::make_unique<MainWindow>(
-            MainWindowParts{formula, graph, view, reporter, worker, surface, &curve, &settings});
-        window->resize(900, 700);
-        window->show();
-        action(40091)->trigger();
-        TwoVariableWindow* input = window->equationCommands().window();
-        QVERIFY(input != nullptr);
-        control<QLineEdit>(*input, twovar_ids::kFormula)->setText(u"sin(x)*cos(y)"_s);
-        control<QPushButton>(*input, twovar_ids::kOk)->click();
+        openWindow();
+        QVERIFY(enterTwoVariables(40091, u"sin(x)*cos(y)"_s, u"3"_s) != nullptr);
         QTRY_COMPARE(window->graphKind(), GraphKind::Surface3D);
     }
     void cleanup() { window.reset(); }

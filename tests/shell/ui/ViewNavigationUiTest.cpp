@@ -25,6 +25,7 @@
 #include "shell/ui/MainWindow.h"
 #include "shell/ui/ViewCommands.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/MainWindowFixture.h"
 #include "tests/support/RecordingReporter.h"
 #include "worker/ui/Worker.h"
 
@@ -32,19 +33,9 @@ using namespace curvemill;
 using namespace curvemill::testing;
 using namespace Qt::Literals::StringLiterals;
 
-class ViewNavigationUiTest : public QObject {
+class ViewNavigationUiTest : public MainWindowFixture {
     Q_OBJECT
 
-    Formula formula;
-    TwoDGraph graph;
-    GraphView view;
-    RecordingReporter reporter;
-    Worker worker{reporter};
-    SurfaceScene surface;
-    std::unique_ptr<MainWindow> window;
-
-    QAction* action(int id) { return window->commands().action(id); }
-    GraphCanvas* canvas() { return window->graphArea()->canvas(); }
     QPointF centre() const {
         return {view.graphX(view.left + view.visibleWidth() / 2),
                 view.graphY(view.top + view.visibleHeight() / 2)};
@@ -74,12 +65,7 @@ class ViewNavigationUiTest : public QObject {
   private Q_SLOTS:
     void initTestCase() { installFaultTranslation(); }
     void init() {
-        graph = TwoDGraph{};
-        view = GraphView{};
-        window = std::make_unique<MainWindow>(
-            MainWindowParts{formula, graph, view, reporter, worker, surface});
-        window->resize(1000, 700);
-        window->show();
+        openWindow({1000, 700});
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));
         QVERIFY(drawSinc());
     }

@@ -12,6 +12,7 @@
 #include "graph2d/GraphView.h"
 #include "history/HistoryPort.h"
 #include "tests/support/DialogControls.h"
+#include "tests/support/FakeHistory.h"
 #include "tests/support/ModalAnswer.h"
 #include "tests/support/RecordingReporter.h"
 #include "twovar/ui/TwoVariableWindow.h"
@@ -21,32 +22,6 @@ using namespace curvemill;
 using namespace curvemill::testing;
 using namespace Qt::Literals::StringLiterals;
 namespace ids = curvemill::twovar_ids;
-
-namespace {
-
-// Keeps what the window asks of the history.
-class FakeHistory : public HistoryPort {
-  public:
-    void loadAtStartup() override {}
-    bool saveOnExit() override { return true; }
-    void saveNow() override {}
-    bool hasUnsavedEntries() const override { return false; }
-    void setChangedCallback(std::function<void()>) override {}
-    void recordEntry(const TypedEntry& entry) override { recorded.push_back(entry); }
-    void showPreviousEntries(HistoryClient c) override { client = std::move(c); }
-    void showListOfFunctions(HistoryClient) override {}
-    void hideWindows() override { ++hidden; }
-    void runListCommand(int) override {}
-    void setShownKind(EntryKind kind) override { shownKinds.push_back(kind); }
-    int entryCount(EntryKind kind) const override { return kind == EntryKind::Equation ? 1 : 0; }
-
-    std::vector<TypedEntry> recorded;
-    HistoryClient client;
-    std::vector<EntryKind> shownKinds;
-    int hidden = 0;
-};
-
-}  // namespace
 
 class TwoVariableWindowTest : public QObject {
     Q_OBJECT
@@ -163,7 +138,7 @@ class TwoVariableWindowTest : public QObject {
         QVERIFY(selectedWhole);
         QCOMPARE(window->focusWidget(), box);
         QVERIFY(!window->isRunning());
-        QVERIFY(history.recorded.empty());
+        QVERIFY(history.entries.empty());
         QCOMPARE(settings.kind, '\0');
     }
 
@@ -217,9 +192,9 @@ class TwoVariableWindowTest : public QObject {
         QVERIFY(curve.shown && curve.count() > 100);
         QCOMPARE(curve.grid.xSteps, 200);
         QCOMPARE(curve.formulaText, std::string("x^2+y^2-1"));
-        QCOMPARE(history.recorded.size(), size_t(1));
-        QCOMPARE(history.recorded[0].yEnd, std::string("2"));
-        QCOMPARE(history.recorded[0].section, 'n');
+        QCOMPARE(history.entries.size(), size_t(1));
+        QCOMPARE(history.entries[0].yEnd, std::string("2"));
+        QCOMPARE(history.entries[0].section, 'n');
         QCOMPARE(settings.kind, 'n');
         auto again = makeWindow(TwoVariableMode::kEquation);
         QCOMPARE(control<QLineEdit>(*again, ids::kFormula)->text(), u"x^2+y^2-1"_s);
@@ -260,8 +235,8 @@ class TwoVariableWindowTest : public QObject {
         QSignalSpy status(window.get(), &TwoVariableWindow::statusMessage);
         pressOk(*window);
         QCOMPARE(status.size(), 1);
-        QCOMPARE(history.recorded.size(), size_t(1));
-        QCOMPARE(history.recorded[0].section, 'y');
+        QCOMPARE(history.entries.size(), size_t(1));
+        QCOMPARE(history.entries[0].section, 'y');
         QVERIFY(window->isVisible());
         QVERIFY(control(*window, ids::kOk)->isEnabled());
         QTest::mouseClick(control<QPushButton>(*window, ids::kCancel), Qt::LeftButton);
