@@ -79,8 +79,6 @@ class EquationToolsTest : public QObject {
         QTest::addColumn<QString>("message");
         QTest::newRow("not a number") << information_ids::kYForX << u"x"_s
                                       << u"ERROR IN Y EDIT BOX:\nNUMBER IS NOT A CONSTANT"_s;
-        QTest::newRow("y outside") << information_ids::kYForX << u"30"_s
-                                   << u"Y IS OUTSIDE THE CURRENTLY SELECTED RANGE:\n"_s;
         QTest::newRow("x outside")
             << information_ids::kXForY << u"-7"_s << u"X IS OUTSIDE THE RANGE OF FUNCTION"_s;
     }
