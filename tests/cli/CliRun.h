@@ -11,7 +11,9 @@
 #include <cstdlib>
 
 #include <algorithm>
+#include <cstdio>
 #include <fstream>
+#include <ostream>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -108,6 +110,22 @@ struct CliCase {
     std::string out;
     int exitCode;
 };
+
+// Names the cases in test lists and failure messages: bytes escaped, long words shortened.
+inline void PrintTo(const CliCase& c, std::ostream* os) {
+    for (const std::string& a : c.args) {
+        *os << '[';
+        for (const char b : a.substr(0, 24)) {
+            char hex[8];
+            std::snprintf(hex, sizeof hex, "\\x%02x", static_cast<unsigned char>(b));
+            *os << (b > ' ' && b < 0x7f ? std::string(1, b) : std::string(hex));
+        }
+        if (a.size() > 24) {
+            *os << "...(" << a.size() << ')';
+        }
+        *os << "] ";
+    }
+}
 
 // Runs the row; returns what failed to match, empty when all did.
 inline std::string checkCliCase(const CliCase& c) {

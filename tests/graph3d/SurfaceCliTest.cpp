@@ -1,6 +1,7 @@
 // The surface command of curvemill-cli: summaries, vertices, the window's messages, the image.
 #include <cstdio>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <string>
 #include <vector>
@@ -111,7 +112,9 @@ TEST(SurfaceCli, WritesAPngOfTheRequestedSizeInEveryMode) {
 
 // The picture of `formula` over the square with `options`, as written to a file.
 std::string pictureBytes(const std::string& options, const std::string& formula = "sin(x)*cos(y)") {
-    const std::string file = ::testing::TempDir() + "graph3d_cli_view.bmp";
+    // A file per formula: the tests that use it run in parallel.
+    const std::string file = ::testing::TempDir() + "graph3d_cli_" +
+                             std::to_string(std::hash<std::string>{}(formula)) + ".bmp";
     std::remove(file.c_str());
     const CliRun run =
         runCli(words("surface " + formula + " --size 240x200 -o " + file + kSquare + options));

@@ -16,7 +16,6 @@
 #include "graph3d/SurfaceScene.h"
 #include "shell/CommandTable.h"
 #include "shell/ui/CommandActions.h"
-#include "shell/ui/EquationCommands.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/MainWindow.h"
 #include "tests/support/DialogControls.h"
@@ -71,11 +70,14 @@ class MainWindowFixture : public QObject {
     }
 
     // The two-variable window from `command` (equation or surface), its boxes filled, OK
-    // pressed; null when it did not open.
+    // pressed; null when it did not open. A template so that only the tests that use it need
+    // shell/ui/EquationCommands.h (its information ids clash with the Math dialog's).
+    template <class Window = MainWindow>
     TwoVariableWindow* enterTwoVariables(int command, const QString& text,
                                          const QString& range = QStringLiteral("2")) {
         action(command)->trigger();
-        TwoVariableWindow* input = window->equationCommands().window();
+        Window& main = *window;
+        TwoVariableWindow* input = main.equationCommands().window();
         if (input == nullptr || !input->isVisible()) {
             return nullptr;
         }

@@ -54,4 +54,27 @@ class ModalAnswer {
     QTimer timer_;
 };
 
+// Polls for a modal widget of type T other than `except` and hands it to `act`, once; for the
+// dialogs that are not message boxes.
+template <class T>
+class ModalAction {
+  public:
+    explicit ModalAction(std::function<void(T*)> act, const QWidget* except = nullptr) {
+        QObject::connect(&timer_, &QTimer::timeout, [this, act = std::move(act), except] {
+            auto* modal = qobject_cast<T*>(QApplication::activeModalWidget());
+            if (modal != nullptr && modal != except) {
+                timer_.stop();
+                seen = true;
+                act(modal);
+            }
+        });
+        timer_.start(5);
+    }
+
+    bool seen = false;
+
+  private:
+    QTimer timer_;
+};
+
 }  // namespace curvemill::testing

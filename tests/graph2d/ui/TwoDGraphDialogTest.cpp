@@ -259,22 +259,15 @@ class TwoDGraphDialogTest : public QObject {
 
     void logFormulaAsksForTheBaseFirst() {
         auto dialog = makeDialog();
-        bool asked = false;
-        QTimer poll;
-        connect(&poll, &QTimer::timeout, [&] {
-            QWidget* modal = QApplication::activeModalWidget();
-            if (modal != nullptr && modal != dialog.get() &&
-                modal->findChild<QLineEdit*>("1047") != nullptr) {
-                asked = true;
-                poll.stop();
+        ModalAction<QDialog> asked(
+            [](QDialog* modal) {
                 control(*modal, 1046)->setProperty("checked", true);
                 control<QLineEdit>(*modal, 1047)->setText("2");
-                QMetaObject::invokeMethod(modal, "accept");
-            }
-        });
-        poll.start(5);
+                modal->accept();
+            },
+            dialog.get());
         QVERIFY(draw(*dialog, u"1"_s, u"16"_s, u"log(x)"_s));
-        QVERIFY(asked);
+        QVERIFY(asked.seen);
         QCOMPARE(formula.logBase, 2.0);
         QVERIFY(qAbs(graph.main.yMax - 4.0) < 1e-9);
     }

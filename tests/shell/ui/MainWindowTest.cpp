@@ -471,25 +471,22 @@ class MainWindowTest : public MainWindowFixture {
 
     void aboutShowsTheProgramAndCloses() {
         QStringList seen;
-        QTimer poll;
-        connect(&poll, &QTimer::timeout, [&] {
-            if (auto* about = qobject_cast<AboutDialog*>(QApplication::activeModalWidget())) {
-                poll.stop();
-                seen << about->windowTitle() << about->procedureName();
-                for (const char* name : {"name", "version", "webAddress", "supportAddress"}) {
-                    seen << about->findChild<QLabel*>(name)->text();
-                }
-                QVERIFY(!about->findChild<QLabel*>("icon")->pixmap().isNull());
-                QTest::mouseClick(control(*about, 1), Qt::LeftButton);
+        bool icon = false;
+        ModalAction<AboutDialog> answer([&](AboutDialog* about) {
+            seen << about->windowTitle() << about->procedureName();
+            for (const char* name : {"name", "version", "webAddress", "supportAddress"}) {
+                seen << about->findChild<QLabel*>(name)->text();
             }
+            icon = !about->findChild<QLabel*>("icon")->pixmap().isNull();
+            QTest::mouseClick(control(*about, 1), Qt::LeftButton);
         });
-        poll.start(5);
         action(40132)->trigger();
         QCOMPARE(seen.mid(0, 3),
                  (QStringList{"About CurveMill", "About Dialog Procedure", "CurveMill"}));
         QVERIFY(seen.value(3).contains(QRegularExpression("^Version \\d+\\.\\d+\\.\\d+$")));
         QVERIFY(seen.value(4).contains("href=\"https://www.curvemill.org/\""));
         QVERIFY(seen.value(5).contains("support@curvemill.org"));
+        QVERIFY(icon);
         QCOMPARE(QApplication::activeModalWidget(), nullptr);
     }
 

@@ -147,21 +147,16 @@ class TwoVariableWindowTest : public QObject {
         auto window = makeWindow(TwoVariableMode::kEquation);
         fill(*window, {u"1"_s, u"2"_s, u"1"_s, u"2"_s, u"log(x+*y"_s});
         QStringList order;
-        QTimer poll;
-        ModalAnswer* answer = nullptr;
-        connect(&poll, &QTimer::timeout, [&] {
-            if (auto* dialog = qobject_cast<LogBaseDialog*>(QApplication::activeModalWidget())) {
-                order << u"log base"_s;
-                answer = new ModalAnswer;
-                answer->answered = [&order] { order << u"error"_s; };
-                dialog->reject();
-            }
+        std::unique_ptr<ModalAnswer> answer;
+        ModalAction<LogBaseDialog> logBase([&](LogBaseDialog* dialog) {
+            order << u"log base"_s;
+            answer = std::make_unique<ModalAnswer>();
+            answer->answered = [&order] { order << u"error"_s; };
+            dialog->reject();
         });
-        poll.start(5);
         pressOk(*window);
         QTRY_COMPARE(order, (QStringList{u"log base"_s, u"error"_s}));
         QVERIFY(answer->text.startsWith(u"ERROR IN FORMULA EDIT BOX:"_s));
-        delete answer;
     }
 
     void historyListFillsTheEdits() {
