@@ -25,9 +25,9 @@ void refine(Formula& formula, SurfaceVertex& below, SurfaceVertex& m, const Surf
     if (!peak && !valley) {
         return;
     }
-    const double span = (above.y - below.y) / 10;
     for (int k = 0; k < 10; ++k) {
-        const double y = below.y + k * span;
+        // Multiplied before the division, as written: dividing first moves the sample by an ulp.
+        const double y = below.y + k * (above.y - below.y) / 10;
         bool indefinite = false;
         const double z = evaluateAt(formula, m.x, y, indefinite);
         if (indefinite) {
@@ -104,7 +104,10 @@ SurfaceOutcome computeSurface(Formula& formula, SurfaceGrid& grid,
     if (!keepComputing.load(std::memory_order_relaxed)) {
         return SurfaceOutcome::Stopped;
     }
-    grid.diagonal = std::hypot(grid.xBegin - grid.xEnd, grid.yBegin - grid.yEnd);
+    // Square root of the sum of squares, not std::hypot, which rounds differently in the last bit.
+    const double dxAll = grid.xBegin - grid.xEnd;
+    const double dyAll = grid.yBegin - grid.yEnd;
+    grid.diagonal = std::sqrt(dxAll * dxAll + dyAll * dyAll);
     applyZLimits(grid, 'y');
     grid.xc = (grid.xEnd + grid.xBegin) * 0.5;
     grid.yc = (grid.yEnd + grid.yBegin) * 0.5;

@@ -204,6 +204,7 @@ void drawLines(SurfaceScene& scene, const DrawingPlan& plan, int from, int to, S
                 drawCell(scene, k, cell.index, plan.clip, cell.colour, sink);
             }
         }
+        sink.lineDone();
     }
 }
 

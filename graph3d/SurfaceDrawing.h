@@ -27,6 +27,8 @@ class SurfaceSink {
     virtual void pixel(ScreenPoint at, std::uint32_t colour) = 0;
     // A filled square, right and bottom exclusive.
     virtual void square(int left, int top, int right, int bottom, std::uint32_t colour) = 0;
+    // Every cell of one line of the pass has been handed over; the next line lies nearer the eye.
+    virtual void lineDone() {}
 };
 
 // The pass (1..4) that draws the cells far from the eye first. The rule is written beside it.

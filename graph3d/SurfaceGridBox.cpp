@@ -72,8 +72,8 @@ GridBox layoutGridBox(const SurfaceView& view, const SurfaceGrid& grid) {
         const int c = (a + 2) % 3;
         for (double vb : {lo[b], hi[b]}) {
             for (double vc : {lo[c], hi[c]}) {
-                box.lines.push_back(
-                    {point(a, lo[a], b, vb, c, vc), point(a, hi[a], b, vb, c, vc), true});
+                box.lines.push_back({point(a, lo[a], b, vb, c, vc), point(a, hi[a], b, vb, c, vc),
+                                     true, vb == front[b] && vc == front[c]});
             }
         }
     }
@@ -91,21 +91,19 @@ GridBox layoutGridBox(const SurfaceView& view, const SurfaceGrid& grid) {
             const int other = 3 - a - face;
             for (double v : values[a]) {
                 box.lines.push_back({point(a, v, face, back[face], other, lo[other]),
-                                     point(a, v, face, back[face], other, hi[other]), false});
+                                     point(a, v, face, back[face], other, hi[other]), false,
+                                     false});
             }
         }
     }
     // The x and y values along the edges nearest the eye of the horizontal back face (the floor
     // seen from above, the lid seen from below), the z values up the vertical edge at the end of
-    // the x values' row, where the surface hides them least. The corner the x and y rows share
-    // takes only its x value.
+    // the x values' row, where the surface hides them least. Each row is named by its axis at
+    // its middle; values that would overlap are thinned when they are painted.
     const Vec3 middle{(lo[0] + hi[0]) / 2, (lo[1] + hi[1]) / 2, (lo[2] + hi[2]) / 2};
     for (int a = 0; a < 2; ++a) {
         const int b = 1 - a;
         for (double v : values[a]) {
-            if (a == 1 && v == front[1]) {
-                continue;
-            }
             const Vec3 anchor = point(a, v, b, front[b], 2, back[2]);
             Vec3 out = anchor - middle;
             (a == 0 ? out.x : out.y) = 0;
@@ -118,6 +116,13 @@ GridBox layoutGridBox(const SurfaceView& view, const SurfaceGrid& grid) {
         out.z = 0;
         box.labels.push_back({anchor, out, 'z', valueText(v, decimals[2])});
     }
+    for (int a = 0; a < 3; ++a) {
+        const Vec3 anchor = a == 2 ? Vec3{back[0], front[1], middle.z}
+                                   : point(a, (lo[a] + hi[a]) / 2, 1 - a, front[1 - a], 2, back[2]);
+        Vec3 out = anchor - middle;
+        (a == 0 ? out.x : a == 1 ? out.y : out.z) = 0;
+        box.labels.push_back({anchor, out, "xyz"[a], std::string(1, "xyz"[a]), true});
+    }
     return box;
 }
 
@@ -127,7 +132,8 @@ ProjectedGridBox projectGridBox(const SurfaceView& view, const SurfaceGrid& grid
     const GridBox box = layoutGridBox(view, grid);
     for (const BoxLine& line : box.lines) {
         projected.lines.push_back({projectPoint(view, grid, line.from, placement),
-                                   projectPoint(view, grid, line.to, placement), line.edge});
+                                   projectPoint(view, grid, line.to, placement), line.edge,
+                                   line.front});
     }
     for (const BoxLabel& label : box.labels) {
         const PlanePoint at = projectPoint(view, grid, label.anchor, placement);
@@ -142,7 +148,7 @@ ProjectedGridBox projectGridBox(const SurfaceView& view, const SurfaceGrid& grid
             dx = 0;
             dy = 1;
         }
-        projected.labels.push_back({at, {dx, dy}, label.axis, label.text});
+        projected.labels.push_back({at, {dx, dy}, label.axis, label.text, label.axisName});
     }
     return projected;
 }

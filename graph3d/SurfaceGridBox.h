@@ -15,6 +15,8 @@ struct BoxLine {
     Vec3 to;
     // A box edge (drawn darker) rather than a grid line on a back face.
     bool edge = false;
+    // An edge on no back face: it meets the corner nearest the eye, and the figure lies behind it.
+    bool front = false;
 };
 
 struct BoxLabel {
@@ -25,6 +27,8 @@ struct BoxLabel {
     Vec3 outward;
     char axis = 'x';
     std::string text;
+    // The axis's own name ("x", "y", "z") beside its row of values, rather than a value.
+    bool axisName = false;
 };
 
 struct GridBox {
@@ -44,6 +48,7 @@ struct ProjectedLine {
     PlanePoint from;
     PlanePoint to;
     bool edge = false;
+    bool front = false;
 };
 struct ProjectedLabel {
     PlanePoint anchor;
@@ -51,6 +56,7 @@ struct ProjectedLabel {
     PlanePoint outward;
     char axis = 'x';
     std::string text;
+    bool axisName = false;
 };
 struct ProjectedGridBox {
     std::vector<ProjectedLine> lines;

@@ -165,4 +165,9 @@ void RotationDialog::step(double sign) {
     rotator_.turn(chosenAxis(stepAxis_), sign * stepSize_->value());
 }
 
+void RotationDialog::reject() {
+    rotator_.stopAnimation();
+    QDialog::reject();
+}
+
 }  // namespace curvemill

@@ -23,6 +23,8 @@ class RotationDialog : public QDialog, public FailureScope {
   public:
     RotationDialog(SurfaceRotator& rotator, QWidget* parent = nullptr);
     ProcedureName procedureName() const override { return kProcThreeDRotationDialog; }
+    // Closing (Close, Escape or the title bar) also stops the animation, whose Stop goes with it.
+    void reject() override;
 
   private:
     struct AxisControls {

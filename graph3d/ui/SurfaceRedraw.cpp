@@ -36,7 +36,7 @@ void SurfaceRedraw::start(QImage& image, SurfaceScene& scene) {
     lines_ = lineCount(scene, plan_.pass);
     {
         QPainter painter(&image);
-        paintGridBoxLines(painter, scene, plan_.placement, image.size());
+        paintGridBoxLines(painter, scene, plan_.placement, image.size(), BoxPass::Behind);
     }
     drawSlice();
 }
@@ -71,6 +71,7 @@ void SurfaceRedraw::drawSlice() {
     if (next_ >= lines_) {
         {
             QPainter painter(image_);
+            paintGridBoxLines(painter, *scene_, plan_.placement, image_->size(), BoxPass::InFront);
             paintGridBoxLabels(painter, *scene_, plan_.placement, image_->size());
         }
         image_ = nullptr;

@@ -276,6 +276,11 @@ QWidget* ThreeDCustomizationDialog::buildOtherPage() {
     zMin_->setObjectName(idName(ids::kZMinLabel));
     zMax_ = new QLabel(limits);
     zMax_->setObjectName(idName(ids::kZMaxLabel));
+    // A surface with no value leaves the range at its 1e100 place-holders, printed in 100
+    // digits: the labels must not widen the dialog past the screen.
+    for (QLabel* label : {zMin_, zMax_}) {
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    }
     auto* limitGrid = new QGridLayout(limits);
     limitGrid->addWidget(limitCaption, 0, 0);
     limitGrid->addWidget(zLimit_, 0, 1);
@@ -401,6 +406,8 @@ void ThreeDCustomizationDialog::showZRange() {
     showing_ = false;
     zMin_->setText(zLabel("Z min=%f", grid.zLow));
     zMax_->setText(zLabel("Z max=%f", grid.zHigh));
+    zMin_->setToolTip(zMin_->text());
+    zMax_->setToolTip(zMax_->text());
 }
 
 void ThreeDCustomizationDialog::changed() {

@@ -73,6 +73,7 @@ void GraphCanvas::drawNextPart() {
 
 void GraphCanvas::showSurface(SurfaceScene* scene) {
     surface_ = scene;
+    Q_EMIT surfaceShown(scene != nullptr);
     invalidate();
 }
 
@@ -153,6 +154,10 @@ GraphArea::GraphArea(const TwoDGraph& graph, GraphView& view, QWidget* parent)
     layout->addWidget(canvas_, 0, 0);
     layout->addWidget(vertical_, 0, 1);
     layout->addWidget(horizontal_, 1, 0);
+    connect(canvas_, &GraphCanvas::surfaceShown, this, [this](bool shown) {
+        horizontal_->setVisible(!shown);
+        vertical_->setVisible(!shown);
+    });
     connect(canvas_, &GraphCanvas::viewLaidOut, this, [this] {
         clearSelection();
         updateScrollBars();

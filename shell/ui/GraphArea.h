@@ -52,6 +52,8 @@ class GraphCanvas : public QWidget {
     }
 
   Q_SIGNALS:
+    // A surface came or went: the 2D view's scroll bars mean nothing beside a surface.
+    void surfaceShown(bool shown);
     // The view was laid out again: the scroll bars follow its content size.
     void viewLaidOut();
     // Percent of the curves drawn while the drawing process is shown; -1 once it is done.

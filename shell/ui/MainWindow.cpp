@@ -243,6 +243,15 @@ void MainWindow::showSurface() {
     pages_->setCurrentWidget(graphArea_);
     graphArea_->canvas()->setKind(kind_);
     graphArea_->canvas()->showSurface(&parts_.surface);
+    const SurfaceGrid& grid = parts_.surface.grid;
+    if (!grid.hasDefinedVertex()) {
+        reportNoValue(QStringLiteral("z = f(x, y)"),
+                      QStringLiteral("on the grid x = %1 to %2, y = %3 to %4")
+                          .arg(grid.xBegin, 0, 'g', 15)
+                          .arg(grid.xEnd, 0, 'g', 15)
+                          .arg(grid.yBegin, 0, 'g', 15)
+                          .arg(grid.yEnd, 0, 'g', 15));
+    }
     refreshCommands();
 }
 
@@ -297,11 +306,14 @@ void MainWindow::reportUndefinedCurves() {
         status_->setText(QStringLiteral("Ready"));
         return;
     }
-    status_->setText(
-        QStringLiteral("y = %1 has no value between x = %2 and x = %3: nothing to draw")
-            .arg(undefined.join(QStringLiteral(" and y = ")))
-            .arg(graph.xBegin, 0, 'g', 15)
-            .arg(graph.xEnd, 0, 'g', 15));
+    reportNoValue(QStringLiteral("y = ") + undefined.join(QStringLiteral(" and y = ")),
+                  QStringLiteral("between x = %1 and x = %2")
+                      .arg(graph.xBegin, 0, 'g', 15)
+                      .arg(graph.xEnd, 0, 'g', 15));
+}
+
+void MainWindow::reportNoValue(const QString& function, const QString& where) {
+    status_->setText(QStringLiteral("%1 has no value %2: nothing to draw").arg(function, where));
 }
 
 void MainWindow::onTitleCommand(int id) {

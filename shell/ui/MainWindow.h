@@ -146,6 +146,8 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     void onTitleCommand(int id);
     void showGraph();
     void reportUndefinedCurves();
+    // The status bar's word (not a box: nothing went wrong) on why a graph is empty.
+    void reportNoValue(const QString& function, const QString& where);
     void showEquation();
 
     MainWindowParts parts_;

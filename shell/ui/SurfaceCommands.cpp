@@ -8,12 +8,18 @@
 namespace curvemill {
 
 void SurfaceCommands::openCustomization() {
-    GraphCanvas* canvas = area_.canvas();
-    ThreeDCustomizationDialog dialog(
-        scene_, view_.settings().toolbar, [canvas] { canvas->invalidate(); }, &window_);
-    QObject::connect(&dialog, &ThreeDCustomizationDialog::toolbarToggled, &dialog,
-                     [this](bool on) { view_.showToolbar(on); });
-    dialog.exec();
+    if (customization_ == nullptr) {
+        GraphCanvas* canvas = area_.canvas();
+        customization_ = new ThreeDCustomizationDialog(
+            scene_, view_.settings().toolbar, [canvas] { canvas->invalidate(); }, &window_);
+        customization_->setAttribute(Qt::WA_DeleteOnClose);
+        customization_->setModal(false);
+        QObject::connect(customization_, &ThreeDCustomizationDialog::toolbarToggled, customization_,
+                         [this](bool on) { view_.showToolbar(on); });
+    }
+    customization_->show();
+    customization_->raise();
+    customization_->activateWindow();
 }
 
 void SurfaceCommands::toggleGridBox() {

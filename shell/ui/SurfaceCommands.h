@@ -2,6 +2,8 @@
 // grid box.
 #pragma once
 
+#include <QPointer>
+
 class QWidget;
 
 namespace curvemill {
@@ -9,13 +11,15 @@ namespace curvemill {
 class GraphArea;
 class ViewCommands;
 struct SurfaceScene;
+class ThreeDCustomizationDialog;
 
 class SurfaceCommands {
   public:
     SurfaceCommands(QWidget& window, GraphArea& area, SurfaceScene& scene, ViewCommands& view)
         : window_(window), area_(area), scene_(scene), view_(view) {}
 
-    // Modal; every change shows on the figure behind it at once.
+    // Modeless, so the figure can be turned while it is tuned; every change shows on it at once.
+    // A second call brings the open dialog forward.
     void openCustomization();
     void toggleGridBox();
     bool gridBoxShown() const;
@@ -25,6 +29,7 @@ class SurfaceCommands {
     GraphArea& area_;
     SurfaceScene& scene_;
     ViewCommands& view_;
+    QPointer<ThreeDCustomizationDialog> customization_;
 };
 
 }  // namespace curvemill

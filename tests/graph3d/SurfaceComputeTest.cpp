@@ -140,5 +140,18 @@ TEST(SurfaceCompute, StopEndsBeforeTheNextVertexAndKeepsTheGrid) {
     EXPECT_TRUE(scene.grid.allocated());
 }
 
+// Samples are y0 + k * (y1 - y0) / 10 and D the root of the sum of squares, as written: dividing
+// first, or std::hypot, lands an ulp away here.
+TEST(SurfaceCompute, RefinementSampleAndDiagonalFollowTheWrittenArithmetic) {
+    SurfaceScene scene;
+    ASSERT_EQ(computeFor(scene, "0-(y+0.148)^2*1000", -0.5, 0.5, -1, 1), SurfaceOutcome::Done);
+    const SurfaceGrid& g = scene.grid;
+    EXPECT_EQ(g.vertex(7, 43).y,
+              g.vertex(7, 42).y + 3 * (g.vertex(7, 44).y - g.vertex(7, 42).y) / 10);
+    SurfaceScene narrow;
+    ASSERT_EQ(computeFor(narrow, "x", -0.5, 0.5, -0.2, 0.2, nullptr, 10), SurfaceOutcome::Done);
+    EXPECT_EQ(narrow.grid.diagonal, std::sqrt(1 + 0.4 * 0.4));
+}
+
 }  // namespace
 }  // namespace curvemill

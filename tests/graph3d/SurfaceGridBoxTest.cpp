@@ -108,7 +108,7 @@ TEST_F(GridBoxLayout, CornersAndLabelsProjectLikeTheSurface) {
         // The text moves away from the figure, never across it.
         const PlanePoint out = projected.labels[k].outward;
         EXPECT_GT(out.x * (at.x - middle.x) + out.y * (at.y - middle.y), 0) << label.text;
-        xLabels += label.axis == 'x';
+        xLabels += label.axis == 'x' && !label.axisName;
         // Turned this way the figure is seen from below: the values go along the lid.
         if (label.axis == 'x') {
             EXPECT_EQ(label.anchor.z, g.zHigh);
@@ -116,6 +116,19 @@ TEST_F(GridBoxLayout, CornersAndLabelsProjectLikeTheSurface) {
     }
     EXPECT_EQ(xLabels, 5);
     EXPECT_EQ(box.labels.front().text, "-1.0");
+}
+
+// Each axis is named once, and the corner the x and y rows share carries both values.
+TEST_F(GridBoxLayout, AxesAreNamedAndTheSharedCornerKeepsBothValues) {
+    const GridBox box = layoutGridBox(scene.view, scene.grid);
+    std::string names;
+    int yValues = 0;
+    for (const BoxLabel& label : box.labels) {
+        names += label.axisName ? label.text : "";
+        yValues += label.axis == 'y' && !label.axisName;
+    }
+    EXPECT_EQ(names, "xyz");
+    EXPECT_EQ(yValues, 5);
 }
 
 }  // namespace

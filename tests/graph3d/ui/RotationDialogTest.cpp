@@ -159,6 +159,23 @@ class RotationDialogTest : public QObject {
         QTest::mouseRelease(&canvas, Qt::LeftButton, {}, {200, 200});
         compareAngles(rotator->angles(), 0, 0, 10);
     }
+
+    // Closing the dialog by its button, Escape or the title bar takes the animation with it.
+    void closingStopsTheAnimation() {
+        for (int way = 0; way < 3; ++way) {
+            dialog->show();
+            find<QPushButton>("startButton")->click();
+            QVERIFY(rotator->animating());
+            if (way == 0) {
+                find<QPushButton>("closeButton")->click();
+            } else if (way == 1) {
+                QTest::keyClick(dialog.get(), Qt::Key_Escape);
+            } else {
+                dialog->close();
+            }
+            QVERIFY2(!rotator->animating(), qPrintable(QString::number(way)));
+        }
+    }
 };
 
 QTEST_MAIN(RotationDialogTest)

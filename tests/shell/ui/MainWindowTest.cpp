@@ -523,6 +523,31 @@ class MainWindowTest : public MainWindowFixture {
         QVERIFY((reporter.codes == std::vector<FailureCode>{0, 0, kCodeInvalidFloat}));
         QCOMPARE(fegetexcept(), 0);
     }
+
+    // A surface with no value anywhere says so; beside a surface the scroll bars go, and the
+    // customization dialog leaves the figure free to turn and keeps on the screen.
+    void surfaceWithoutValuesIsSaidAndItsWindowsStayUsable() {
+        QVERIFY(prepareFormula(formula, "ln(0-1-x^2-y^2)", kModeTwoVariables));
+        SurfaceComputation& computation = window->surfaceComputation();
+        computation.discardPrevious();
+        QSignalSpy finished(&worker, &Worker::finished);
+        QVERIFY(worker.start("Equation Window Procedure", formula.keepComputing,
+                             computation.makeJob({-3, 3, -3, 3, 100, 100, 0, {}})));
+        QVERIFY(finished.wait(20000));
+        computation.show();
+        QVERIFY2(window->statusText().contains(u"has no value on the grid"_s),
+                 qPrintable(window->statusText()));
+        GraphArea* area = window->graphArea();
+        QVERIFY(area->horizontalBar()->isHidden() && area->verticalBar()->isHidden());
+        action(40139)->trigger();
+        auto* dialog = window->findChild<QDialog*>(u"ThreeDCustomizationDialog"_s);
+        QTRY_VERIFY(dialog != nullptr && dialog->isVisible());
+        QVERIFY(!dialog->isModal() && QApplication::activeModalWidget() == nullptr);
+        QCOMPARE_LT(dialog->width(), 700);
+        dialog->close();
+        QVERIFY(drawWith(false, "x"));
+        QVERIFY(area->horizontalBar()->isVisible());
+    }
 };
 
 int main(int argc, char* argv[]) {
