@@ -51,6 +51,10 @@ INSTANTIATE_TEST_SUITE_P(
                     "X_BEGIN IS OUTSIDE THE RANGE OF FUNCTION\n", 1},
         MathCliCase{"integral x --x-begin 1 --x-end 1 --from 0 --to 1",
                     "X_BEG MUST BE LESS THAN X_END\n", 1},
+        MathCliCase{"integral 10^308 --x-begin -5 --x-end 5 --from -5 --to 5",
+                    "INTEGRAL CANNOT BE CALCULATED, \nSINCE THIS INTERVAL CONTAINS\nINDEFINITE "
+                    "AND/OR INFINITE NUMBERS\n",
+                    1},
         MathCliCase{"integral 10^400 --x-begin -5 --x-end 5 --from -5 --to 5",
                     "INTEGRAL CANNOT BE CALCULATED, \nSINCE THIS INTERVAL CONTAINS\nINDEFINITE "
                     "AND/OR INFINITE NUMBERS\n",
