@@ -67,7 +67,7 @@ CommandSyntax equationSyntax() {
             std::to_string(kMostSolutions) +
             " solution points and says so on stderr when it stops there.\n"
             "Exit status: 0 solved (no solution included), 1 an entry refused (the window's\n"
-        "message is printed) or the file could not be written, 2 wrong command line.\n"};
+            "message is printed) or the file could not be written, 2 wrong command line.\n"};
 }
 
 // Reads the four range boxes and the formula in the window's order into the grid's domain.
