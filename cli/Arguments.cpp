@@ -8,6 +8,8 @@
 namespace curvemill::cli {
 namespace {
 
+const std::string kOutput = "--output";
+
 const OptionSpec* findOption(const CommandSyntax& syntax, std::string_view name) {
     const auto it = std::find_if(syntax.options.begin(), syntax.options.end(),
                                  [&](const OptionSpec& o) { return o.name == name; });
@@ -29,7 +31,9 @@ std::optional<std::string> parseArguments(const CommandSyntax& syntax,
                                           ParsedArguments& parsed) {
     std::size_t i = 0;
     for (; i < args.size(); ++i) {
-        const std::string& word = args[i];
+        // -o is the one short option: --output's, wherever it stands.
+        const std::string& word =
+            args[i] == "-o" && findOption(syntax, "output") != nullptr ? kOutput : args[i];
         if (word == "--") {
             ++i;
             break;

@@ -40,8 +40,8 @@ class ParsedArguments {
 };
 
 // Parses `args` (the words after the command name). Options are "--name", "--name VALUE" or
-// "--name=VALUE" and must come before the positionals; "--" ends them, so a positional may begin
-// with '-'. Returns the error message for a usage error, or nothing.
+// "--name=VALUE" (and "-o FILE" for --output) and must come before the positionals; "--" ends them,
+// so a positional may begin with '-'. Returns the error message for a usage error, or nothing.
 std::optional<std::string> parseArguments(const CommandSyntax& syntax,
                                           const std::vector<std::string>& args,
                                           ParsedArguments& parsed);

@@ -55,7 +55,7 @@ CommandSyntax equationSyntax() {
          {"precision", "P", "the tolerance is 1e-P, P from 1 to 15 (default 5)"},
          {"output", "FILE", "the image file to draw (also -o FILE)"},
          {"depth", "24|8", "bits per pixel of a .bmp file (default 24)"},
-         {"size", "WxH", "image size in pixels (default 1024x768)"},
+         imageSizeOption(),
          {"grid", "", "draw the grid lines"},
          {"squares", "", "draw small squares around the points"},
          {"points", "", "print the solutions as x,y lines, sorted by x"},
@@ -63,8 +63,11 @@ CommandSyntax equationSyntax() {
         "Give exactly one of -o FILE, --points and --summary. Options may come before or after\n"
         "EQUATION. Numbers are printed with 17 significant digits; without solutions yMin and\n"
         "yMax keep their start values 1e+100 and -1e+100.\n"
-        "Exit status: 0 solved (no solution included), 1 an entry refused (the window's\n"
-        "message is printed) or the file could not be written, 2 wrong command line.\n"};
+        "A run keeps at most " +
+            std::to_string(kMostSolutions) +
+            " solution points and says so on stderr when it stops there.\n"
+            "Exit status: 0 solved (no solution included), 1 an entry refused (the window's\n"
+            "message is printed) or the file could not be written, 2 wrong command line.\n"};
 }
 
 // Reads the four range boxes and the formula in the window's order into the grid's domain.
@@ -166,6 +169,9 @@ int runEquation(const ParsedArguments& parsed, std::ostream& out, std::ostream& 
     const std::atomic<bool> running{true};
     solveEquation(formula, grid, running, work, curve);
     curve.formulaText = *typed;
+    if (curve.truncated) {
+        err << "curvemill-cli equation: " << solutionLimitText() << '\n';
+    }
 
     if (arguments.flag("summary")) {
         out << "count " << curve.count() << "\nyMin " << number(curve.yMin) << "\nyMax "

@@ -58,12 +58,12 @@ int runEval(const ParsedArguments& arguments, std::ostream& out, std::ostream& e
     }
 
     const double value = formula.evaluate(x.value, slotForMode(*mode), y.value);
-    if (formula.indefinite) {
+    // A NaN the evaluator let through unflagged (inf-inf) is no value either, as for the tools.
+    if (formula.indefinite || std::isnan(value)) {
         out << "INDEFINITE\n";
     } else {
         char buffer[64];
-        // A NaN's sign is the processor's choice of operand and means nothing: always "nan".
-        std::snprintf(buffer, sizeof buffer, "%.17g", std::isnan(value) ? std::fabs(value) : value);
+        std::snprintf(buffer, sizeof buffer, "%.17g", value);
         out << buffer << '\n';
     }
     return kExitOk;

@@ -1,6 +1,7 @@
 #include "cli/FormulaArguments.h"
 #include "cli/GraphArguments.h"
 #include "cli/MathCommands.h"
+#include "cli/Printable.h"
 #include "mathtools/ExtremeList.h"
 
 namespace curvemill::cli {
@@ -35,7 +36,8 @@ std::optional<ExtremeFilter> filterArgument(const std::optional<std::string>& va
     if (*value == "min") {
         return ExtremeFilter::kMinima;
     }
-    err << "curvemill-cli extremes: --filter must be max, min or both, not '" << *value << "'\n";
+    err << "curvemill-cli extremes: --filter must be max, min or both, not " << quoted(*value)
+        << "\n";
     return std::nullopt;
 }
 

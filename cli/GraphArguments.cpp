@@ -32,12 +32,8 @@ bool parseTrailingOptions(const CommandSyntax& syntax, ParsedArguments& argument
     if (arguments.positionals.size() <= 1) {
         return true;
     }
-    std::vector<std::string> rest(arguments.positionals.begin() + 1, arguments.positionals.end());
-    for (std::string& word : rest) {
-        if (word == "-o") {
-            word = "--output";
-        }
-    }
+    const std::vector<std::string> rest(arguments.positionals.begin() + 1,
+                                        arguments.positionals.end());
     CommandSyntax optionsOnly = syntax;
     optionsOnly.minPositionals = 0;
     optionsOnly.maxPositionals = 0;

@@ -1,5 +1,7 @@
 #include "cli/ImageOutput.h"
 
+#include <new>
+
 #include "cli/Command.h"
 #include "cli/OutputFile.h"
 #include "cli/Printable.h"
@@ -37,7 +39,25 @@ std::optional<int> outputDepth(const std::optional<std::string>& value, std::str
 
 int writeGraphImage(const std::string& path, ImageFormat format, const PageDrawing& draw,
                     QSize pixels, const ImageFileOptions& options, std::ostream& out) {
-    const std::optional<QByteArray> bytes = encodeGraphFile(format, draw, pixels, options);
+    std::optional<QByteArray> bytes;
+    try {
+        bytes = encodeGraphFile(format, draw, pixels, options);
+    } catch (const std::bad_alloc&) {
+        bytes.reset();
+    }
+    const bool raster = format == ImageFormat::Png || format == ImageFormat::Bmp;
+    if (!bytes && raster) {
+        // The picture is drawn whole in memory first; a size the memory cannot hold is refused
+        // here rather than left to abort the program.
+        // 4 bytes a pixel while drawn, and a .bmp's own pixels besides.
+        const long long bytesPerPixel =
+            4 + (format == ImageFormat::Bmp ? options.bitsPerPixel / 8 : 0);
+        const long long megabytes =
+            (bytesPerPixel * pixels.width() * pixels.height() + (1 << 20) - 1) >> 20;
+        out << "CANNOT WRITE " << quoted(path) << ": not enough memory for a " << pixels.width()
+            << 'x' << pixels.height() << " picture (" << megabytes << " MB)\n";
+        return kExitRefused;
+    }
     const std::optional<std::string> failure =
         bytes ? writeOutputFile(path, std::string_view(bytes->constData(),
                                                        static_cast<std::size_t>(bytes->size())))

@@ -17,6 +17,11 @@ namespace curvemill::cli {
 // one exists already.
 std::unique_ptr<QGuiApplication> ensureGuiApplication();
 
+struct OptionSpec;
+
+// The --size option of every command that draws, with the memory a size takes.
+OptionSpec imageSizeOption();
+
 // Reads --size WIDTHxHEIGHT into width and height (left alone when absent); false after a usage
 // message naming `command`.
 bool readImageSize(const std::optional<std::string>& value, int& width, int& height,

@@ -4,6 +4,7 @@
 #include "engine/NumberEntry.h"
 #include "mathtools/Integral.h"
 #include "mathtools/MathMessages.h"
+#include "mathtools/MathTexts.h"
 #include "mathtools/PreciseIntegral.h"
 
 namespace curvemill::cli {
@@ -20,7 +21,8 @@ CommandSyntax integralSyntax() {
         graphOptions(),
         "Without --precise: the quick trapezoid sum over the samples, then a line\n"
         "'precise-enough yes' or 'precise-enough no' (the verdict of its error estimate).\n"
-        "With --precise: the adaptively refined integral only.\n"
+        "With --precise: the adaptively refined integral, then a warning line when the\n"
+        "refinement reached its bound of evaluations before settling.\n"
         "Options may come before or after FORMULA.\n"
         "Exit status: 0 computed, 1 an entry refused (the dialog's message is printed),\n"
         "2 wrong command line.\n"};
@@ -65,12 +67,22 @@ int runIntegral(const ParsedArguments& parsed, std::ostream& out, std::ostream& 
         out << *refusal << '\n';
         return kExitRefused;
     }
-    if (arguments.flag("precise")) {
-        integratePrecise(graph.main, formula, state, {});
+    const bool precise = arguments.flag("precise");
+    // Nothing stops a run here, so the precise one always completes.
+    const bool preciseEnough =
+        precise ? integratePrecise(graph.main, formula, state, {}) && !state.refinementCut
+                : integrateQuick(graph.main, formula, state);
+    if (const auto refusal = integralValueRefusal(state)) {
+        out << *refusal << '\n';
+        return kExitRefused;
+    }
+    if (precise) {
         out << state.resultText << '\n';
+        if (state.refinementCut) {
+            out << refinementCutText() << '\n';
+        }
         return kExitOk;
     }
-    const bool preciseEnough = integrateQuick(graph.main, formula, state);
     out << state.resultText << '\n' << "precise-enough " << (preciseEnough ? "yes" : "no") << '\n';
     return kExitOk;
 }

@@ -1,6 +1,7 @@
 #include <charconv>
 
 #include "cli/MathCommands.h"
+#include "cli/Printable.h"
 
 namespace curvemill::cli {
 
@@ -15,7 +16,7 @@ std::optional<int> wholeArgument(const std::optional<std::string>& value, std::s
     const auto parsed = std::from_chars(value->data(), end, number);
     if (parsed.ec != std::errc() || parsed.ptr != end || number < least || number > most) {
         err << "curvemill-cli " << command << ": --" << name << " must be a whole number from "
-            << least << " to " << most << ", not '" << *value << "'\n";
+            << least << " to " << most << ", not " << quoted(*value) << "\n";
         return std::nullopt;
     }
     return number;

@@ -39,7 +39,7 @@ CommandSyntax plotSyntax() {
     syntax.options.push_back({"integral-curve", "", "also draw the integral curve"});
     syntax.options.push_back({"grid", "", "draw the grid lines"});
     syntax.options.push_back({"no-smooth", "", "draw the curves without antialiasing"});
-    syntax.options.push_back({"size", "WxH", "image size in pixels (default 1024x768)"});
+    syntax.options.push_back(imageSizeOption());
     syntax.options.push_back({"depth", "24|8", "bits per pixel of a .bmp file (default 24)"});
     syntax.options.push_back({"output", "FILE", "the image file to write (also -o FILE)"});
     addPlotViewOptions(syntax.options);

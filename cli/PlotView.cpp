@@ -1,4 +1,5 @@
 #include "cli/PlotView.h"
+#include "cli/Printable.h"
 
 #include <charconv>
 #include <cmath>
@@ -33,7 +34,7 @@ bool readZoom(const ParsedArguments& arguments, const char* name, std::optional<
     zoom = number(*value);
     if (!zoom || *zoom < kLeastZoomFactor || *zoom > kMostZoomFactor) {
         err << "curvemill-cli plot: --" << name << " must be a number from 0.00390625 to 65536, "
-            << "not '" << *value << "'\n";
+            << "not " << quoted(*value) << "\n";
         return false;
     }
     return true;
@@ -66,8 +67,8 @@ std::optional<PlotViewOptions> plotViewOptions(const ParsedArguments& arguments,
                            ? std::nullopt
                            : number(std::string_view(*scroll).substr(comma + 1));
         if (!x || !y || *x < 0 || *y < 0) {
-            err << "curvemill-cli plot: --scroll must be X,Y with two offsets of 0 or more, not '"
-                << *scroll << "'\n";
+            err << "curvemill-cli plot: --scroll must be X,Y with two offsets of 0 or more, not "
+                << quoted(*scroll) << "\n";
             return std::nullopt;
         }
         options.scrollX = x;
@@ -77,7 +78,7 @@ std::optional<PlotViewOptions> plotViewOptions(const ParsedArguments& arguments,
         const std::optional<long> n = plainInteger(*ratio);
         if (!n || *n < 1 || *n > kMostYRatio) {
             err << "curvemill-cli plot: --ratio must be a whole number from 1 to " << kMostYRatio
-                << ", not '" << *ratio << "'\n";
+                << ", not " << quoted(*ratio) << "\n";
             return std::nullopt;
         }
         options.ratio = static_cast<int>(*n);
@@ -90,7 +91,7 @@ std::optional<PlotViewOptions> plotViewOptions(const ParsedArguments& arguments,
         }
         if (!valid) {
             err << "curvemill-cli plot: --order takes each of the letters f, d, i and F at most "
-                << "once, not '" << *order << "'\n";
+                << "once, not " << quoted(*order) << "\n";
             return std::nullopt;
         }
         options.order = picker.order();

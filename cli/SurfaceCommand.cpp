@@ -47,7 +47,7 @@ CommandSyntax coreSurfaceSyntax() {
              {"rotate", "A,B,C", "turn the figure by A, B and C degrees about x, y and z"},
              {"view", "H,V",
               "viewer location: horizontal 1 to 20 (default 5), vertical -20 to 20 (default 3)"},
-             {"size", "WxH", "image size in pixels (default 1024x768)"},
+             imageSizeOption(),
              {"depth", "24|8", "bits per pixel of a .bmp file (default 24)"},
              {"output", "FILE", "the image file to write (also -o FILE)"},
              {"summary", "",

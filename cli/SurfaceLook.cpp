@@ -1,4 +1,5 @@
 #include "cli/SurfaceLook.h"
+#include "cli/Printable.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -57,8 +58,8 @@ bool applySurfaceLook(const ParsedArguments& arguments, SurfaceScene& scene, std
         }
         if (!ok || (parts[0] == 0 && parts[1] == 0 && parts[2] == 0)) {
             err << "curvemill-cli surface: --light takes three numbers X,Y,Z from -1 to 1, not "
-                   "all 0, not \""
-                << *text << "\"\n";
+                   "all 0, not "
+                << quoted(*text) << "\n";
             return false;
         }
         light.vector = {parts[0], parts[1], parts[2]};
@@ -75,8 +76,8 @@ bool applySurfaceLook(const ParsedArguments& arguments, SurfaceScene& scene, std
     if (const auto text = arguments.value("shiny")) {
         const auto share = plainNumber(*text);
         if (!share || *share < 0 || *share > 1) {
-            err << "curvemill-cli surface: --shiny takes a share from 0 to 1, not \"" << *text
-                << "\"\n";
+            err << "curvemill-cli surface: --shiny takes a share from 0 to 1, not " << quoted(*text)
+                << "\n";
             return false;
         }
         light.shiny = true;

@@ -1,4 +1,5 @@
 #include "cli/ViewArguments.h"
+#include "cli/Printable.h"
 
 #include <cerrno>
 #include <cmath>
@@ -40,8 +41,8 @@ std::optional<RotationAngles> readRotation(const std::optional<std::string>& val
     const auto numbers = numberList(*value);
     if (!numbers || numbers->size() != 3) {
         err << "curvemill-cli surface: --rotate takes three angles in degrees about x, y and z, "
-               "as A,B,C, not \""
-            << *value << "\"\n";
+               "as A,B,C, not "
+            << quoted(*value) << "\n";
         return std::nullopt;
     }
     return RotationAngles{wrapDegrees((*numbers)[0]), wrapDegrees((*numbers)[1]),
@@ -62,8 +63,8 @@ bool readViewerLocation(const std::optional<std::string>& value, SurfaceView& vi
         std::abs((*numbers)[1]) > kMostVerticalLocation) {
         err << "curvemill-cli surface: --view takes two whole numbers H,V with H from "
             << kLeastHorizontalLocation << " to " << kMostHorizontalLocation << " and V from "
-            << -kMostVerticalLocation << " to " << kMostVerticalLocation << ", not \"" << *value
-            << "\"\n";
+            << -kMostVerticalLocation << " to " << kMostVerticalLocation << ", not "
+            << quoted(*value) << "\n";
         return false;
     }
     view.horizontalLocation = static_cast<std::int32_t>((*numbers)[0]);

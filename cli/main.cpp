@@ -1,5 +1,11 @@
 // curvemill-cli: checks and evaluates formulas with the program's own engine, for scripts.
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -23,9 +29,22 @@ void printCommandList(std::ostream& out) {
     out << "\n'curvemill-cli COMMAND --help' describes a command.\n";
 }
 
-}  // namespace
+// What went to stdout must have arrived: a full disk or a closed stream would otherwise lose the
+// output behind an exit status of 0. A failed write is told on stderr and fails the run.
+int checkedExit(int status) {
+    errno = 0;
+    std::cout.flush();
+    const bool failed = std::fflush(stdout) != 0 || std::ferror(stdout) != 0 || !std::cout;
+    if (!failed) {
+        return status;
+    }
+    const int why = errno;
+    std::cerr << "curvemill-cli: cannot write the output: "
+              << (why != 0 ? std::strerror(why) : "write error") << '\n';
+    return status == curvemill::cli::kExitOk ? curvemill::cli::kExitRefused : status;
+}
 
-int main(int argc, char** argv) {
+int run(int argc, char** argv) {
     using namespace curvemill::cli;
     const std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
     if (words.empty()) {
@@ -56,4 +75,19 @@ int main(int argc, char** argv) {
         return kExitOk;
     }
     return command->run(arguments, std::cout, std::cerr);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // A closed stdout would hand its descriptor to the next file opened (the -o file itself);
+    // held by /dev/null opened for reading, every write to it fails and checkedExit tells so.
+    if (fcntl(STDOUT_FILENO, F_GETFD) == -1 && errno == EBADF) {
+        const int held = open("/dev/null", O_RDONLY);
+        if (held >= 0 && held != STDOUT_FILENO) {
+            dup2(held, STDOUT_FILENO);
+            close(held);
+        }
+    }
+    return checkedExit(run(argc, argv));
 }

@@ -36,6 +36,7 @@ void EquationComputation::show() {
     curve_.solutions.swap(pending_.solutions);
     curve_.yMin = pending_.yMin;
     curve_.yMax = pending_.yMax;
+    curve_.truncated = pending_.truncated;
     curve_.grid = pending_.grid;
     curve_.formulaText = pendingText_;
     curve_.shown = true;

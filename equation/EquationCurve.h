@@ -37,6 +37,8 @@ struct EquationCurve {
     // The grid the solutions were found on and the equation's text as typed (for the title).
     EquationGrid grid;
     std::string formulaText;
+    // Set when the run stopped at kMostSolutions: the points found up to there.
+    bool truncated = false;
     // Set once a computation has completed; cleared when the picture is discarded.
     bool shown = false;
 

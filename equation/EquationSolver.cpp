@@ -9,10 +9,16 @@ namespace curvemill {
 
 void EquationCurve::clear() {
     solutions.clear();
+    truncated = false;
     yMin = kNoLowestY;
     yMax = kNoHighestY;
     formulaText.clear();
     shown = false;
+}
+
+std::string solutionLimitText() {
+    return "the search stopped at " + std::to_string(kMostSolutions) +
+           " solution points, the most it keeps: the equation holds on much of the grid";
 }
 
 namespace {
@@ -26,7 +32,10 @@ class GridWalk {
           work_(work),
           tolerance_(1.0 / std::pow(10.0, grid.precisionDigits)) {}
 
-    bool running() const { return keepRunning_.load(std::memory_order_relaxed); }
+    // Whether to go on: not stopped, and room for another solution.
+    bool running() const { return keepRunning_.load(std::memory_order_relaxed) && !full(); }
+    bool stopped() const { return !keepRunning_.load(std::memory_order_relaxed); }
+    bool full() const { return work_.found.size() >= static_cast<std::size_t>(kMostSolutions); }
 
     // F at (x, y), or nothing usable.
     bool value(double x, double y, double& f) {
@@ -49,20 +58,20 @@ class GridWalk {
 
     // Halves [lo, hi] along y (alongY) or along x, the other coordinate fixed at `fixed`, where
     // F(lo) is `fLo` and F(hi) has the other sign. A midpoint where F is indefinite cannot be an
-    // end, so the search gives up there. False when stopped.
-    bool bisect(bool alongY, double fixed, double lo, double hi, double fLo) {
+    // end, so the search gives up there. Ends at once when stopped or full.
+    void bisect(bool alongY, double fixed, double lo, double hi, double fLo) {
         for (;;) {
             if (!running()) {
-                return false;
+                return;
             }
             const double mid = (lo + hi) / 2;
             if (mid - lo < kEquationBisectionWidth || hi - mid < kEquationBisectionWidth) {
-                return true;
+                return;
             }
             double f = 0.0;
             const bool defined = alongY ? value(fixed, mid, f) : value(mid, fixed, f);
             if (!defined) {
-                return true;
+                return;
             }
             if (std::fabs(f) < tolerance_) {
                 if (alongY) {
@@ -70,7 +79,7 @@ class GridWalk {
                 } else {
                     record(mid, fixed);
                 }
-                return true;
+                return;
             }
             if ((f >= 0) == (fLo >= 0)) {
                 lo = mid;
@@ -114,20 +123,16 @@ bool solveEquation(Formula& formula, const EquationGrid& grid, const std::atomic
         std::size_t column = 0;
         for (double x = grid.xBegin; x <= grid.xEnd && column < columns; ++column) {
             if (!walk.running()) {
-                return false;
+                break;
             }
             double f = 0.0;
             const bool defined = walk.value(x, y, f);
             if (walk.isSolution(defined, f)) {
                 walk.record(x, y);
             } else if (defined && row != 0 && walk.signChange(previous[column], f)) {
-                if (!walk.bisect(true, x, y - dy, y, previous[column])) {
-                    return false;
-                }
+                walk.bisect(true, x, y - dy, y, previous[column]);
             } else if (defined && column != 0 && walk.signChange(previous[column - 1], f)) {
-                if (!walk.bisect(false, y, x - dx, x, previous[column - 1])) {
-                    return false;
-                }
+                walk.bisect(false, y, x - dx, x, previous[column - 1]);
             }
             // The value at (x, y - dy) for the next row, and at (x - dx, y) for the next column.
             // A solution's value is below the tolerance, so it can never be a bisection end
@@ -140,12 +145,16 @@ bool solveEquation(Formula& formula, const EquationGrid& grid, const std::atomic
             x = next;
         }
         const double next = y + dy;
-        if (!(next > y)) {
+        if (!walk.running() || !(next > y)) {
             break;
         }
         y = next;
     }
 
+    if (walk.stopped()) {
+        return false;
+    }
+    curve.truncated = walk.full();
     std::sort(work.found.begin(), work.found.end(),
               [](const SolutionPoint& a, const SolutionPoint& b) { return a.x < b.x; });
     curve.solutions.swap(work.found);

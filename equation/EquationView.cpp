@@ -1,5 +1,6 @@
 #include "equation/EquationView.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "graph2d/GridSteps.h"
@@ -39,6 +40,21 @@ void solutionPixels(const std::vector<SolutionPoint>& points, const GraphView& v
         }
         out.push_back({static_cast<std::int32_t>(px), static_cast<std::int32_t>(py)});
     }
+}
+
+std::vector<DotRun> dotRuns(std::vector<PixelPoint>& pixels, std::int32_t dot) {
+    std::sort(pixels.begin(), pixels.end(), [](const PixelPoint& a, const PixelPoint& b) {
+        return a.y != b.y ? a.y < b.y : a.x < b.x;
+    });
+    std::vector<DotRun> runs;
+    for (const PixelPoint& p : pixels) {
+        if (!runs.empty() && runs.back().y == p.y && p.x <= runs.back().x + runs.back().width) {
+            runs.back().width = std::max(runs.back().width, p.x + dot - runs.back().x);
+        } else {
+            runs.push_back({p.x, p.y, dot});
+        }
+    }
+    return runs;
 }
 
 }  // namespace curvemill

@@ -1,6 +1,7 @@
 // The equation curve on the 2D graph view: the view's ranges for it and its dots in pixels.
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "equation/EquationCurve.h"
@@ -22,5 +23,18 @@ void resetEquationView(GraphView& view, const EquationCurve& curve, int maxYRati
 // points outside the plotting area are left out. `out` is reused: its capacity stays.
 void solutionPixels(const std::vector<SolutionPoint>& points, const GraphView& view,
                     std::vector<PixelPoint>& out);
+
+// A row of touching dots: `width` pixels from (x, y), each dot `dot` pixels square.
+struct DotRun {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+    std::int32_t width = 0;
+};
+
+// The dots at `pixels` (each `dot` pixels square) as horizontal runs, row by row: a dot that
+// touches or overlaps the run before it in its row joins it, a repeated pixel adds nothing. A
+// vector file then holds at most one shape per run instead of one per solution. `pixels` is
+// sorted in place.
+std::vector<DotRun> dotRuns(std::vector<PixelPoint>& pixels, std::int32_t dot);
 
 }  // namespace curvemill

@@ -13,8 +13,9 @@ namespace curvemill {
 
 namespace {
 
+// An infinite sample has a value, but no sum can be made of it.
 bool flagged(const PlotPoint& p) {
-    return p.isIndefinite != 0 || p.isBreak != 0;
+    return p.isIndefinite != 0 || p.isBreak != 0 || !std::isfinite(p.y);
 }
 
 double strip(double x0, double y0, double x1, double y1) {
@@ -56,7 +57,11 @@ bool canIntegrate(const Curve& curve, Formula& formula, IntegralState& state) {
     const int count = recordCount(curve);
     const PlotPoint* p = curve.points.data();
     const CurveFunction f(formula, kFunctionSlot);
-    if (count == 0 || f(state.begin).indefinite || f(state.end).indefinite) {
+    const auto usable = [&f](double x) {
+        const FunctionValue v = f(x);
+        return !v.indefinite && std::isfinite(v.value);
+    };
+    if (count == 0 || !usable(state.begin) || !usable(state.end)) {
         return false;
     }
     // The samples are in ascending x but may repeat an x around a refined turning point, so the
@@ -122,6 +127,13 @@ bool integrateQuick(const Curve& curve, Formula& formula, IntegralState& state) 
     state.resultText = integralText(a, b, sum);
     // A quotient that is not a number (nothing summed) counts as precise enough.
     return !(std::fabs(error / area) > kQuickRelativeError);
+}
+
+std::optional<std::string> integralValueRefusal(const IntegralState& state) {
+    if (std::isfinite(state.value)) {
+        return std::nullopt;
+    }
+    return std::string(math_messages::kCannotIntegrate);
 }
 
 void showIntegralArea(TwoDGraph& graph, GraphView& view, const IntegralState& state) {

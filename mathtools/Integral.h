@@ -25,13 +25,18 @@ std::optional<std::string> acceptIntegralInterval(Formula& formula, const TwoDGr
                                                   IntegralState& state);
 
 // True when f(begin), f(end) and every sample of [begin, end), with the neighbour on each side,
-// are defined and no break. Sets firstIndex and lastIndex. Evaluates slot 0, the function whose
-// samples `curve` holds.
+// are defined, finite and no break. Sets firstIndex and lastIndex. Evaluates slot 0, the function
+// whose samples `curve` holds.
 bool canIntegrate(const Curve& curve, Formula& formula, IntegralState& state);
 
 // The trapezoid sum over the samples (partial strips at both ends). Sets value and resultText;
 // returns true when the estimate is precise enough. Needs canIntegrate's indices.
 bool integrateQuick(const Curve& curve, Formula& formula, IntegralState& state);
+
+// Finite samples can still add up beyond the largest double: such a sum is refused with the
+// interval's own message (it holds infinite numbers after all), after the quick and the precise
+// computation alike.
+std::optional<std::string> integralValueRefusal(const IntegralState& state);
 
 // Paints the area of `state` under the main curve, with its result text as the title's second
 // line; or removes it. Run on the thread that paints.

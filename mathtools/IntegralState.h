@@ -19,6 +19,9 @@ struct IntegralState {
     std::int32_t lastIndex = -1;
     // "S(%g, %g) = %18.15f" once a computation has finished; empty otherwise.
     std::string resultText;
+    // Set when a precise run reached kMostRefinementEvaluations: its value is the best it found,
+    // short of the tolerance, and the user is told so (refinementCutText).
+    bool refinementCut = false;
 
     // Whether the indices name samples of a curve of `count` records, at least one of them
     // inside the interval. Indices from another curve are not trusted: the interval is then

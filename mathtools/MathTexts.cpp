@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "engine/DisplayFormat.h"
+#include "mathtools/PreciseIntegral.h"
 
 namespace curvemill {
 
@@ -42,6 +43,11 @@ std::string integralText(double begin, double end, double value) {
 std::string preciseQuestionText(double value) {
     return "Integral Is " + padded(general(value, 15), 18) +
            ". \n  Do You Want To Calculate It More Precisely?";
+}
+
+std::string refinementCutText() {
+    return "THE INTEGRAL DID NOT SETTLE WITHIN " + std::to_string(kMostRefinementEvaluations) +
+           " EVALUATIONS: THE VALUE SHOWN IS THE BEST FOUND";
 }
 
 std::string yText(double y) {

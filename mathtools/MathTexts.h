@@ -10,6 +10,8 @@ namespace curvemill {
 std::string integralText(double begin, double end, double value);
 // "Integral Is %18.15g. \n  Do You Want To Calculate It More Precisely?"
 std::string preciseQuestionText(double value);
+// The warning after a precise run that reached its bound of evaluations.
+std::string refinementCutText();
 // "y=%f" of a defined value. The value box's own format; the slope's is "y'=%f".
 std::string yText(double y);
 // "y'=%f".

@@ -32,11 +32,16 @@ class Refinement {
     }
 
     void reset() { pool_.reset(); }
+    bool cut() const { return evaluations_ >= kMostRefinementEvaluations; }
 
   private:
     bool refinePair(int left, int right) {
         const RefinementNode l = pool_[left];
         const RefinementNode r = pool_[right];
+        if (cut()) {
+            return true;
+        }
+        ++evaluations_;
         const double xm = (l.x + r.x) / 2;
         const FunctionValue m = f_(xm);
         if (stopRequested(control_, formula_)) {
@@ -80,6 +85,7 @@ class Refinement {
     double& sum_;
     RefinementPool pool_;
     int head_ = RefinementPool::kLeftEnd;
+    long evaluations_ = 0;
 };
 
 }  // namespace
@@ -96,6 +102,7 @@ bool integratePrecise(const Curve& curve, Formula& formula, IntegralState& state
     const int last = state.lastIndex;
     state.value = 0.0;
     state.resultText.clear();
+    state.refinementCut = false;
     ProgressTracker progress(control, a, b);
     Refinement refinement(formula, control, state.value);
     refinement.reset();
@@ -123,6 +130,7 @@ bool integratePrecise(const Curve& curve, Formula& formula, IntegralState& state
         state.value = 0.0;
         return false;
     }
+    state.refinementCut = refinement.cut();
     state.resultText = integralText(a, b, state.value);
     return true;
 }

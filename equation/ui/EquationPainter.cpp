@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QPaintEngine>
 #include <QPainter>
+#include <QPainterPath>
 
 #include "equation/EquationView.h"
 #include "graph2d/GraphView.h"
@@ -20,6 +22,12 @@ const QColor kMarkColor(0, 0, 160);
 // the dots of a 500-step grid into a band.
 constexpr double kSquareSide = 5.0;
 
+bool isVectorTarget(const QPainter& painter) {
+    const QPaintEngine* engine = painter.paintEngine();
+    return engine != nullptr &&
+           (engine->type() == QPaintEngine::SVG || engine->type() == QPaintEngine::Pdf);
+}
+
 }  // namespace
 
 void EquationPainter::draw(GraphPainter& graphPainter, QPainter& painter,
@@ -35,19 +43,37 @@ void EquationPainter::draw(GraphPainter& graphPainter, QPainter& painter,
         // One dot is one pixel of the layout, so as many target pixels as the target is denser.
         const int dot = std::max(1, static_cast<int>(std::lround(pixels.pixelRatio)));
         target.setRenderHint(QPainter::Antialiasing, false);
-        for (const PixelPoint& p : pixels_) {
-            target.fillRect(p.x, p.y, dot, dot, kDotColor);
-        }
-        if (look.squares) {
-            const int side =
-                std::max(3, static_cast<int>(std::lround(kSquareSide * pixels.pixelRatio)));
-            const int half = side / 2;
-            target.setPen(QPen(kDotColor, 0));
-            target.setBrush(kDotColor);
-            for (const PixelPoint& p : pixels_) {
-                target.drawRect(p.x - half, p.y - half, side - 1, side - 1);
+        const int side =
+            std::max(3, static_cast<int>(std::lround(kSquareSide * pixels.pixelRatio)));
+        const int half = side / 2;
+        if (isVectorTarget(target)) {
+            // One path of merged rows: a file with an element per dot grows to hundreds of MB
+            // when the solutions fill the grid. A square (side - 1 wide plus its cosmetic pen)
+            // covers side pixels from p - half, and covers its dot.
+            QPainterPath path;
+            path.setFillRule(Qt::WindingFill);
+            if (look.squares) {
+                for (PixelPoint& p : pixels_) {
+                    p = {p.x - half, p.y - half};
+                }
             }
-            target.setBrush(Qt::NoBrush);
+            const int size = look.squares ? side : dot;
+            for (const DotRun& run : dotRuns(pixels_, size)) {
+                path.addRect(run.x, run.y, run.width, size);
+            }
+            target.fillPath(path, kDotColor);
+        } else {
+            for (const PixelPoint& p : pixels_) {
+                target.fillRect(p.x, p.y, dot, dot, kDotColor);
+            }
+            if (look.squares) {
+                target.setPen(QPen(kDotColor, 0));
+                target.setBrush(kDotColor);
+                for (const PixelPoint& p : pixels_) {
+                    target.drawRect(p.x - half, p.y - half, side - 1, side - 1);
+                }
+                target.setBrush(Qt::NoBrush);
+            }
         }
         if (look.hasMark) {
             const double px = pixels.toPixelX(look.mark.x);

@@ -232,6 +232,10 @@ void MathDialog::accept() {
         return;
     }
     const bool preciseEnough = integrateQuick(graph_.main, formula_, state_);
+    if (const auto refusal = integralValueRefusal(state_)) {
+        refuse(*refusal);
+        return;
+    }
     if (!preciseEnough) {
         const auto answer =
             QMessageBox::warning(this, QString::fromLatin1(math_messages::kWarningTitle),
@@ -307,12 +311,19 @@ void MathDialog::finishRun(bool completed) {
 }
 
 void MathDialog::finishPrecise(bool completed) {
-    if (!completed) {
+    const auto refusal = completed ? integralValueRefusal(state_) : std::nullopt;
+    if (!completed || refusal) {
         state_.value = 0.0;
         state_.resultText.clear();
     }
-    finishPreciseIntegral(graph_, view_, state_, completed);
+    finishPreciseIntegral(graph_, view_, state_, completed && !refusal);
     Q_EMIT graphChanged();
+    if (refusal) {
+        QMessageBox::critical(this, QString(), QString::fromStdString(*refusal));
+    } else if (completed && state_.refinementCut) {
+        QMessageBox::warning(this, QString::fromLatin1(math_messages::kWarningTitle),
+                             QString::fromStdString(refinementCutText()));
+    }
 }
 
 void MathDialog::finishCurve(Run run, bool completed) {

@@ -106,6 +106,9 @@ QString formatExtension(ImageFormat format) {
 
 QImage drawnImage(const PageDrawing& draw, QSize pixels) {
     QImage image(pixels, QImage::Format_RGB32);
+    if (image.isNull()) {  // too big for the memory: nothing to paint on
+        return image;
+    }
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);

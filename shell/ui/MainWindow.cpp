@@ -16,6 +16,7 @@
 #include <QStringList>
 
 #include "engine/Formula.h"
+#include "equation/EquationSolver.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
@@ -623,7 +624,8 @@ void MainWindow::showEquation() {
     status_->setText(curve.count() == 0
                          ? QStringLiteral("%1 = 0 has no solution point on this grid")
                                .arg(QString::fromStdString(curve.formulaText))
-                         : QStringLiteral("%1 solution points").arg(curve.count()));
+                     : curve.truncated ? QString::fromStdString(solutionLimitText())
+                                       : QStringLiteral("%1 solution points").arg(curve.count()));
     refreshCommands();
 }
 

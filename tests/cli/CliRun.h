@@ -1,6 +1,7 @@
 // Runs the built curvemill-cli (CURVEMILL_CLI_PATH) on an argument list and collects what it says.
 #pragma once
 
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -37,7 +38,9 @@ inline std::string readAll(int fd) {
 // Where the child's surroundings differ from the test's.
 struct CliSetting {
     std::vector<std::string> unsetVariables;
-    long fileSizeLimit = -1;  // bytes; beyond it writes fail with EFBIG (-1: no limit set)
+    long fileSizeLimit = -1;           // bytes; beyond it writes fail with EFBIG (-1: no limit set)
+    long memoryLimit = -1;             // bytes of address space (-1: no limit set)
+    const char* stdoutPath = nullptr;  // stdout goes to this file, or is closed for ""
 };
 
 inline CliRun runCli(const std::vector<std::string>& args, const CliSetting& setting = {}) {
@@ -49,6 +52,17 @@ inline CliRun runCli(const std::vector<std::string>& args, const CliSetting& set
     const pid_t child = fork();
     if (child == 0) {
         dup2(out[1], STDOUT_FILENO);
+        if (setting.stdoutPath != nullptr) {
+            close(STDOUT_FILENO);
+            if (*setting.stdoutPath != '\0') {
+                open(setting.stdoutPath, O_WRONLY);  // takes the lowest free descriptor: 1
+            }
+        }
+        if (setting.memoryLimit >= 0) {
+            const rlimit limit{static_cast<rlim_t>(setting.memoryLimit),
+                               static_cast<rlim_t>(setting.memoryLimit)};
+            setrlimit(RLIMIT_AS, &limit);
+        }
         dup2(err[1], STDERR_FILENO);
         for (const std::string& name : setting.unsetVariables) {
             unsetenv(name.c_str());

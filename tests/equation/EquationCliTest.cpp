@@ -56,4 +56,21 @@ TEST(EquationCliPicture, WritesAPngWithTheCurvesColour) {
     EXPECT_GT(bytes.size(), 2000u);
 }
 
+// An equation that holds everywhere: the run stops at its bound and says so, and a vector file
+// holds the dots as merged rows, not an element per dot.
+TEST(EquationCliPicture, SolutionsFillingTheGridAreBoundedAndCompact) {
+    const std::string range = " --x-begin -1 --x-end 1 --y-begin -1 --y-end 1";
+    const CliRun bound = runCli(words("equation x-x --summary --nx 1100 --ny 1000" + range));
+    EXPECT_EQ(bound.exitCode, 0);
+    EXPECT_EQ(bound.out.rfind("count 1000000\n", 0), 0u) << bound.out;
+    EXPECT_NE(bound.err.find("stopped at 1000000 solution points"), std::string::npos);
+
+    const std::string path = "equation_cli_full.svg";
+    const CliRun svg =
+        runCli(words("equation x-x --nx 500 --ny 500 --size 400x300 -o " + path + range));
+    ASSERT_EQ(svg.exitCode, 0) << svg.out << svg.err;
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    EXPECT_LT(file.tellg(), 300000);  // an element per dot: 53 MB
+}
+
 }  // namespace

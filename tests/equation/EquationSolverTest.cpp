@@ -213,3 +213,27 @@ TEST(EquationComputation, JobFillsTheCurveAndShowPutsItOnTheView) {
 
 }  // namespace
 }  // namespace curvemill
+
+namespace curvemill {
+namespace {
+
+// An equation that holds everywhere fills the grid: the run keeps kMostSolutions and says so.
+// Its dots merge into one run per row of touching pixels, a repeated pixel adding nothing.
+TEST(EquationSolver, SolutionsThatFillTheGridStopAtTheBound) {
+    const Solved full = solve("x-x", {-1, 1, -1, 1, 1100, 1000, 5});
+    ASSERT_TRUE(full.completed);
+    EXPECT_EQ(full.curve.count(), kMostSolutions);
+    EXPECT_TRUE(full.curve.truncated);
+    EXPECT_FALSE(solve("x^2+y^2-1", square(2, 500)).curve.truncated);
+
+    std::vector<PixelPoint> pixels{{5, 1}, {0, 0}, {2, 1}, {3, 1}, {2, 1}, {9, 1}, {1, 0}};
+    const std::vector<DotRun> runs = dotRuns(pixels, 2);
+    ASSERT_EQ(runs.size(), 3u);
+    EXPECT_EQ(runs[0].width, 3);  // (0,0) and (1,0)
+    EXPECT_EQ(runs[1].x, 2);
+    EXPECT_EQ(runs[1].width, 5);  // 2, 3 and 5 touch: 2..6
+    EXPECT_EQ(runs[2].x, 9);
+}
+
+}  // namespace
+}  // namespace curvemill

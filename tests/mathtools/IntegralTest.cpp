@@ -193,3 +193,27 @@ TEST(RefinementPool, SpareFirstThenFirstFreeThenNone) {
 
 }  // namespace
 }  // namespace curvemill
+
+namespace curvemill {
+namespace {
+
+// Infinite samples, or a sum beyond the largest double, refuse the integral; a function that
+// never settles to the chord tolerance still ends, with the best value and the bound told.
+TEST(Integral, InfiniteNumbersAreRefusedAndAnUnsettledRefinementEnds) {
+    SampledGraph infinite("10^400", -5, 5);
+    IntegralState state = interval(-5, 5);
+    EXPECT_FALSE(canIntegrate(infinite.graph.main, infinite.formula, state));
+    state.value = HUGE_VAL;
+    EXPECT_EQ(integralValueRefusal(state).value_or(""), math_messages::kCannotIntegrate);
+
+    SampledGraph steep("e^(x*100)", -5, 5);
+    state = interval(-5, 5);
+    ASSERT_TRUE(canIntegrate(steep.graph.main, steep.formula, state));
+    ASSERT_TRUE(integratePrecise(steep.graph.main, steep.formula, state, {}));
+    EXPECT_TRUE(state.refinementCut);
+    EXPECT_NEAR(state.value / (std::exp(500.0) / 100), 1.0, 0.01);
+    EXPECT_FALSE(integralValueRefusal(state));
+}
+
+}  // namespace
+}  // namespace curvemill

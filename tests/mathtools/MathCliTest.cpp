@@ -44,6 +44,14 @@ INSTANTIATE_TEST_SUITE_P(
             "INTEGRAL CANNOT BE CALCULATED, \nSINCE THIS INTERVAL CONTAINS\nINDEFINITE "
             "AND/OR INFINITE NUMBERS\n",
             1},
+        Row{"integral 10^400 --x-begin -5 --x-end 5 --from -5 --to 5",
+            "INTEGRAL CANNOT BE CALCULATED, \nSINCE THIS INTERVAL CONTAINS\nINDEFINITE "
+            "AND/OR INFINITE NUMBERS\n",
+            1},
+        Row{"integral --precise sin(1/x) --x-begin -5 --x-end 5 --points 10000 --from -5 --to 5",
+            "S(-5, 5) = -0.006542144823964\nTHE INTEGRAL DID NOT SETTLE WITHIN 20000000 "
+            "EVALUATIONS: THE VALUE SHOWN IS THE BEST FOUND\n",
+            0},
         Row{"integral x --x-begin -1 --x-end 1 --from 0", "", 2},
         Row{"integral x --x-begin -1 --x-end 1 --from 0 --to 1 --points 5", "", 2}));
 

@@ -361,6 +361,27 @@ class MathDialogsTest : public QObject {
         control<QCheckBox>(dialog, info::kPiUnits)->setChecked(!pi);
         QCOMPARE(control<QLineEdit>(dialog, info::kYResult)->text().startsWith(u"y=pi*"_s), !pi);
     }
+
+    // A precise run that never settles ends with its best value and a warning; an infinite quick
+    // sum is refused.
+    void unsettledPreciseRunWarnsAndInfiniteSumIsRefused() {
+        auto dialog = mathDialog("sin(1/x)", -5, 5);
+        QSignalSpy finished(dialog.get(), &MathDialog::runFinished);
+        control<QCheckBox>(*dialog, ids::kPrecise)->setChecked(true);
+        ModalAnswer warning;
+        integrate(*dialog, u"-5"_s, u"5"_s);
+        QVERIFY(finished.wait(60000));
+        QTRY_VERIFY(warning.seen);
+        QCOMPARE(warning.icon, QMessageBox::Warning);
+        QCOMPARE(warning.text, QString::fromStdString(refinementCutText()));
+        QCOMPARE(graph().areaText, integralText(-5, 5, dialog->integral().value));
+
+        dialog = mathDialog("10^308", -5, 5);
+        ModalAnswer refusal;
+        integrate(*dialog, u"-5"_s, u"5"_s);
+        QCOMPARE(refusal.text, QString::fromLatin1(math_messages::kCannotIntegrate));
+        QVERIFY(!view.areaPainted);
+    }
 };
 
 QTEST_MAIN(MathDialogsTest)

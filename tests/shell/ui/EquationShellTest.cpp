@@ -9,6 +9,7 @@
 
 #include "engine/Formula.h"
 #include "equation/EquationCurve.h"
+#include "equation/EquationSolver.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph3d/SurfaceScene.h"
@@ -93,6 +94,16 @@ class EquationShellTest : public MainWindowFixture {
         control<QPushButton>(*again, twovar_ids::kCancel)->click();
         QCOMPARE(title.size(), 1);
         QCOMPARE(window->graphKind(), GraphKind::TitlePage);
+    }
+
+    // Solutions that fill the grid stop at the bound, and the status line says so.
+    void aFilledGridIsBoundedAndTold() {
+        settings.equationXPoints = 2000;
+        settings.equationYPoints = 2000;
+        enter(40086, u"x-x"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(window->graphKind(), GraphKind::Equation, 20000);
+        QCOMPARE(curve.count(), kMostSolutions);
+        QCOMPARE(window->statusText(), QString::fromStdString(solutionLimitText()));
     }
 };
 
