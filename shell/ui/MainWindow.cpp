@@ -30,6 +30,7 @@
 #include "shell/ui/EquationCommands.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/GraphOutputs.h"
+#include "shell/ui/KindWindows.h"
 #include "shell/ui/MathCommands.h"
 #include "shell/ui/ProductWebPage.h"
 #include "shell/ui/RotationCommands.h"
@@ -79,6 +80,7 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     connect(equation_, &EquationCommands::repaintRequested, this, [this] { graphArea_->redraw(); });
     connect(equation_, &EquationCommands::statusMessage, this,
             [this](const QString& text) { status_->setText(text); });
+    connect(equation_, &EquationCommands::previousDiscarded, this, &MainWindow::discardGraph);
     connect(equation_, &EquationCommands::cancelled, this, [this] {
         if (kind_ == GraphKind::TitlePage) {
             returnToTitlePage();
@@ -123,6 +125,9 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
                                        : QStringLiteral("Ready"));
     });
 
+    connect(this, &MainWindow::graphKindChanged, this,
+            [this](GraphKind kind) { closeWindowsOfOtherKinds(*this, kind); });
+
     help_ = std::make_unique<HelpViewer>(findInstalledHelpArchive,
                                          [this] { openProductWebPage(this); });
     contextHelp_ = std::make_unique<ContextHelp>(*help_);
@@ -131,10 +136,14 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
 }
 
 // The input window waits for a running computation when it goes; the computations it hands work
-// to are members, so it goes first.
+// to are members, so it goes first. The canvas's surface mouse asks this window what is shown
+// on every event, and the canvas still gets events while QWidget tears the children down: the
+// mouse goes before this window stops being one.
 MainWindow::~MainWindow() {
     delete equation_;
     equation_ = nullptr;
+    delete rotation_;
+    rotation_ = nullptr;
 }
 
 void MainWindow::setHistoryPort(HistoryPort* history) {
@@ -159,8 +168,9 @@ ShellState MainWindow::shellState() const {
     state.hasSecondFunction = parts_.graph.hasSecond();
     state.hasDerivative = parts_.graph.hasDerivative();
     state.hasIntegral = parts_.graph.hasIntegral();
-    state.gridOn =
-        kind_ == GraphKind::Surface3D ? surfaceCommands_->gridBoxShown() : parts_.view.gridOn;
+    state.gridOn = kind_ == GraphKind::Surface3D
+                       ? surfaceCommands_->gridBoxShown()
+                       : kind_ != GraphKind::TitlePage && parts_.view.gridOn;
     state.historyWired = history_ != nullptr;
     state.historyChanged = history_ != nullptr && history_->hasUnsavedEntries();
     state.areaPainted = parts_.view.areaPainted;
@@ -213,6 +223,10 @@ TwoDGraphDialog* MainWindow::twoDGraphDialog(bool second) {
             refreshCommands();
         });
         connect(dialog, &TwoDGraphDialog::graphDrawn, this, [this, second] {
+            // The marks were made on the function this one replaced.
+            if (!second) {
+                parts_.view.indefiniteMarked = false;
+            }
             // The second function's own range became the graph's: the main dialog shows it too.
             if (second && mainDialog_ != nullptr) {
                 mainDialog_->copyRangeFrom(*secondDialog_);
@@ -237,11 +251,29 @@ SurfaceComputation& MainWindow::surfaceComputation() {
     return *surfaceComputation_;
 }
 
+void MainWindow::setKind(GraphKind kind) {
+    const bool changed = kind != kind_;
+    kind_ = kind;
+    graphArea_->canvas()->setKind(kind);
+    if (changed) {
+        Q_EMIT graphKindChanged(kind);
+    }
+}
+
+// The blank graph area stays until the run ends; with no graph on screen, Cancel then goes
+// back to the title page.
+void MainWindow::discardGraph() {
+    rotation_->stopAnimation();
+    graphArea_->canvas()->showSurface(nullptr);
+    setKind(GraphKind::TitlePage);
+    status_->setText(QStringLiteral("Ready"));
+    refreshCommands();
+}
+
 void MainWindow::showSurface() {
     rotation_->newFigure();
-    kind_ = GraphKind::Surface3D;
+    setKind(GraphKind::Surface3D);
     pages_->setCurrentWidget(graphArea_);
-    graphArea_->canvas()->setKind(kind_);
     graphArea_->canvas()->showSurface(&parts_.surface);
     refreshCommands();
 }
@@ -260,9 +292,8 @@ QString MainWindow::statusText() const {
 
 void MainWindow::showGraph() {
     rotation_->stopAnimation();
-    kind_ = GraphKind::Function2D;
     graphArea_->canvas()->showSurface(nullptr);
-    graphArea_->canvas()->setKind(kind_);
+    setKind(GraphKind::Function2D);
     pages_->setCurrentWidget(graphArea_);
     graphArea_->showNewGraph();
     reportUndefinedCurves();
@@ -374,8 +405,9 @@ void MainWindow::saveNewEntries() {
 
 void MainWindow::returnToTitlePage() {
     rotation_->stopAnimation();
-    kind_ = GraphKind::TitlePage;
+    setKind(GraphKind::TitlePage);
     pages_->setCurrentWidget(titlePage_);
+    status_->setText(QStringLiteral("Ready"));
     refreshCommands();
     Q_EMIT titlePageShown();
 }
@@ -470,6 +502,10 @@ void MainWindow::zoomOutBoth() {
 
 void MainWindow::restoreZoom() {
     rotation_->stopAnimation();
+    if (kind_ == GraphKind::Surface3D) {
+        zoomSurface(1.0 / parts_.surface.view.zoom);
+        return;
+    }
     viewCommands_->restore();
 }
 
@@ -602,9 +638,8 @@ void MainWindow::openThreeDGraph() {
 
 void MainWindow::showEquation() {
     rotation_->stopAnimation();
-    kind_ = GraphKind::Equation;
     graphArea_->canvas()->showSurface(nullptr);
-    graphArea_->canvas()->setKind(kind_);
+    setKind(GraphKind::Equation);
     pages_->setCurrentWidget(graphArea_);
     graphArea_->showNewGraph();
     const EquationCurve& curve = equation_->curve();

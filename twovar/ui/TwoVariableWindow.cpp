@@ -100,10 +100,10 @@ void TwoVariableWindow::buildControls() {
         edit->setMaxLength(kEditLength);
         return edit;
     };
-    xBeginEdit_ = makeEdit(twovar_ids::kXBegin, QStringLiteral("-10"));
-    xEndEdit_ = makeEdit(twovar_ids::kXEnd, QStringLiteral("10"));
-    yBeginEdit_ = makeEdit(twovar_ids::kYBegin, QStringLiteral("-10"));
-    yEndEdit_ = makeEdit(twovar_ids::kYEnd, QStringLiteral("10"));
+    xBeginEdit_ = makeEdit(twovar_ids::kXBegin, QString());
+    xEndEdit_ = makeEdit(twovar_ids::kXEnd, QString());
+    yBeginEdit_ = makeEdit(twovar_ids::kYBegin, QString());
+    yEndEdit_ = makeEdit(twovar_ids::kYEnd, QString());
     formulaEdit_ = makeEdit(twovar_ids::kFormula, QString());
     formulaEdit_->setMinimumWidth(420);
     QFont mono(QStringLiteral("Courier New"));
@@ -239,13 +239,11 @@ void TwoVariableWindow::prepare(TwoVariableMode mode) {
         yPointsLabel_->setText(pointsText(yPoints));
         precisionLabel_->setText(precisionText(settings_.precisionDigits));
     }
-    if (settings_.kind == kindLetter()) {
-        xBeginEdit_->setText(QString::fromStdString(settings_.xBegin));
-        xEndEdit_->setText(QString::fromStdString(settings_.xEnd));
-        yBeginEdit_->setText(QString::fromStdString(settings_.yBegin));
-        yEndEdit_->setText(QString::fromStdString(settings_.yEnd));
-        formulaEdit_->setText(QString::fromStdString(settings_.formula));
-    }
+    // The window serves both modes: an entry of the other kind must not be left in the boxes.
+    const bool ownKind = settings_.kind == kindLetter();
+    fillFromEntry(ownKind ? TypedEntry{settings_.formula, settings_.xBegin, settings_.xEnd,
+                                       settings_.yBegin, settings_.yEnd, kindLetter()}
+                          : TypedEntry{"", "-10", "10", "-10", "10", kindLetter()});
     historyAvailable_ = history_ != nullptr && history_->entryCount(entryKind(mode)) > 0;
     if (history_ != nullptr) {
         history_->setShownKind(entryKind(mode));
@@ -407,6 +405,7 @@ void TwoVariableWindow::accept() {
     }
     setInputsEnabled(false);
     work->discardPrevious();
+    Q_EMIT previousDiscarded();
     if (history_ != nullptr) {
         history_->recordEntry(entry);
     }
