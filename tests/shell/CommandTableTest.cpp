@@ -123,7 +123,7 @@ TEST(CommandState, EnablingFollowsTheGraphOnScreen) {
         {40054, false, false, true, false, false}, {40093, false, false, true, false, false},
         {40110, false, true, true, true, true},    {40111, false, true, true, true, true},
         {40030, false, true, true, true, true},    {40005, false, true, true, true, true},
-        {40126, false, true, true, true, false},   {40010, false, true, true, true, true},
+        {40126, false, true, true, true, true},   {40010, false, true, true, true, true},
         {40012, false, true, true, true, false},   {40029, false, false, true, false, false},
         {40200, false, true, true, true, false},   {40031, false, false, true, false, false},
         {40063, false, true, true, true, false},   {40114, false, false, false, false, true},
