@@ -123,7 +123,8 @@ void EquationInformationPanel::scan(RootKind kind) {
     }
     QLineEdit* box = kind == RootKind::kX ? yEdit_ : xEdit_;
     const auto refuse = [this, box](const std::string& message) {
-        QMessageBox::critical(this, QString(), QString::fromStdString(message));
+        QMessageBox::critical(this, QString::fromLatin1(kBoxCaption),
+                              QString::fromStdString(message));
         box->setFocus();
         box->selectAll();
     };

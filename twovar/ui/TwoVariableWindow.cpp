@@ -143,11 +143,11 @@ void TwoVariableWindow::buildControls() {
         button->setAutoDefault(false);
         return button;
     };
-    okButton_ = makeButton(twovar_ids::kOk, QStringLiteral("OK"));
+    okButton_ = makeButton(twovar_ids::kOk, QStringLiteral("&OK"));
     okButton_->setDefault(true);
-    stopButton_ = makeButton(twovar_ids::kStop, QStringLiteral("Stop"));
-    cancelButton_ = makeButton(twovar_ids::kCancel, QStringLiteral("Cancel"));
-    historyButton_ = makeButton(twovar_ids::kHistory, QStringLiteral("History"));
+    stopButton_ = makeButton(twovar_ids::kStop, QStringLiteral("&Stop"));
+    cancelButton_ = makeButton(twovar_ids::kCancel, QStringLiteral("&Cancel"));
+    historyButton_ = makeButton(twovar_ids::kHistory, QStringLiteral("H&istory"));
     auto* helpButton = makeButton(twovar_ids::kHelp, QStringLiteral("&Help"));
 
     auto* ranges = new QGridLayout;
@@ -177,10 +177,10 @@ void TwoVariableWindow::buildControls() {
         grid->addWidget(label, row, 2);
         return captionLabel;
     };
-    addSpinRow(0, QStringLiteral("Points along x (x 100)"), xPointsSpin_, xPointsLabel_);
-    addSpinRow(1, QStringLiteral("Points along y (x 100)"), yPointsSpin_, yPointsLabel_);
+    addSpinRow(0, QStringLiteral("Poin&ts along x (x 100)"), xPointsSpin_, xPointsLabel_);
+    addSpinRow(1, QStringLiteral("Points alon&g y (x 100)"), yPointsSpin_, yPointsLabel_);
     precisionCaption_ =
-        addSpinRow(2, QStringLiteral("Precision digits"), precisionSpin_, precisionLabel_);
+        addSpinRow(2, QStringLiteral("Precision &digits"), precisionSpin_, precisionLabel_);
     grid->setColumnStretch(3, 1);
 
     auto* buttons = new QHBoxLayout;
@@ -216,7 +216,7 @@ void TwoVariableWindow::prepare(TwoVariableMode mode) {
     setWindowTitle(surface ? QStringLiteral("ThreeD Function") : QStringLiteral("Equation"));
     // Help tells the modes apart by this name.
     setObjectName(surface ? QStringLiteral("ThreeD") : QStringLiteral("Equation"));
-    formulaLabel_->setText(surface ? QStringLiteral("Z =") : QStringLiteral("0="));
+    formulaLabel_->setText(surface ? QStringLiteral("&Z =") : QStringLiteral("&0="));
     for (QWidget* precision :
          {static_cast<QWidget*>(precisionSpin_), static_cast<QWidget*>(precisionLabel_),
           static_cast<QWidget*>(precisionCaption_)}) {
@@ -326,7 +326,7 @@ void TwoVariableWindow::setInputsEnabled(bool enabled) {
 void TwoVariableWindow::fail(const QString& message, QLineEdit* box) {
     box->setFocus();
     box->selectAll();
-    QMessageBox::critical(this, QString(), message);
+    QMessageBox::critical(this, QString::fromLatin1(kBoxCaption), message);
 }
 
 void TwoVariableWindow::refuse(const QString& message, QLineEdit* box) {
@@ -340,7 +340,8 @@ void TwoVariableWindow::accept() {
         return;
     }
     if (worker_.isBusy()) {
-        QMessageBox::information(this, QString(), QString::fromLatin1(kMsgBusy));
+        QMessageBox::information(this, QString::fromLatin1(kBoxCaption),
+                                 QString::fromLatin1(kMsgBusy));
         return;
     }
     const auto read = [this](QLineEdit* edit, const char* name) {
