@@ -50,6 +50,10 @@ EquationInformationPanel::EquationInformationPanel(Formula& formula, const Graph
     progress_ = new QProgressBar(this);
     progress_->setObjectName(idName(information_ids::kProgress));
     progress_->setRange(0, 100);
+    // The window keeps one size whether or not a search runs.
+    QSizePolicy keepRoom = progress_->sizePolicy();
+    keepRoom.setRetainSizeWhenHidden(true);
+    progress_->setSizePolicy(keepRoom);
     progress_->hide();
     stop_ = new QPushButton(QStringLiteral("Stop"), this);
     stop_->setObjectName(idName(information_ids::kStop));

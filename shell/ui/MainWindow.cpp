@@ -34,6 +34,7 @@
 #include "shell/ui/MathCommands.h"
 #include "shell/ui/ProductWebPage.h"
 #include "shell/ui/RotationCommands.h"
+#include "shell/ui/ScreenFit.h"
 #include "shell/ui/SurfaceCommands.h"
 #include "shell/ui/TitlePage.h"
 #include "shell/ui/ViewCommands.h"
@@ -45,6 +46,7 @@ namespace curvemill {
 MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     setObjectName(QStringLiteral("GRAPHIC"));
     setWindowTitle(QStringLiteral("CURVEMILL"));
+    new ScreenFitter(this);
     commands_ = std::make_unique<CommandActions>(*this, *this);
 
     pages_ = new QStackedWidget(this);

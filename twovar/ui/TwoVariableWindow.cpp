@@ -134,6 +134,10 @@ void TwoVariableWindow::buildControls() {
     progress_ = new QProgressBar(this);
     progress_->setObjectName(idName(twovar_ids::kProgress));
     progress_->setRange(0, 100);
+    // The window keeps one size whether or not a computation runs.
+    QSizePolicy keepRoom = progress_->sizePolicy();
+    keepRoom.setRetainSizeWhenHidden(true);
+    progress_->setSizePolicy(keepRoom);
     usePrompts_ = new QCheckBox(QStringLiteral("Use &Prompts"), this);
     usePrompts_->setObjectName(idName(twovar_ids::kUsePrompts));
 

@@ -3,7 +3,9 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QStackedWidget>
 #include <QToolBar>
@@ -174,6 +176,28 @@ class EquationShellTest : public QObject {
         QCOMPARE(title.size(), 1);
         QVERIFY(!action(40010)->isChecked());
         QCOMPARE(window->statusText(), u"Ready"_s);
+    }
+
+    // Windows open within the free area of their screen and keep their size while a progress
+    // bar comes and goes.
+    void windowsFitTheScreenAndKeepTheirSize() {
+        auto* big = new QWidget(window.get(), Qt::Window);
+        big->resize(5000, 4000);
+        big->move(300, 300);
+        big->show();
+        QVERIFY(big->screen()->availableGeometry().contains(big->frameGeometry()));
+        QVERIFY(enter(40086, u"x^2+y^2-1"_s) != nullptr);
+        QTRY_COMPARE(window->graphKind(), GraphKind::Equation);
+        action(40200)->trigger();
+        for (QWidget* tool :
+             {static_cast<QWidget*>(window->equationCommands().window()),
+              static_cast<QWidget*>(window->equationCommands().informationDialog())}) {
+            auto* progress = tool->findChild<QProgressBar*>();
+            const QSize idle = tool->sizeHint();
+            progress->show();
+            QCOMPARE(tool->sizeHint(), idle);
+            progress->hide();
+        }
     }
 };
 
