@@ -39,4 +39,7 @@ class NumberBox {
 // Composes "ERROR IN %s EDIT BOX:\n%s".
 std::string composeBoxError(std::string_view boxName, std::string_view message);
 
+// The caption of every message box that has no title of its own, refusals of an entry first.
+inline constexpr const char* kBoxCaption = "CURVEMILL";
+
 }  // namespace curvemill

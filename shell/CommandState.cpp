@@ -53,8 +53,9 @@ bool commandAvailable(int id, const ShellState& state) {
             return plane || surface;
         case 40139:
             return surface;
-        case 40126:  // zoom, grid and mouse modes act on a flat view
-        case 40201:
+        case 40126:  // Restore brings back a wheel-zoomed surface too
+            return plane || surface;
+        case 40201:  // fitting, grid and mouse modes act on a flat view
         case 40133:
         case 40063:
         case 40064:

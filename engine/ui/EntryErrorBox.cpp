@@ -4,11 +4,13 @@
 #include <QEvent>
 #include <QMessageBox>
 
+#include "engine/NumberEntry.h"
+
 namespace curvemill {
 
 void showEntryError(QWidget* dialog, const QString& text, const QWidget* edit) {
-    QMessageBox box(QMessageBox::Critical, QString(), text, QMessageBox::Ok | QMessageBox::Help,
-                    dialog);
+    QMessageBox box(QMessageBox::Critical, QString::fromLatin1(kBoxCaption), text,
+                    QMessageBox::Ok | QMessageBox::Help, dialog);
     box.setObjectName(QStringLiteral("error") + (edit != nullptr ? edit->objectName() : QString()));
     box.setDefaultButton(QMessageBox::Ok);
     box.setEscapeButton(QMessageBox::Ok);

@@ -50,6 +50,10 @@ EquationInformationPanel::EquationInformationPanel(Formula& formula, const Graph
     progress_ = new QProgressBar(this);
     progress_->setObjectName(idName(information_ids::kProgress));
     progress_->setRange(0, 100);
+    // The window keeps one size whether or not a search runs.
+    QSizePolicy keepRoom = progress_->sizePolicy();
+    keepRoom.setRetainSizeWhenHidden(true);
+    progress_->setSizePolicy(keepRoom);
     progress_->hide();
     stop_ = new QPushButton(QStringLiteral("Stop"), this);
     stop_->setObjectName(idName(information_ids::kStop));
@@ -123,7 +127,8 @@ void EquationInformationPanel::scan(RootKind kind) {
     }
     QLineEdit* box = kind == RootKind::kX ? yEdit_ : xEdit_;
     const auto refuse = [this, box](const std::string& message) {
-        QMessageBox::critical(this, QString(), QString::fromStdString(message));
+        QMessageBox::critical(this, QString::fromLatin1(kBoxCaption),
+                              QString::fromStdString(message));
         box->setFocus();
         box->selectAll();
     };

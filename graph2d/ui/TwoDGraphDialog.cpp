@@ -81,7 +81,7 @@ void TwoDGraphDialog::buildControls() {
     mono.setStyleHint(QFont::Monospace);
     formulaEdit_->setFont(mono);
 
-    usePrompts_ = new QCheckBox(QStringLiteral("Use Prompts"), this);
+    usePrompts_ = new QCheckBox(QStringLiteral("Use &Prompts"), this);
     usePrompts_->setObjectName(idName(twod_ids::kUsePrompts));
     pointsSpin_ = new TwoDGraphPointsSpin(this);
     pointsSpin_->setObjectName(idName(twod_ids::kPointsSpin));
@@ -100,19 +100,19 @@ void TwoDGraphDialog::buildControls() {
         button->setAutoDefault(false);
         return button;
     };
-    okButton_ = makeButton(twod_ids::kOk, QStringLiteral("OK"));
+    okButton_ = makeButton(twod_ids::kOk, QStringLiteral("&OK"));
     okButton_->setDefault(true);
-    stopButton_ = makeButton(twod_ids::kStop, QStringLiteral("Stop"));
-    cancelButton_ = makeButton(twod_ids::kCancel, QStringLiteral("Cancel"));
-    historyButton_ = makeButton(twod_ids::kHistory, QStringLiteral("History"));
+    stopButton_ = makeButton(twod_ids::kStop, QStringLiteral("&Stop"));
+    cancelButton_ = makeButton(twod_ids::kCancel, QStringLiteral("&Cancel"));
+    historyButton_ = makeButton(twod_ids::kHistory, QStringLiteral("&History"));
     historyListButton_ = makeButton(twod_ids::kHistoryList, QStringLiteral("History 1"));
     historyListButton_->hide();
 
     auto* range = new QHBoxLayout;
-    auto* xBeginLabel = new QLabel(QStringLiteral("X Begin"), this);
+    auto* xBeginLabel = new QLabel(QStringLiteral("&X Begin"), this);
     xBeginLabel->setObjectName(QStringLiteral("1191"));
     xBeginLabel->setBuddy(xBeginEdit_);
-    auto* xEndLabel = new QLabel(QStringLiteral("X End"), this);
+    auto* xEndLabel = new QLabel(QStringLiteral("X &End"), this);
     xEndLabel->setObjectName(QStringLiteral("1192"));
     xEndLabel->setBuddy(xEndEdit_);
     range->addWidget(xBeginLabel);
@@ -122,7 +122,7 @@ void TwoDGraphDialog::buildControls() {
     range->addWidget(xEndEdit_, 1);
 
     auto* formulaRow = new QHBoxLayout;
-    auto* yLabel = new QLabel(QStringLiteral("Y ="), this);
+    auto* yLabel = new QLabel(QStringLiteral("&Y ="), this);
     yLabel->setBuddy(formulaEdit_);
     formulaRow->addWidget(yLabel);
     formulaRow->addWidget(formulaEdit_, 1);
@@ -130,7 +130,7 @@ void TwoDGraphDialog::buildControls() {
     auto* pointsRow = new QHBoxLayout;
     pointsRow->addWidget(usePrompts_);
     pointsRow->addStretch(1);
-    auto* pointsCaption = new QLabel(QStringLiteral("Points (x 10000)"), this);
+    auto* pointsCaption = new QLabel(QStringLiteral("Poi&nts (x 10000)"), this);
     pointsCaption->setBuddy(pointsSpin_);
     pointsRow->addWidget(pointsCaption);
     pointsRow->addWidget(pointsSpin_);
@@ -257,7 +257,8 @@ bool TwoDGraphDialog::failEntry(const std::string& message, QLineEdit* box, bool
     if (helpful) {
         showEntryError(this, QString::fromStdString(message), box);
     } else {
-        QMessageBox::critical(this, QString(), QString::fromStdString(message));
+        QMessageBox::critical(this, QString::fromLatin1(kBoxCaption),
+                              QString::fromStdString(message));
     }
     if (box != nullptr) {
         box->setFocus();
@@ -271,7 +272,8 @@ void TwoDGraphDialog::accept() {
         return;
     }
     if (worker_.isBusy()) {
-        QMessageBox::information(this, QString(), QString::fromLatin1(kMsgWorkerBusy));
+        QMessageBox::information(this, QString::fromLatin1(kBoxCaption),
+                                 QString::fromLatin1(kMsgWorkerBusy));
         return;
     }
     const NumberReading xBegin = xBeginBox_.read(formula_);

@@ -76,15 +76,15 @@ void HistoryWindow::createActions(Style style) {
         QKeySequence key;
     };
     const Command commands[] = {
-        {kLoadOriginalList, "Load Original List", {}},
-        {kSelect, "Select", {}},
-        {kMoveToTop, "Move To Top", {}},
-        {kHighlightSelectedItem, "Highlight Selected Item", {}},
-        {kFind, "Find", QKeySequence(Qt::CTRL | Qt::Key_F)},
-        {kFindNext, "Find Next", QKeySequence(Qt::Key_F3)},
-        {kLocateInput, "Locate Current Input", QKeySequence(Qt::CTRL | Qt::Key_L)},
-        {kDeleteItem, "Delete Item", QKeySequence(Qt::Key_Delete)},
-        style == Style::TextList ? Command{kDeleteList, "Delete List", {}}
+        {kLoadOriginalList, "Load &Original List", {}},
+        {kSelect, "&Select", {}},
+        {kMoveToTop, "&Move To Top", {}},
+        {kHighlightSelectedItem, "&Highlight Selected Item", {}},
+        {kFind, "&Find", QKeySequence(Qt::CTRL | Qt::Key_F)},
+        {kFindNext, "Find &Next", QKeySequence(Qt::Key_F3)},
+        {kLocateInput, "&Locate Current Input", QKeySequence(Qt::CTRL | Qt::Key_L)},
+        {kDeleteItem, "&Delete Item", QKeySequence(Qt::Key_Delete)},
+        style == Style::TextList ? Command{kDeleteList, "Delete &List", {}}
                                  : Command{kDeleteListReport, "Delete &List", {}},
     };
     for (const Command& command : commands) {

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 
+#include "engine/NumberEntry.h"
 #include "mathtools/MathTexts.h"
 #include "mathtools/ui/MathControlIds.h"
 
@@ -62,7 +63,8 @@ bool FunctionValuePage::calculate() {
     if (const auto refusal = acceptPointX(formula_, graph_, xBox_, x)) {
         shown_ = false;
         showResult();
-        QMessageBox::critical(this, QString(), QString::fromStdString(*refusal));
+        QMessageBox::critical(this, QString::fromLatin1(kBoxCaption),
+                              QString::fromStdString(*refusal));
         xEdit_->setFocus();
         xEdit_->selectAll();
         return false;

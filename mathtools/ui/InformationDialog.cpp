@@ -6,6 +6,7 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include "engine/NumberEntry.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
 #include "mathtools/ui/FunctionValuePage.h"
 #include "mathtools/ui/MathControlIds.h"
@@ -66,7 +67,8 @@ void InformationDialog::accept() {
     }
     // A computation on the worker uses the formula engine this page would evaluate with.
     if (worker_.isBusy()) {
-        QMessageBox::information(this, QString(), QString::fromLatin1(kMsgWorkerBusy));
+        QMessageBox::information(this, QString::fromLatin1(kBoxCaption),
+                                 QString::fromLatin1(kMsgWorkerBusy));
         return;
     }
     InformationPage* page = currentPage();

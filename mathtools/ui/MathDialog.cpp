@@ -17,6 +17,7 @@
 
 #include "engine/DisplayFormat.h"
 #include "engine/Formula.h"
+#include "engine/NumberEntry.h"
 #include "graph2d/DerivativeCurve.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
@@ -195,7 +196,7 @@ void MathDialog::setRunning(bool running) {
 }
 
 void MathDialog::refuse(const std::string& message) {
-    QMessageBox::critical(this, QString(), QString::fromStdString(message));
+    QMessageBox::critical(this, QString::fromLatin1(kBoxCaption), QString::fromStdString(message));
     // The box the message is about takes the focus, so the user can retype it at once.
     const bool aboutEnd = message == math_messages::kXEndOutside ||
                           message.find(math_messages::kBoxXEnd) != std::string::npos;
@@ -210,7 +211,8 @@ bool MathDialog::refuseWhileBusy() {
     }
     // The tools read the curve and the formula engine a computation there would be using.
     if (worker_.isBusy()) {
-        QMessageBox::information(this, QString(), QString::fromLatin1(kMsgWorkerBusy));
+        QMessageBox::information(this, QString::fromLatin1(kBoxCaption),
+                                 QString::fromLatin1(kMsgWorkerBusy));
         return true;
     }
     return false;

@@ -5,6 +5,7 @@
 #include "equation/ui/EquationInformationDialog.h"
 #include "equation/ui/EquationSolutionsDialog.h"
 #include "graph2d/TwoDGraph.h"
+#include "shell/ui/KindWindows.h"
 #include "twovar/ui/TwoVariableWindow.h"
 
 namespace curvemill {
@@ -83,6 +84,8 @@ void EquationCommands::openWindow(TwoVariableMode mode) {
         connect(window_, &TwoVariableWindow::repaintRequested, this,
                 &EquationCommands::repaintRequested);
         connect(window_, &TwoVariableWindow::cancelled, this, &EquationCommands::cancelled);
+        connect(window_, &TwoVariableWindow::previousDiscarded, this,
+                &EquationCommands::previousDiscarded);
         connect(window_, &TwoVariableWindow::statusMessage, this, &EquationCommands::statusMessage);
     }
     if (window_->isRunning()) {
@@ -96,6 +99,7 @@ void EquationCommands::openWindow(TwoVariableMode mode) {
 void EquationCommands::openSolutions() {
     if (solutions_ == nullptr) {
         solutions_ = new EquationSolutionsDialog(*curve_, parent_);
+        belongToGraphKind(*solutions_, GraphKind::Equation);
         connect(solutions_, &EquationSolutionsDialog::pointMarked, this,
                 [this](bool marked, double x, double y) {
                     look_.hasMark = marked;
@@ -118,6 +122,7 @@ void EquationCommands::openSolutions() {
 void EquationCommands::openInformation() {
     if (information_ == nullptr) {
         information_ = new EquationInformationDialog(formula_, view_, worker_, parent_);
+        belongToGraphKind(*information_, GraphKind::Equation);
         placeAtRightEdge(information_, parent_, true);
     }
     information_->show();

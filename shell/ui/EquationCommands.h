@@ -59,6 +59,8 @@ class EquationCommands : public QObject {
     void repaintRequested();
     // The window was cancelled while idle.
     void cancelled();
+    // OK in the input window discarded the picture on screen, whichever kind it was.
+    void previousDiscarded();
     void statusMessage(const QString& text);
 
   private:

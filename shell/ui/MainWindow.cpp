@@ -31,9 +31,11 @@
 #include "shell/ui/EquationCommands.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/GraphOutputs.h"
+#include "shell/ui/KindWindows.h"
 #include "shell/ui/MathCommands.h"
 #include "shell/ui/ProductWebPage.h"
 #include "shell/ui/RotationCommands.h"
+#include "shell/ui/ScreenFit.h"
 #include "shell/ui/SurfaceCommands.h"
 #include "shell/ui/TitlePage.h"
 #include "shell/ui/ViewCommands.h"
@@ -45,6 +47,7 @@ namespace curvemill {
 MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     setObjectName(QStringLiteral("GRAPHIC"));
     setWindowTitle(QStringLiteral("CURVEMILL"));
+    new ScreenFitter(this);
     commands_ = std::make_unique<CommandActions>(*this, *this);
 
     pages_ = new QStackedWidget(this);
@@ -80,6 +83,7 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     connect(equation_, &EquationCommands::repaintRequested, this, [this] { graphArea_->redraw(); });
     connect(equation_, &EquationCommands::statusMessage, this,
             [this](const QString& text) { status_->setText(text); });
+    connect(equation_, &EquationCommands::previousDiscarded, this, &MainWindow::discardGraph);
     connect(equation_, &EquationCommands::cancelled, this, [this] {
         if (kind_ == GraphKind::TitlePage) {
             returnToTitlePage();
@@ -124,6 +128,9 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
                                        : QStringLiteral("Ready"));
     });
 
+    connect(this, &MainWindow::graphKindChanged, this,
+            [this](GraphKind kind) { closeWindowsOfOtherKinds(*this, kind); });
+
     help_ = std::make_unique<HelpViewer>(findInstalledHelpArchive,
                                          [this] { openProductWebPage(this); });
     contextHelp_ = std::make_unique<ContextHelp>(*help_);
@@ -132,10 +139,14 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
 }
 
 // The input window waits for a running computation when it goes; the computations it hands work
-// to are members, so it goes first.
+// to are members, so it goes first. The canvas's surface mouse asks this window what is shown
+// on every event, and the canvas still gets events while QWidget tears the children down: the
+// mouse goes before this window stops being one.
 MainWindow::~MainWindow() {
     delete equation_;
     equation_ = nullptr;
+    delete rotation_;
+    rotation_ = nullptr;
 }
 
 void MainWindow::setHistoryPort(HistoryPort* history) {
@@ -160,8 +171,9 @@ ShellState MainWindow::shellState() const {
     state.hasSecondFunction = parts_.graph.hasSecond();
     state.hasDerivative = parts_.graph.hasDerivative();
     state.hasIntegral = parts_.graph.hasIntegral();
-    state.gridOn =
-        kind_ == GraphKind::Surface3D ? surfaceCommands_->gridBoxShown() : parts_.view.gridOn;
+    state.gridOn = kind_ == GraphKind::Surface3D
+                       ? surfaceCommands_->gridBoxShown()
+                       : kind_ != GraphKind::TitlePage && parts_.view.gridOn;
     state.historyWired = history_ != nullptr;
     state.historyChanged = history_ != nullptr && history_->hasUnsavedEntries();
     state.areaPainted = parts_.view.areaPainted;
@@ -214,6 +226,10 @@ TwoDGraphDialog* MainWindow::twoDGraphDialog(bool second) {
             refreshCommands();
         });
         connect(dialog, &TwoDGraphDialog::graphDrawn, this, [this, second] {
+            // The marks were made on the function this one replaced.
+            if (!second) {
+                parts_.view.indefiniteMarked = false;
+            }
             // The second function's own range became the graph's: the main dialog shows it too.
             if (second && mainDialog_ != nullptr) {
                 mainDialog_->copyRangeFrom(*secondDialog_);
@@ -238,11 +254,29 @@ SurfaceComputation& MainWindow::surfaceComputation() {
     return *surfaceComputation_;
 }
 
+void MainWindow::setKind(GraphKind kind) {
+    const bool changed = kind != kind_;
+    kind_ = kind;
+    graphArea_->canvas()->setKind(kind);
+    if (changed) {
+        Q_EMIT graphKindChanged(kind);
+    }
+}
+
+// The blank graph area stays until the run ends; with no graph on screen, Cancel then goes
+// back to the title page.
+void MainWindow::discardGraph() {
+    rotation_->stopAnimation();
+    graphArea_->canvas()->showSurface(nullptr);
+    setKind(GraphKind::TitlePage);
+    status_->setText(QStringLiteral("Ready"));
+    refreshCommands();
+}
+
 void MainWindow::showSurface() {
     rotation_->newFigure();
-    kind_ = GraphKind::Surface3D;
+    setKind(GraphKind::Surface3D);
     pages_->setCurrentWidget(graphArea_);
-    graphArea_->canvas()->setKind(kind_);
     graphArea_->canvas()->showSurface(&parts_.surface);
     const SurfaceGrid& grid = parts_.surface.grid;
     if (!grid.hasDefinedVertex()) {
@@ -270,9 +304,8 @@ QString MainWindow::statusText() const {
 
 void MainWindow::showGraph() {
     rotation_->stopAnimation();
-    kind_ = GraphKind::Function2D;
     graphArea_->canvas()->showSurface(nullptr);
-    graphArea_->canvas()->setKind(kind_);
+    setKind(GraphKind::Function2D);
     pages_->setCurrentWidget(graphArea_);
     graphArea_->showNewGraph();
     reportUndefinedCurves();
@@ -387,8 +420,9 @@ void MainWindow::saveNewEntries() {
 
 void MainWindow::returnToTitlePage() {
     rotation_->stopAnimation();
-    kind_ = GraphKind::TitlePage;
+    setKind(GraphKind::TitlePage);
     pages_->setCurrentWidget(titlePage_);
+    status_->setText(QStringLiteral("Ready"));
     refreshCommands();
     Q_EMIT titlePageShown();
 }
@@ -483,6 +517,10 @@ void MainWindow::zoomOutBoth() {
 
 void MainWindow::restoreZoom() {
     rotation_->stopAnimation();
+    if (kind_ == GraphKind::Surface3D) {
+        zoomSurface(1.0 / parts_.surface.view.zoom);
+        return;
+    }
     viewCommands_->restore();
 }
 
@@ -615,9 +653,8 @@ void MainWindow::openThreeDGraph() {
 
 void MainWindow::showEquation() {
     rotation_->stopAnimation();
-    kind_ = GraphKind::Equation;
     graphArea_->canvas()->showSurface(nullptr);
-    graphArea_->canvas()->setKind(kind_);
+    setKind(GraphKind::Equation);
     pages_->setCurrentWidget(graphArea_);
     graphArea_->showNewGraph();
     const EquationCurve& curve = equation_->curve();

@@ -136,6 +136,8 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
 
   Q_SIGNALS:
     void titlePageShown();
+    // Another kind of graph (TitlePage: none) took the screen.
+    void graphKindChanged(curvemill::GraphKind kind);
     // The window was closed for good (the exit save is done): the program ends.
     void closed();
 
@@ -143,6 +145,9 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    void setKind(GraphKind kind);
+    // The input window's OK: the picture on screen goes, whichever kind it was.
+    void discardGraph();
     void onTitleCommand(int id);
     void showGraph();
     void reportUndefinedCurves();

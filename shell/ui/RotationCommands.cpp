@@ -5,6 +5,7 @@
 #include "graph3d/ui/SurfaceMouse.h"
 #include "graph3d/ui/SurfaceRotator.h"
 #include "shell/ui/GraphArea.h"
+#include "shell/ui/KindWindows.h"
 
 namespace curvemill {
 
@@ -20,9 +21,15 @@ RotationCommands::RotationCommands(SurfaceScene& scene, GraphCanvas& canvas,
     connect(mouse_, &SurfaceMouse::zoomed, &canvas_, &GraphCanvas::invalidate);
 }
 
+RotationCommands::~RotationCommands() {
+    delete dialog_;
+    delete mouse_;
+}
+
 void RotationCommands::openDialog() {
     if (dialog_ == nullptr) {
         dialog_ = new RotationDialog(*rotator_, dialogParent_);
+        belongToGraphKind(*dialog_, GraphKind::Surface3D);
     }
     dialog_->show();
     dialog_->raise();

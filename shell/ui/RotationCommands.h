@@ -5,12 +5,14 @@
 #include <functional>
 
 #include <QObject>
+#include <QPointer>
+
+#include "graph3d/ui/RotationDialog.h"
+#include "graph3d/ui/SurfaceMouse.h"
 
 namespace curvemill {
 
 class GraphCanvas;
-class RotationDialog;
-class SurfaceMouse;
 class SurfaceRotator;
 struct SurfaceScene;
 
@@ -21,6 +23,10 @@ class RotationCommands : public QObject {
     // dialog.
     RotationCommands(SurfaceScene& scene, GraphCanvas& canvas, std::function<bool()> surfaceShown,
                      QWidget* dialogParent);
+    // The mouse watches the canvas and the dialog drives the rotator, and both may outlive these
+    // commands while their owner is torn down: they go with them, so that no event reaches a
+    // `surfaceShown` or a rotator that is gone.
+    ~RotationCommands() override;
 
     SurfaceRotator& rotator() const { return *rotator_; }
     RotationDialog* dialog() const { return dialog_; }
@@ -36,9 +42,9 @@ class RotationCommands : public QObject {
   private:
     GraphCanvas& canvas_;
     SurfaceRotator* rotator_;
-    SurfaceMouse* mouse_;
+    QPointer<SurfaceMouse> mouse_;
     QWidget* dialogParent_;
-    RotationDialog* dialog_ = nullptr;
+    QPointer<RotationDialog> dialog_;
 };
 
 }  // namespace curvemill

@@ -1,9 +1,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <regex>
 #include <set>
 #include <string>
 #include <vector>
@@ -63,10 +66,10 @@ TEST(CommandState, EnablingFollowsTheGraphOnScreen) {
         int id;
         bool onTitle, onFull2D, onEquation, onSurface;
     };
-    // One command per rule: everywhere, any graph, flat views, a function only, a surface only.
+    // One command per rule: everywhere, any graph, a function only, a surface only.
     const std::vector<Row> rows{
         {40009, true, true, true, true},    {40030, false, true, true, true},
-        {40126, false, true, true, false},  {40051, false, true, false, false},
+        {40126, false, true, true, true},  {40051, false, true, false, false},
         {40139, false, false, false, true}, {40005, false, true, true, true},
     };
     for (const Row& row : rows) {
@@ -151,6 +154,55 @@ TEST_F(CalculatorLocatorTest, FirstProgramOfTheListWinsOverDirectoryOrder) {
     makeProgram("b/galculator", true);
     EXPECT_EQ(findCalculator(path()), (root / "b" / "galculator").string());
     EXPECT_EQ(findCalculator(""), "");
+}
+
+// A help paragraph that calls commands grey names them in bold and says when; each is grey then.
+TEST(CommandState, CommandsTheHelpCallsGreyAreGrey) {
+    ShellState unchanged{GraphKind::Function2D};
+    unchanged.historyWired = true;
+    const std::pair<std::string, ShellState> conditions[] = {
+        {"grey while a surface is shown", ShellState{GraphKind::Surface3D}},
+        {"grey while nothing has changed", unchanged},
+        {"grey on the title page", ShellState{}},
+    };
+    const std::regex paragraph(R"(<(p|li)[ >]([\s\S]*?)</\1>)"), bold(R"(<b>([^<]*)</b>)");
+    int checked = 0;
+    for (const auto& file : std::filesystem::directory_iterator(CURVEMILL_HELP_DIR)) {
+        if (file.path().extension() != ".htm") {
+            continue;
+        }
+        std::ifstream in(file.path());
+        const std::string text{std::istreambuf_iterator<char>(in), {}};
+        for (std::sregex_iterator p(text.begin(), text.end(), paragraph), end; p != end; ++p) {
+            std::string body = std::regex_replace((*p)[2].str(), std::regex(R"(\s+)"), " ");
+            const bool names = body.find("<b>") != std::string::npos;
+            const auto condition = std::find_if(
+                std::begin(conditions), std::end(conditions),
+                [&](const auto& c) { return body.find(c.first) != std::string::npos; });
+            if (body.find("grey") == std::string::npos ||
+                (!names && condition == std::end(conditions))) {
+                continue;
+            }
+            SCOPED_TRACE(file.path().filename().string() + ": " + body);
+            ASSERT_NE(condition, std::end(conditions)) << "a grey paragraph says not when";
+            ASSERT_TRUE(names) << "a grey paragraph names its commands in bold";
+            for (std::sregex_iterator b(body.begin(), body.end(), bold); b != end; ++b) {
+                std::string name = (*b)[1].str();
+                name = name.substr(
+                    name.rfind("&gt; ") == std::string::npos ? 0 : name.rfind("&gt; ") + 5);
+                int rows = 0;
+                for (const CommandRow& row : commandTable()) {
+                    if (menuLabel(row) == name || row.tooltip == name) {
+                        ++rows;
+                        EXPECT_FALSE(commandAvailable(row.id, condition->second)) << name;
+                    }
+                }
+                EXPECT_GT(rows, 0) << name << " is no command";
+                checked += rows;
+            }
+        }
+    }
+    EXPECT_GE(checked, 10);
 }
 
 }  // namespace

@@ -100,10 +100,10 @@ void TwoVariableWindow::buildControls() {
         edit->setMaxLength(kEditLength);
         return edit;
     };
-    xBeginEdit_ = makeEdit(twovar_ids::kXBegin, QStringLiteral("-10"));
-    xEndEdit_ = makeEdit(twovar_ids::kXEnd, QStringLiteral("10"));
-    yBeginEdit_ = makeEdit(twovar_ids::kYBegin, QStringLiteral("-10"));
-    yEndEdit_ = makeEdit(twovar_ids::kYEnd, QStringLiteral("10"));
+    xBeginEdit_ = makeEdit(twovar_ids::kXBegin, QString());
+    xEndEdit_ = makeEdit(twovar_ids::kXEnd, QString());
+    yBeginEdit_ = makeEdit(twovar_ids::kYBegin, QString());
+    yEndEdit_ = makeEdit(twovar_ids::kYEnd, QString());
     formulaEdit_ = makeEdit(twovar_ids::kFormula, QString());
     formulaEdit_->setMinimumWidth(420);
     QFont mono(QStringLiteral("Courier New"));
@@ -134,6 +134,10 @@ void TwoVariableWindow::buildControls() {
     progress_ = new QProgressBar(this);
     progress_->setObjectName(idName(twovar_ids::kProgress));
     progress_->setRange(0, 100);
+    // The window keeps one size whether or not a computation runs.
+    QSizePolicy keepRoom = progress_->sizePolicy();
+    keepRoom.setRetainSizeWhenHidden(true);
+    progress_->setSizePolicy(keepRoom);
     usePrompts_ = new QCheckBox(QStringLiteral("Use &Prompts"), this);
     usePrompts_->setObjectName(idName(twovar_ids::kUsePrompts));
 
@@ -143,11 +147,11 @@ void TwoVariableWindow::buildControls() {
         button->setAutoDefault(false);
         return button;
     };
-    okButton_ = makeButton(twovar_ids::kOk, QStringLiteral("OK"));
+    okButton_ = makeButton(twovar_ids::kOk, QStringLiteral("&OK"));
     okButton_->setDefault(true);
-    stopButton_ = makeButton(twovar_ids::kStop, QStringLiteral("Stop"));
-    cancelButton_ = makeButton(twovar_ids::kCancel, QStringLiteral("Cancel"));
-    historyButton_ = makeButton(twovar_ids::kHistory, QStringLiteral("History"));
+    stopButton_ = makeButton(twovar_ids::kStop, QStringLiteral("&Stop"));
+    cancelButton_ = makeButton(twovar_ids::kCancel, QStringLiteral("&Cancel"));
+    historyButton_ = makeButton(twovar_ids::kHistory, QStringLiteral("H&istory"));
     auto* helpButton = makeButton(twovar_ids::kHelp, QStringLiteral("&Help"));
 
     auto* ranges = new QGridLayout;
@@ -177,10 +181,10 @@ void TwoVariableWindow::buildControls() {
         grid->addWidget(label, row, 2);
         return captionLabel;
     };
-    addSpinRow(0, QStringLiteral("Points along x (x 100)"), xPointsSpin_, xPointsLabel_);
-    addSpinRow(1, QStringLiteral("Points along y (x 100)"), yPointsSpin_, yPointsLabel_);
+    addSpinRow(0, QStringLiteral("Poin&ts along x (x 100)"), xPointsSpin_, xPointsLabel_);
+    addSpinRow(1, QStringLiteral("Points alon&g y (x 100)"), yPointsSpin_, yPointsLabel_);
     precisionCaption_ =
-        addSpinRow(2, QStringLiteral("Precision digits"), precisionSpin_, precisionLabel_);
+        addSpinRow(2, QStringLiteral("Precision &digits"), precisionSpin_, precisionLabel_);
     grid->setColumnStretch(3, 1);
 
     auto* buttons = new QHBoxLayout;
@@ -216,7 +220,7 @@ void TwoVariableWindow::prepare(TwoVariableMode mode) {
     setWindowTitle(surface ? QStringLiteral("ThreeD Function") : QStringLiteral("Equation"));
     // Help tells the modes apart by this name.
     setObjectName(surface ? QStringLiteral("ThreeD") : QStringLiteral("Equation"));
-    formulaLabel_->setText(surface ? QStringLiteral("Z =") : QStringLiteral("0="));
+    formulaLabel_->setText(surface ? QStringLiteral("&Z =") : QStringLiteral("&0="));
     for (QWidget* precision :
          {static_cast<QWidget*>(precisionSpin_), static_cast<QWidget*>(precisionLabel_),
           static_cast<QWidget*>(precisionCaption_)}) {
@@ -239,13 +243,11 @@ void TwoVariableWindow::prepare(TwoVariableMode mode) {
         yPointsLabel_->setText(pointsText(yPoints));
         precisionLabel_->setText(precisionText(settings_.precisionDigits));
     }
-    if (settings_.kind == kindLetter()) {
-        xBeginEdit_->setText(QString::fromStdString(settings_.xBegin));
-        xEndEdit_->setText(QString::fromStdString(settings_.xEnd));
-        yBeginEdit_->setText(QString::fromStdString(settings_.yBegin));
-        yEndEdit_->setText(QString::fromStdString(settings_.yEnd));
-        formulaEdit_->setText(QString::fromStdString(settings_.formula));
-    }
+    // The window serves both modes: an entry of the other kind must not be left in the boxes.
+    const bool ownKind = settings_.kind == kindLetter();
+    fillFromEntry(ownKind ? TypedEntry{settings_.formula, settings_.xBegin, settings_.xEnd,
+                                       settings_.yBegin, settings_.yEnd, kindLetter()}
+                          : TypedEntry{"", "-10", "10", "-10", "10", kindLetter()});
     historyAvailable_ = history_ != nullptr && history_->entryCount(entryKind(mode)) > 0;
     if (history_ != nullptr) {
         history_->setShownKind(entryKind(mode));
@@ -328,7 +330,7 @@ void TwoVariableWindow::setInputsEnabled(bool enabled) {
 void TwoVariableWindow::fail(const QString& message, QLineEdit* box) {
     box->setFocus();
     box->selectAll();
-    QMessageBox::critical(this, QString(), message);
+    QMessageBox::critical(this, QString::fromLatin1(kBoxCaption), message);
 }
 
 void TwoVariableWindow::refuse(const QString& message, QLineEdit* box) {
@@ -342,7 +344,8 @@ void TwoVariableWindow::accept() {
         return;
     }
     if (worker_.isBusy()) {
-        QMessageBox::information(this, QString(), QString::fromLatin1(kMsgBusy));
+        QMessageBox::information(this, QString::fromLatin1(kBoxCaption),
+                                 QString::fromLatin1(kMsgBusy));
         return;
     }
     const auto read = [this](QLineEdit* edit, const char* name) {
@@ -407,6 +410,7 @@ void TwoVariableWindow::accept() {
     }
     setInputsEnabled(false);
     work->discardPrevious();
+    Q_EMIT previousDiscarded();
     if (history_ != nullptr) {
         history_->recordEntry(entry);
     }

@@ -94,6 +94,8 @@ class TwoVariableWindow : public QDialog, public FailureScope {
     void computationShown(TwoVariableMode mode);
     // A failed or stopped run: the main window repaints what it had.
     void repaintRequested();
+    // OK discarded the previous picture: nothing is on screen until this run ends.
+    void previousDiscarded();
     // Cancel while idle; the shell goes back to the title page when no graph is on screen.
     void cancelled();
     void statusMessage(const QString& text);

@@ -21,6 +21,7 @@
 #include "history/ui/HistoryService.h"
 #include "history/ui/HistoryWindow.h"
 #include "history/ui/LoadingDialog.h"
+#include "tests/support/AccessKeys.h"
 #include "tests/support/RecordingReporter.h"
 #include "tests/support/TempDirectory.h"
 
@@ -281,6 +282,15 @@ class HistoryWindowsTest : public QObject {
         QVERIFY(std::filesystem::exists(dir_ / "Graph.dat"));
         QVERIFY(service.saveOnExit());  // nothing changed: no question
         QCOMPARE(seen_.size(), 2);
+    }
+    // Each menu of both list windows reaches its entries by a key of its own.
+    void menusHaveAccessKeys() {
+        for (auto style : {HistoryWindow::Style::TextList, HistoryWindow::Style::ReportList}) {
+            HistoryWindow window(style, store_, reporter_, dir_);
+            for (QMenu* menu : window.findChildren<QMenu*>()) {
+                QCOMPARE(curvemill::testing::accessKeyProblems(*menu), QStringList());
+            }
+        }
     }
 };
 

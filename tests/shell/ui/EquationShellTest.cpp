@@ -3,8 +3,12 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
+#include <QStackedWidget>
+#include <QToolBar>
 #include <QtTest>
 
 #include "engine/Formula.h"
@@ -17,6 +21,7 @@
 #include "shell/ui/EquationCommands.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/MainWindow.h"
+#include "shell/ui/RotationCommands.h"
 #include "tests/support/DialogControls.h"
 #include "tests/support/MainWindowFixture.h"
 #include "tests/support/RecordingReporter.h"
@@ -104,6 +109,70 @@ class EquationShellTest : public MainWindowFixture {
         QTRY_COMPARE_WITH_TIMEOUT(window->graphKind(), GraphKind::Equation, 20000);
         QCOMPARE(curve.count(), kMostSolutions);
         QCOMPARE(window->statusText(), QString::fromStdString(solutionLimitText()));
+    }
+
+    // Windows of one graph kind close when another kind (or none) takes the screen, the input
+    // window fills its boxes only from an entry of its own kind, a stopped run leaves nothing on
+    // screen whatever it replaced, and Cancel then goes back to the title page.
+
+    void windowsFollowTheGraphOnScreen() {
+        QVERIFY(enter(40086, u"x^2+y^2-1"_s) != nullptr);
+        QTRY_COMPARE(window->graphKind(), GraphKind::Equation);
+        action(40012)->trigger();
+        action(40200)->trigger();
+        EquationCommands& tools = window->equationCommands();
+        QVERIFY(tools.solutionsDialog()->isVisible() && tools.informationDialog()->isVisible());
+        action(40091)->trigger();
+        TwoVariableWindow* input = tools.window();
+        QCOMPARE(control<QLineEdit>(*input, twovar_ids::kFormula)->text(), QString());
+        QCOMPARE(control<QLineEdit>(*input, twovar_ids::kXBegin)->text(), u"-10"_s);
+        input->reject();
+        QVERIFY(enter(40091, u"x+y"_s) != nullptr);
+        QTRY_COMPARE(window->graphKind(), GraphKind::Surface3D);
+        QVERIFY(!tools.solutionsDialog()->isVisible() && !tools.informationDialog()->isVisible());
+        // In 3D the grid box and Restore are there, in the menu and on the toolbar alike.
+        for (int id : {40010, 40126}) {
+            QVERIFY(window->commands().toolBar()->widgetForAction(action(id))->isEnabled());
+        }
+        action(40114)->trigger();
+        QVERIFY(window->rotation().dialog()->isVisible());
+
+        settings.surfaceXPoints = settings.surfaceYPoints = 500;
+        input = enter(40091, u"sin(x*y)*ln(x^2+y^2+1)^3"_s);
+        control<QPushButton>(*input, twovar_ids::kStop)->click();
+        QTRY_VERIFY(control<QPushButton>(*input, twovar_ids::kCancel)->isEnabled());
+        QCOMPARE(window->graphKind(), GraphKind::TitlePage);
+        QVERIFY(!window->rotation().dialog()->isVisible());
+        for (int id : {40030, 40101, 40114, 40005, 40010}) {
+            QVERIFY2(!action(id)->isEnabled(), qPrintable(QString::number(id)));
+        }
+        QSignalSpy title(window.get(), &MainWindow::titlePageShown);
+        control<QPushButton>(*input, twovar_ids::kCancel)->click();
+        QCOMPARE(title.size(), 1);
+        QVERIFY(!action(40010)->isChecked());
+        QCOMPARE(window->statusText(), u"Ready"_s);
+    }
+
+    // Windows open within the free area of their screen and keep their size while a progress
+    // bar comes and goes.
+    void windowsFitTheScreenAndKeepTheirSize() {
+        auto* big = new QWidget(window.get(), Qt::Window);
+        big->resize(5000, 4000);
+        big->move(300, 300);
+        big->show();
+        QVERIFY(big->screen()->availableGeometry().contains(big->frameGeometry()));
+        QVERIFY(enter(40086, u"x^2+y^2-1"_s) != nullptr);
+        QTRY_COMPARE(window->graphKind(), GraphKind::Equation);
+        action(40200)->trigger();
+        for (QWidget* tool :
+             {static_cast<QWidget*>(window->equationCommands().window()),
+              static_cast<QWidget*>(window->equationCommands().informationDialog())}) {
+            auto* progress = tool->findChild<QProgressBar*>();
+            const QSize idle = tool->sizeHint();
+            progress->show();
+            QCOMPARE(tool->sizeHint(), idle);
+            progress->hide();
+        }
     }
 };
 

@@ -43,11 +43,13 @@
 #include "shell/ui/MainWindow.h"
 #include "shell/ui/MathCommands.h"
 #include "shell/ui/TitlePage.h"
+#include "tests/support/AccessKeys.h"
 #include "tests/support/DialogControls.h"
 #include "tests/support/FakeHistory.h"
 #include "tests/support/MainWindowFixture.h"
 #include "tests/support/ModalAnswer.h"
 #include "tests/support/RecordingReporter.h"
+#include "twovar/ui/TwoVariableWindow.h"
 #include "worker/ui/Worker.h"
 
 using namespace curvemill;
@@ -547,6 +549,36 @@ class MainWindowTest : public MainWindowFixture {
         dialog->close();
         QVERIFY(drawWith(false, "x"));
         QVERIFY(area->horizontalBar()->isVisible());
+    }
+
+    // Every dialog the main window opens reaches its controls by keys of their own, and a
+    // refused entry is captioned as every other box.
+    void dialogsHaveAccessKeysAndOneCaption() {
+        TwoDGraphDialog* dialog = window->twoDGraphDialog(false);
+        dialog->open();
+        QCOMPARE(accessKeyProblems(*dialog), QStringList());
+        control<QLineEdit>(*dialog, twod_ids::kXBegin)->setText(u"x"_s);
+        ModalAnswer refusal;
+        control<QPushButton>(*dialog, twod_ids::kOk)->click();
+        QTRY_VERIFY(refusal.seen);
+        QCOMPARE(refusal.caption, u"CURVEMILL"_s);
+        dialog->reject();
+        for (int command : {40086, 40091}) {
+            action(command)->trigger();
+            auto* input = window->findChild<TwoVariableWindow*>();
+            QCOMPARE(accessKeyProblems(*input), QStringList());
+            input->reject();
+        }
+    }
+
+    // Marks of undefined stretches belong to the function they were made on.
+    void aNewFunctionDropsTheMarks() {
+        QVERIFY(drawWith(false, u"ln(x)"_s));
+        view.indefiniteMarked = true;
+        window->refreshCommands();
+        QVERIFY(action(40033)->isEnabled());
+        QVERIFY(drawWith(false, u"x"_s));
+        QVERIFY(!action(40033)->isEnabled());
     }
 };
 

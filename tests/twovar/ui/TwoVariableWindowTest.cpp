@@ -67,7 +67,7 @@ class TwoVariableWindowTest : public QObject {
     void controlsFollowTheMode() {
         auto window = makeWindow(TwoVariableMode::kSurface);
         QCOMPARE(window->windowTitle(), u"ThreeD Function"_s);
-        QCOMPARE(control<QLabel>(*window, ids::kFormulaLabel)->text(), u"Z ="_s);
+        QCOMPARE(control<QLabel>(*window, ids::kFormulaLabel)->text(), u"&Z ="_s);
         QCOMPARE(control<QSpinBox>(*window, ids::kXPointsSpin)->maximum(), 5);
         QCOMPARE(control<QLabel>(*window, ids::kXPointsLabel)->text(), u"Number of Points: 100"_s);
         QVERIFY(control(*window, ids::kPrecisionSpin)->isHidden());
@@ -75,7 +75,7 @@ class TwoVariableWindowTest : public QObject {
 
         window->prepare(TwoVariableMode::kEquation);
         QCOMPARE(window->windowTitle(), u"Equation"_s);
-        QCOMPARE(control<QLabel>(*window, ids::kFormulaLabel)->text(), u"0="_s);
+        QCOMPARE(control<QLabel>(*window, ids::kFormulaLabel)->text(), u"&0="_s);
         QCOMPARE(control<QSpinBox>(*window, ids::kYPointsSpin)->maximum(), 20);
         QCOMPARE(control<QSpinBox>(*window, ids::kPrecisionSpin)->maximum(), 15);
         QCOMPARE(control<QLabel>(*window, ids::kYPointsLabel)->text(), u"Number of Points: 500"_s);
