@@ -142,7 +142,7 @@ int writeInPlace(const fs::path& file, std::string_view content, const WriteOpti
                  const struct stat& info) {
     const ReadResult old = readWholeFile(file);
     if (!old.bytes) {
-        return EACCES;
+        return old.errorCode;
     }
     const mode_t mode = info.st_mode & 07777;
     ::chmod(file.c_str(), mode | S_IWUSR);
@@ -229,7 +229,8 @@ std::optional<std::string> writeFileSafely(const fs::path& target, std::string_v
 ReadResult readWholeFile(const fs::path& path) {
     const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (fd < 0) {
-        return {std::nullopt, reason(errno)};
+        const int error = errno;
+        return {std::nullopt, reason(error), error};
     }
     std::string bytes;
     char buffer[65536];
@@ -241,7 +242,7 @@ ReadResult readWholeFile(const fs::path& path) {
         if (n < 0) {
             const int error = errno;
             ::close(fd);
-            return {std::nullopt, reason(error)};
+            return {std::nullopt, reason(error), error};
         }
         if (n == 0) {
             break;
@@ -249,7 +250,7 @@ ReadResult readWholeFile(const fs::path& path) {
         bytes.append(buffer, static_cast<std::size_t>(n));
     }
     ::close(fd);
-    return {std::move(bytes), {}};
+    return {std::move(bytes), {}, 0};
 }
 
 }  // namespace curvemill

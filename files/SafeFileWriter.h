@@ -41,6 +41,7 @@ std::optional<std::string> writeFileSafely(const std::filesystem::path& target,
 struct ReadResult {
     std::optional<std::string> bytes;
     std::string error;
+    int errorCode = 0;  // the errno behind `error`
 };
 ReadResult readWholeFile(const std::filesystem::path& path);
 
