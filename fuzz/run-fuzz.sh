@@ -42,6 +42,10 @@ if ((merge)); then
     mkdir -p "$merged"
     "$build/fuzz_$target" -merge=1 -use_counters=0 -max_len="$max_len" "$merged" "$corpus" "$work"
     find "$corpus" -maxdepth 1 -type f -regextype posix-extended -regex '.*/[0-9a-f]{40}' -delete
+    # libFuzzer names an input by its SHA-1: a named seed it chose to keep is not kept twice.
+    for seed in "$corpus"/*; do
+        rm -f "$merged/$(sha1sum <"$seed" | cut -c1-40)"
+    done
     cp -n "$merged"/* "$corpus"/
     echo "corpus $corpus now holds $(ls "$corpus" | wc -l) inputs"
     exit 0
