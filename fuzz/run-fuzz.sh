@@ -44,6 +44,7 @@ if ((merge)); then
     find "$corpus" -maxdepth 1 -type f -regextype posix-extended -regex '.*/[0-9a-f]{40}' -delete
     # libFuzzer names an input by its SHA-1: a named seed it chose to keep is not kept twice.
     for seed in "$corpus"/*; do
+        [[ -f "$seed" ]] || continue
         rm -f "$merged/$(sha1sum <"$seed" | cut -c1-40)"
     done
     cp -n "$merged"/* "$corpus"/
