@@ -9,7 +9,6 @@
 #include "cli/ImageOutput.h"
 #include "cli/ImageSetup.h"
 #include "cli/MathCommands.h"
-#include "cli/OutputFile.h"
 #include "cli/Printable.h"
 #include "cli/TwoVariableEntries.h"
 #include "engine/Formula.h"
@@ -53,7 +52,7 @@ CommandSyntax equationSyntax() {
          {"nx", "N", "grid steps along x, 1 to 20000 (default 500)"},
          {"ny", "N", "grid steps along y, 1 to 20000 (default 500)"},
          {"precision", "P", "the tolerance is 1e-P, P from 1 to 15 (default 5)"},
-         {"output", "FILE", "the image file to draw (also -o FILE)"},
+         {"output", "FILE", "the image file to draw (also -o FILE; - is stdout, as PNG)"},
          {"depth", "24|8", "bits per pixel of a .bmp file (default 24)"},
          imageSizeOption(),
          {"grid", "", "draw the grid lines"},

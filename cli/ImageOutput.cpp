@@ -1,10 +1,11 @@
 #include "cli/ImageOutput.h"
 
 #include <new>
+#include <ostream>
 
 #include "cli/Command.h"
-#include "cli/OutputFile.h"
 #include "cli/Printable.h"
+#include "files/SafeFileWriter.h"
 
 namespace curvemill::cli {
 
@@ -19,7 +20,7 @@ std::optional<ImageFormat> outputFormat(const std::string& path, std::string_vie
     if (const std::optional<ImageFormat> format = formatForPath(name)) {
         return format;
     }
-    err << "curvemill-cli " << command << ": cannot tell the format of " << quoted(path)
+    err << "curvemill-cli " << command << ": cannot tell the format of " << cli::quoted(path)
         << " from its extension; use .png, .bmp, .svg or .pdf\n";
     return std::nullopt;
 }
@@ -32,7 +33,7 @@ std::optional<int> outputDepth(const std::optional<std::string>& value, std::str
     if (*value == "8") {
         return 8;
     }
-    err << "curvemill-cli " << command << ": --depth must be 24 or 8, not " << quoted(*value)
+    err << "curvemill-cli " << command << ": --depth must be 24 or 8, not " << cli::quoted(*value)
         << "\n";
     return std::nullopt;
 }
@@ -54,16 +55,25 @@ int writeGraphImage(const std::string& path, ImageFormat format, const PageDrawi
             4 + (format == ImageFormat::Bmp ? options.bitsPerPixel / 8 : 0);
         const long long megabytes =
             (bytesPerPixel * pixels.width() * pixels.height() + (1 << 20) - 1) >> 20;
-        out << "CANNOT WRITE " << quoted(path) << ": not enough memory for a " << pixels.width()
-            << 'x' << pixels.height() << " picture (" << megabytes << " MB)\n";
+        out << "CANNOT WRITE " << cli::quoted(path) << ": not enough memory for a "
+            << pixels.width() << 'x' << pixels.height() << " picture (" << megabytes << " MB)
+";
         return kExitRefused;
     }
-    const std::optional<std::string> failure =
-        bytes ? writeOutputFile(path, std::string_view(bytes->constData(),
-                                                       static_cast<std::size_t>(bytes->size())))
-              : std::optional<std::string>("the picture could not be encoded");
+    std::optional<std::string> failure;
+    if (!bytes) {
+        failure = "the picture could not be encoded";
+    } else if (path == "-") {
+        out.write(bytes->constData(), static_cast<std::streamsize>(bytes->size()));
+        if (!out.flush()) {
+            return kExitRefused;  // nowhere left to say so but the exit status
+        }
+    } else {
+        failure = writeFileSafely(
+            path, std::string_view(bytes->constData(), static_cast<std::size_t>(bytes->size())));
+    }
     if (failure) {
-        out << "CANNOT WRITE " << quoted(path) << ": " << *failure << '\n';
+        out << "CANNOT WRITE " << cli::quoted(path) << ": " << *failure << '\n';
         return kExitRefused;
     }
     return kExitOk;

@@ -21,7 +21,9 @@ std::optional<int> outputDepth(const std::optional<std::string>& value, std::str
                                std::ostream& err);
 
 // Draws the picture of `pixels` in `format` and writes it to `path` whole or not at all (see
-// writeOutputFile). Returns kExitOk, or kExitRefused after "CANNOT WRITE 'path': why" on `out`.
+// writeFileSafely); the path "-" means `out` itself, as for most command-line tools (every format
+// is bytes, so each may go down a pipe). Returns kExitOk, or kExitRefused after
+// "CANNOT WRITE 'path': why" on `out`.
 // For every command that writes a graph: plot, and the equation and surface commands.
 int writeGraphImage(const std::string& path, ImageFormat format, const PageDrawing& draw,
                     QSize pixels, const ImageFileOptions& options, std::ostream& out);

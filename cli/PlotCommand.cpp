@@ -41,7 +41,8 @@ CommandSyntax plotSyntax() {
     syntax.options.push_back({"no-smooth", "", "draw the curves without antialiasing"});
     syntax.options.push_back(imageSizeOption());
     syntax.options.push_back({"depth", "24|8", "bits per pixel of a .bmp file (default 24)"});
-    syntax.options.push_back({"output", "FILE", "the image file to write (also -o FILE)"});
+    syntax.options.push_back(
+        {"output", "FILE", "the image file to write (also -o FILE; - is stdout, as PNG)"});
     addPlotViewOptions(syntax.options);
     return syntax;
 }

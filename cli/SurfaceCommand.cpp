@@ -7,7 +7,6 @@
 #include "cli/ImageOutput.h"
 #include "cli/ImageSetup.h"
 #include "cli/MathCommands.h"
-#include "cli/OutputFile.h"
 #include "cli/Printable.h"
 #include "cli/SurfaceLook.h"
 #include "cli/TwoVariableEntries.h"
@@ -49,7 +48,7 @@ CommandSyntax coreSurfaceSyntax() {
               "viewer location: horizontal 1 to 20 (default 5), vertical -20 to 20 (default 3)"},
              imageSizeOption(),
              {"depth", "24|8", "bits per pixel of a .bmp file (default 24)"},
-             {"output", "FILE", "the image file to write (also -o FILE)"},
+             {"output", "FILE", "the image file to write (also -o FILE; - is stdout, as PNG)"},
              {"summary", "",
               "print zMin, zMax, zLow, zHigh, zLimits, zLimitStep, steps and "
               "indefinite, one per line"},

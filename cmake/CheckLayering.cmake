@@ -1,13 +1,13 @@
 # Fails when a project include points up the layers: run with -DROOT=<source folder>.
 #   - below the shell, nothing includes shell/ (the shell only wires the subsystems together);
-#   - failure/ and worker/ stand below every subsystem, so they include only each other;
+#   - failure/, worker/ and files/ stand below every subsystem, so they include only each other;
 #   - a core folder includes no ui/ header (the core links no Qt and is tested without it); cli/
 #     is a front end beside the shell and paints, so it may.
 if(NOT ROOT)
     message(FATAL_ERROR "CheckLayering: ROOT not set")
 endif()
 
-set(subsystems failure worker engine graph2d mathtools twovar equation graph3d history output help cli)
+set(subsystems failure worker files engine graph2d mathtools twovar equation graph3d history output help cli)
 set(violations "")
 foreach(dir IN LISTS subsystems)
     file(GLOB_RECURSE sources RELATIVE ${ROOT} ${ROOT}/${dir}/*.h ${ROOT}/${dir}/*.cpp)
@@ -20,7 +20,7 @@ foreach(dir IN LISTS subsystems)
             set(why "")
             if(top STREQUAL "shell")
                 set(why "the shell sits above every subsystem")
-            elseif(dir MATCHES "^(failure|worker)$" AND top MATCHES "^(engine|graph2d|mathtools|twovar|equation|graph3d|history|output|help|cli)$")
+            elseif(dir MATCHES "^(failure|worker|files)$" AND top MATCHES "^(engine|graph2d|mathtools|twovar|equation|graph3d|history|output|help|cli)$")
                 set(why "${dir}/ sits below every subsystem")
             elseif(uiPosition EQUAL -1 AND NOT dir STREQUAL "cli" AND header MATCHES "/ui/")
                 set(why "a core folder includes no ui/ header")

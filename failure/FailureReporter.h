@@ -44,8 +44,9 @@ class RestartingFailureReporter final : public FailureReporter {
 
   private:
     FailurePlatform& platform_;
-    // A fault inside the report itself must not start a second report and a second copy.
-    bool reporting_ = false;
+    // Reports under way: a fault inside the report itself starts no second box, but is told on
+    // stderr once and still restarts the program.
+    int depth_ = 0;
 };
 
 }  // namespace curvemill

@@ -1,30 +1,67 @@
 #include "history/EntriesFile.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <array>
-#include <fstream>
-#include <iterator>
-#include <optional>
+#include <cerrno>
 #include <system_error>
 
 namespace curvemill {
 namespace {
 
-// The whole file, or nothing when it cannot be opened as a file.
-std::optional<std::string> readFile(const std::filesystem::path& path) {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error)) {
-        return std::nullopt;
+// Reads a file a buffer at a time, so that a load that stops early reads no further.
+class FileBytes {
+  public:
+    explicit FileBytes(int fd) : fd_(fd) {}
+    ~FileBytes() { ::close(fd_); }
+    FileBytes(const FileBytes&) = delete;
+    FileBytes& operator=(const FileBytes&) = delete;
+
+    int next() {
+        if (pos_ == size_) {
+            ssize_t n = 0;
+            do {
+                n = ::read(fd_, buffer_.data(), buffer_.size());
+            } while (n < 0 && errno == EINTR);
+            // A read error ends the file there: the load is cut short and so partial.
+            if (n <= 0) {
+                return -1;
+            }
+            pos_ = 0;
+            size_ = static_cast<std::size_t>(n);
+        }
+        return static_cast<unsigned char>(buffer_[pos_++]);
     }
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
-        return std::nullopt;
-    }
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+
+  private:
+    int fd_;
+    std::array<char, 65536> buffer_{};
+    std::size_t pos_ = 0;
+    std::size_t size_ = 0;
+};
+
+std::string reason(int error) {
+    return std::generic_category().message(error);
 }
 
 }  // namespace
 
-int loadEntries(HistoryStore& store, char mode, const std::filesystem::path& directory) {
+std::optional<std::string> unreadableReason(const std::filesystem::path& file) {
+    // Not blocking: a FIFO of that name would wait for a writer.
+    const int fd = ::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0) {
+        return errno == ENOENT ? std::nullopt : std::optional<std::string>(reason(errno));
+    }
+    struct stat info {};
+    const bool folder = ::fstat(fd, &info) == 0 && S_ISDIR(info.st_mode);
+    ::close(fd);
+    return folder ? std::optional<std::string>(reason(EISDIR)) : std::nullopt;
+}
+
+int loadEntries(HistoryStore& store, char mode, const std::filesystem::path& directory,
+                std::string* problem) {
     struct Candidate {
         const char* name;
         char kind;
@@ -33,14 +70,30 @@ int loadEntries(HistoryStore& store, char mode, const std::filesystem::path& dir
                                                    {kFirstFallbackName, kSourceTxt},
                                                    {kSecondFallbackName, kSourceDat0}}};
     for (const Candidate& candidate : candidates) {
-        if (std::optional<std::string> bytes = readFile(directory / candidate.name)) {
-            store.setSourceKind(candidate.kind);
-            RecordChecker checker;
-            if (!readEntries(store, *bytes, mode, checker)) {
-                store.setPartialLoad(true);
+        const std::filesystem::path path = directory / candidate.name;
+        if (const std::optional<std::string> why = unreadableReason(path)) {
+            if (candidate.kind == kSourceDat && problem != nullptr) {
+                *problem = *why;
             }
-            return 0;
+            continue;
         }
+        struct stat info {};
+        const int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+        if (fd < 0) {
+            continue;
+        }
+        if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
+            ::close(fd);
+            continue;
+        }
+        FileBytes bytes(fd);
+        store.setSourceKind(candidate.kind);
+        RecordChecker checker;
+        if (!readEntries(
+                store, [&bytes] { return bytes.next(); }, mode, checker)) {
+            store.setPartialLoad(true);
+        }
+        return 0;
     }
     store.setSourceKind(kSourceNone);
     return 1;
@@ -49,35 +102,50 @@ int loadEntries(HistoryStore& store, char mode, const std::filesystem::path& dir
 SaveResult saveEntries(HistoryStore& store, char reason, const std::function<bool()>& askToSave,
                        const std::filesystem::path& directory, const ChunkWriter& writer) {
     if (!store.changed() && !store.searchRing().changed()) {
-        return {SaveOutcome::NothingToSave, {}};
+        return {SaveOutcome::NothingToSave, {}, {}};
     }
     // Without a way to ask, keeping the user's entries is the safe answer.
     if (reason == kSaveAtExit && askToSave && !askToSave()) {
-        return {SaveOutcome::Declined, {}};
+        return {SaveOutcome::Declined, {}, {}};
     }
     const std::filesystem::path file = directory / kEntriesFileName;
+    const auto failed = [&](const std::string& why, const std::filesystem::path& path) {
+        // Appended piece by piece: "\"" + std::string trips a false -Wrestrict warning in GCC 12.
+        std::string detail(1, '"');
+        detail.append(path.filename().string()).append("\": ").append(why);
+        return SaveResult{SaveOutcome::Failed, kMsgFileInUse, detail};
+    };
+    // Entries we could not read would be gone for good with the file.
+    if (const std::optional<std::string> why = unreadableReason(file)) {
+        return failed(*why + "; it is kept as it is", file);
+    }
     // What the last load left out of the file would be gone with it: the file is kept as it was
     // before it is replaced, and the save does not go on when that fails. Files we wrote ourselves
     // always load whole, so a normal save makes no copy.
     if (store.partialLoad()) {
         std::error_code error;
         if (std::filesystem::exists(file, error)) {
-            const std::optional<std::string> old = readFile(file);
-            if (!old || !replaceFileAtomically(directory / kBackupName, *old)) {
-                return {SaveOutcome::Failed, kMsgFileInUse};
+            const ReadResult old = readWholeFile(file);
+            if (!old.bytes) {
+                return failed(old.error, file);
+            }
+            if (const std::optional<std::string> why =
+                    writeFileSafely(directory / kBackupName, *old.bytes, {true, {}})) {
+                return failed(*why, directory / kBackupName);
             }
         } else if (error) {
-            return {SaveOutcome::Failed, kMsgFileInUse};
+            return failed(error.message(), file);
         }
     }
     RecordChecker checker;
-    if (!replaceFileAtomically(file, formatEntries(store, checker), writer)) {
-        return {SaveOutcome::Failed, kMsgFileInUse};
+    if (const std::optional<std::string> why =
+            writeFileSafely(file, formatEntries(store, checker), {true, writer})) {
+        return failed(*why, file);
     }
     store.setPartialLoad(false);
     store.setChanged(false);
     store.searchRing().setChanged(false);
-    return {SaveOutcome::Saved, {}};
+    return {SaveOutcome::Saved, {}, {}};
 }
 
 }  // namespace curvemill

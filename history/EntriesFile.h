@@ -4,9 +4,10 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 
-#include "history/AtomicFileWriter.h"
+#include "files/SafeFileWriter.h"
 #include "history/EntriesFormat.h"
 #include "history/HistoryStore.h"
 
@@ -28,7 +29,14 @@ inline constexpr const char* kMsgFileInUse = "The file is being used by another 
 // Appends the records of the first file that opens to `store` and records which one in its
 // sourceKind. Returns 1 when none of the three files could be opened, else 0, also when loading
 // stopped early at a bad record (the records before it stay; the store's partialLoad is set).
-int loadEntries(HistoryStore& store, char mode, const std::filesystem::path& directory = ".");
+// A "Graph.dat" that exists but cannot be read is passed over like a missing one, and `problem`
+// (when given) receives why, for the user: such a file is never replaced (see saveEntries).
+int loadEntries(HistoryStore& store, char mode, const std::filesystem::path& directory = ".",
+                std::string* problem = nullptr);
+
+// Why the entries file at `file` exists and still cannot be read (a folder, no read permission, a
+// link that loops), in the system's words; nothing when it reads or does not exist at all.
+std::optional<std::string> unreadableReason(const std::filesystem::path& file);
 
 enum class SaveOutcome {
     NothingToSave,  // neither the entries nor the search strings changed
@@ -40,11 +48,14 @@ enum class SaveOutcome {
 struct SaveResult {
     SaveOutcome outcome = SaveOutcome::NothingToSave;
     std::string message;
+    // Why it failed, for the box's detailed text: the message names no cause.
+    std::string detail;
 };
 
 // Writes the store when something changed. With kSaveAtExit, askToSave is called first and the
 // file is written only when it returns true; kSaveOnCommand writes without asking. The new file
-// replaces the old one only once it is complete, and is left read-only. After a partial load the
+// replaces the old one only once it is complete, and is left read-only. A file that exists but
+// cannot be read is not replaced: what it holds was never loaded. After a partial load the
 // old "Graph.dat" is first copied to "Graph.dat.bak" (the save fails when that copy cannot be
 // made). A successful save clears the changed flags and partialLoad. `writer` lets tests break
 // the write half way.

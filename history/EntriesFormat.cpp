@@ -16,15 +16,16 @@ std::string upToNul(const std::string& text) {
 
 // Reads the words after "@ ": each blank ends one, a last word without its blank is dropped.
 // Returns false when a word was left out.
-bool readSearchStrings(SearchRing& ring, std::string_view text) {
+template <class Next>
+bool readSearchStrings(SearchRing& ring, Next& next) {
     ring.clear();
     std::string word;
-    for (char c : text) {
+    for (int c = next(); c != kEnd; c = next()) {
         if (c != ' ') {
             if (ring.count() >= SearchRing::kSize) {
                 return false;
             }
-            word.push_back(c);
+            word.push_back(static_cast<char>(c));
             continue;
         }
         // An empty word (two blanks in a row) is no search string and takes no slot: it must not
@@ -77,18 +78,11 @@ void appendRecord(std::string& out, const HistoryEntry& entry) {
     }
 }
 
-}  // namespace
-
-bool readEntries(HistoryStore& store, std::string_view bytes, char mode, RecordChecker& checker) {
-    std::size_t pos = 0;
-    auto next = [&]() -> int {
-        return pos < bytes.size() ? static_cast<unsigned char>(bytes[pos++]) : kEnd;
-    };
+template <class Next>
+bool parseEntries(HistoryStore& store, Next& next, char mode, RecordChecker& checker) {
     char section = kSectionY;
     std::array<std::string, 5> fields;
     std::size_t field = 0;
-    // Valid records that found the store full: writing the store would lose them.
-    bool dropped = false;
     // The first character is taken as it is: a file that starts with '&' (empty first section)
     // gets that '&' as part of its first X begin, which then fails. Files we write keep this.
     int c = next();
@@ -96,15 +90,15 @@ bool readEntries(HistoryStore& store, std::string_view bytes, char mode, RecordC
         if (c == '@') {
             if (mode == kLoadAtStartup) {
                 // The character after '@' is its blank and is skipped unseen.
-                const std::size_t wordsStart = pos < bytes.size() ? pos + 1 : pos;
-                return readSearchStrings(store.searchRing(), bytes.substr(wordsStart)) && !dropped;
+                next();
+                return readSearchStrings(store.searchRing(), next);
             }
-            return !dropped;
+            return true;
         }
         // The end of the file inside the records would only fill the field up to its limit, which
         // ends the load: a trailing partial record is dropped.
         if (c == kEnd) {
-            return !dropped && field == 0 && fields[0].empty();
+            return field == 0 && fields[0].empty();
         }
         if (c != ' ') {
             fields[field].push_back(static_cast<char>(c));
@@ -117,7 +111,7 @@ bool readEntries(HistoryStore& store, std::string_view bytes, char mode, RecordC
             if (!checker.accepts(entry)) {
                 return false;
             }
-            dropped = !store.addLoadedEntry(entry) || dropped;
+            store.addLoadedEntry(entry);
             for (std::string& f : fields) {
                 f.clear();
             }
@@ -128,7 +122,28 @@ bool readEntries(HistoryStore& store, std::string_view bytes, char mode, RecordC
             section = kSectionN;
             c = next();
         }
+        // Records the full store would drop anyway are not read, let alone checked: a huge file
+        // of valid records loads as fast as a full one. Their loss makes the load partial.
+        if (field == 0 && store.size() >= HistoryStore::kCapacity && c != '@' && c != kEnd &&
+            c != ' ') {
+            return false;
+        }
     }
+}
+
+}  // namespace
+
+bool readEntries(HistoryStore& store, std::string_view bytes, char mode, RecordChecker& checker) {
+    std::size_t pos = 0;
+    auto next = [&]() -> int {
+        return pos < bytes.size() ? static_cast<unsigned char>(bytes[pos++]) : kEnd;
+    };
+    return parseEntries(store, next, mode, checker);
+}
+
+bool readEntries(HistoryStore& store, const ByteSource& source, char mode, RecordChecker& checker) {
+    auto next = [&source]() -> int { return source(); };
+    return parseEntries(store, next, mode, checker);
 }
 
 std::string formatEntries(const HistoryStore& store, RecordChecker& checker) {

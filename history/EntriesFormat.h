@@ -1,6 +1,7 @@
 // The text of the entries file: reading it into a store, and writing a store as that text.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,11 @@ inline constexpr char kLoadEntriesOnly = 'n';
 // was left out (a bad or cut record, records beyond the capacity, search strings that did not
 // fit), so that writing the store would lose it.
 bool readEntries(HistoryStore& store, std::string_view bytes, char mode, RecordChecker& checker);
+// The same from a source of bytes read one at a time; it returns -1 at the end. Once the store is
+// full it is asked for no more than the next byte: a file far longer than the store holds is not
+// read to its end (the load is then partial).
+using ByteSource = std::function<int()>;
+bool readEntries(HistoryStore& store, const ByteSource& source, char mode, RecordChecker& checker);
 
 // Section 'y' records, '&', the other records, "@ ", the search strings oldest first. Records that
 // `checker` refuses are left out: one would end the next load there.

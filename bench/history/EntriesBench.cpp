@@ -42,6 +42,23 @@ void BM_LoadFullFile(benchmark::State& state) {
 }
 BENCHMARK(BM_LoadFullFile);
 
+// A file of valid records far beyond the capacity (about 4 MB): only the first 200 count.
+void BM_LoadLongFile(benchmark::State& state) {
+    std::string text;
+    for (int i = 0; text.size() < 4'000'000; ++i) {
+        text.append("-1 1 $ $ sin(x)/x*").append(std::to_string(i)).append("+e^(-x^2) ");
+    }
+    text += "@ ";
+    RecordChecker checker;
+    for (auto _ : state) {
+        HistoryStore store;
+        readEntries(store, text, kLoadAtStartup, checker);
+        benchmark::DoNotOptimize(store.size());
+    }
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * text.size()));
+}
+BENCHMARK(BM_LoadLongFile)->Unit(benchmark::kMillisecond);
+
 void BM_FormatFullStore(benchmark::State& state) {
     HistoryStore store;
     RecordChecker checker;

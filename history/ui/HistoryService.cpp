@@ -6,11 +6,11 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QGridLayout>
+#include <QLockFile>
 #include <QMessageBox>
 #include <QUrl>
 
 #include "failure/FailureGuard.h"
-#include "history/EntriesFile.h"
 #include "history/ui/HistoryWindow.h"
 #include "history/ui/LoadingDialog.h"
 
@@ -28,8 +28,8 @@ TypedEntry toTyped(const HistoryEntry& entry) {
 // The question after a start without entries file. No is the default: Enter must not send the
 // user to the browser. The box is widened so that its lines, each a sentence of its own, stay
 // whole instead of wrapping (a lone 'Yes' on a line of its own).
-int askMissingFile(QWidget* parent) {
-    const QString text = QString::fromLatin1(kMsgNoEntriesFile);
+int askMissingFile(QWidget* parent, const QString& why) {
+    const QString text = QString::fromLatin1(kMsgNoEntriesFile) + why;
     QMessageBox box(QMessageBox::Question, QStringLiteral("CURVEMILL"), text,
                     QMessageBox::Yes | QMessageBox::No, parent);
     box.setDefaultButton(QMessageBox::No);
@@ -75,22 +75,60 @@ HistoryService::HistoryService(HistoryStore& store, FailureReporter& reporter,
 
 HistoryService::~HistoryService() = default;
 
+// Two copies saving one file in turn would each write only their own entries over the other's.
+// Like an office program finding its document open elsewhere, the second copy works on and says
+// so once: it reads the history, records new entries for its own lists, and never saves them (no
+// menu item, no question at exit). The lock is a file beside the entries file, so a copy that
+// crashed leaves no lasting block: its lock is taken over once its process is gone.
+void HistoryService::lockEntriesFile() {
+    lock_ = std::make_unique<QLockFile>(
+        QString::fromStdString((directory_ / (std::string(kEntriesFileName) + ".lock")).string()));
+    // Held as long as this copy runs, however long: never given up for its age.
+    lock_->setStaleLockTime(0);
+    if (lock_->tryLock(0)) {
+        return;
+    }
+    // A folder that takes no lock file (read-only) is no sign of another copy.
+    if (lock_->error() == QLockFile::LockFailedError) {
+        savingOff_ = true;
+        QMessageBox::information(dialogParent_, QStringLiteral("CURVEMILL"),
+                                 QString::fromLatin1(kMsgSecondCopy));
+    }
+    lock_.reset();
+}
+
 void HistoryService::loadAtStartup() {
+    lockEntriesFile();
     int result = 0;
+    std::string problem;
     LoadingDialog loading(
-        [this] {
+        [this, &problem] {
             int loaded = 0;
             runGuarded(kProcLoadingDialog, reporter_,
-                       [&] { loaded = loadEntries(store_, kLoadAtStartup, directory_); });
+                       [&] { loaded = loadEntries(store_, kLoadAtStartup, directory_, &problem); });
             return loaded;
         },
         dialogParent_);
     result = loading.exec();
     refreshWindows();
+    // A file that is there but cannot be read is the user's, whatever it holds: it is not
+    // replaced, so this copy saves nothing (the writer refuses anyway), and says so now rather
+    // than failing at every save.
+    QString why;
+    if (!problem.empty()) {
+        savingOff_ = true;
+        why = QStringLiteral(
+                  "\n\n\"%1\" cannot be read: %2.\nIt is kept as it is, and the new "
+                  "entries of this session are not saved.")
+                  .arg(QString::fromLatin1(kEntriesFileName), QString::fromStdString(problem));
+    }
     if (result != 1) {
+        if (!why.isEmpty()) {
+            QMessageBox::warning(dialogParent_, QStringLiteral("CURVEMILL"), why.trimmed());
+        }
         return;
     }
-    if (askMissingFile(dialogParent_) != QMessageBox::Yes) {
+    if (askMissingFile(dialogParent_, why) != QMessageBox::Yes) {
         return;
     }
     if (openWebPage_) {
@@ -101,6 +139,9 @@ void HistoryService::loadAtStartup() {
 }
 
 bool HistoryService::saveOnExit() {
+    if (savingOff_) {
+        return true;
+    }
     const SaveResult result = saveEntries(
         store_, kSaveAtExit,
         [this] {
@@ -110,28 +151,32 @@ bool HistoryService::saveOnExit() {
         },
         directory_);
     if (result.outcome == SaveOutcome::Failed) {
-        showSaveFailure(result.message);
+        showSaveFailure(result);
     }
     // The main window closes whatever the answer; a failed save has said so already.
     return true;
 }
 
 void HistoryService::saveNow() {
+    if (savingOff_) {
+        return;
+    }
     const SaveResult result = saveEntries(store_, kSaveOnCommand, {}, directory_);
     if (result.outcome == SaveOutcome::Failed) {
-        showSaveFailure(result.message);
+        showSaveFailure(result);
     }
     notifyChanged();
 }
 
-void HistoryService::showSaveFailure(const std::string& message) {
-    QMessageBox box(QMessageBox::Critical, QStringLiteral("Error"), QString::fromStdString(message),
-                    QMessageBox::Ok, dialogParent_);
+void HistoryService::showSaveFailure(const SaveResult& result) {
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("Error"),
+                    QString::fromStdString(result.message), QMessageBox::Ok, dialogParent_);
+    box.setDetailedText(QString::fromStdString(result.detail));
     box.exec();
 }
 
 bool HistoryService::hasUnsavedEntries() const {
-    return store_.changed() || store_.searchRing().changed();
+    return !savingOff_ && (store_.changed() || store_.searchRing().changed());
 }
 
 void HistoryService::setChangedCallback(std::function<void()> callback) {

@@ -7,10 +7,12 @@
 #include <functional>
 #include <memory>
 
+#include "history/EntriesFile.h"
 #include "history/HistoryPort.h"
 #include "history/HistoryStore.h"
 #include "history/RecordChecker.h"
 
+class QLockFile;
 class QWidget;
 
 namespace curvemill {
@@ -24,6 +26,9 @@ inline constexpr const char* kMsgNoEntriesFile =
     "AND RESTART THE PROGRAM.\n OTHERWISE, CLICK 'NO' TO CONTINUE";
 inline constexpr const char* kMsgSaveQuestion = "Save Your New Entries To File?";
 inline constexpr const char* kProductWebPage = "https://www.curvemill.org/";
+inline constexpr const char* kMsgSecondCopy =
+    "Another copy of CurveMill is working with the history in this folder.\n"
+    "This copy does not save its new entries, so that neither copy overwrites the other's.";
 
 class HistoryService : public QObject, public HistoryPort {
     Q_OBJECT
@@ -59,7 +64,9 @@ class HistoryService : public QObject, public HistoryPort {
     void showFor(HistoryWindow& window, HistoryClient client);
     void refreshWindows();
     void notifyChanged();
-    void showSaveFailure(const std::string& message);
+    void showSaveFailure(const SaveResult& result);
+    // Start-up: keeps a second copy of the program in the same folder from saving.
+    void lockEntriesFile();
     HistoryWindow* activeWindow() const;
 
     HistoryStore& store_;
@@ -72,6 +79,10 @@ class HistoryService : public QObject, public HistoryPort {
     RecordChecker checker_;
     std::unique_ptr<HistoryWindow> textWindow_;
     std::unique_ptr<HistoryWindow> reportWindow_;
+    // Held while this copy may write the entries file; see lockEntriesFile.
+    std::unique_ptr<QLockFile> lock_;
+    // Set at start-up when saving would lose or interleave entries; the user was told why, once.
+    bool savingOff_ = false;
 };
 
 }  // namespace curvemill

@@ -1,14 +1,15 @@
 #include "output/ui/ImageFiles.h"
 
 #include <QBuffer>
+#include <QFile>
 #include <QFileInfo>
 #include <QImage>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QSvgGenerator>
 
+#include "files/SafeFileWriter.h"
 #include "output/BmpLayout.h"
 #include "output/BmpPixels.h"
 
@@ -160,17 +161,11 @@ std::optional<QByteArray> encodeGraphFile(ImageFormat format, const PageDrawing&
 }
 
 std::optional<QString> writeWholeFile(const QString& path, const QByteArray& bytes) {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        return file.errorString();
-    }
-    if (file.write(bytes) != bytes.size()) {
-        const QString why = file.errorString();
-        file.cancelWriting();
-        return why;
-    }
-    if (!file.commit()) {
-        return file.errorString();
+    const std::optional<std::string> failure = writeFileSafely(
+        QFile::encodeName(path).toStdString(),
+        std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+    if (failure) {
+        return QString::fromStdString(*failure);
     }
     return std::nullopt;
 }

@@ -249,4 +249,19 @@ TEST(CliPlotOutput, ASizeBeyondTheMemoryIsRefused) {
         << r.out;
 }
 
+// "-" is stdout, as for other tools; a file that refuses the bytes names its real reason.
+TEST(CliPlotOutput, DashIsStdoutAndRefusalsGiveTheirReason) {
+    std::filesystem::remove("-");
+    const CliRun piped = runCli(plotTo("-"));
+    EXPECT_EQ(piped.exitCode, 0);
+    EXPECT_EQ(piped.out.substr(0, 4), "\x89PNG");
+    EXPECT_FALSE(std::filesystem::exists("-"));
+    const CliRun proc = runCli(plotTo("/proc/self/status"));
+    EXPECT_EQ(proc.exitCode, 1);
+    EXPECT_EQ(proc.out.find("No such file"), std::string::npos) << proc.out;
+    EXPECT_NE(proc.out.find(geteuid() == 0 ? "Invalid argument" : "Permission denied"),
+              std::string::npos)
+        << proc.out;
+}
+
 }  // namespace

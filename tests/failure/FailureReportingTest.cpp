@@ -179,5 +179,36 @@ TEST(RestartingFailureReporter, HidesTellsRestartsFocusesAndExitsInThatOrder) {
     EXPECT_EQ(platform.steps, expected);
 }
 
+// A trap signalled while the report's box waits (as over an idle About box) reaches a guard inside
+// the box's loop and so the reporter again: told once on stderr in plain words, and the program
+// still restarts.
+TEST(RestartingFailureReporter, AFaultDuringTheReportIsToldOnStderrAndStillRestarts) {
+    installFaultTranslation();
+    struct FaultingBox : RecordingPlatform {
+        FailureReporter* reporter = nullptr;
+        void showErrorMessage(const std::string& text) override {
+            RecordingPlatform::showErrorMessage(text);
+            runGuarded(kProcAboutDialog, *reporter, [] {
+                feenableexcept(FE_INVALID);
+                volatile double zero = 0.0;
+                volatile double result = zero / zero;
+                (void)result;
+            });
+        }
+    } platform;
+    RestartingFailureReporter reporter(platform);
+    platform.reporter = &reporter;
+    ::testing::internal::CaptureStderr();
+    runGuarded(kProcMainWindow, reporter, [] { throw 1; });
+    const std::string said = ::testing::internal::GetCapturedStderr();
+    ASSERT_GE(platform.steps.size(), 4u);
+    EXPECT_EQ(platform.steps[2], "start:/opt/curvemill/curvemill");
+    EXPECT_EQ(platform.steps[3], "exit:0");
+    EXPECT_NE(said.find("second fault (code 0xC0000090 in About Dialog Procedure)"),
+              std::string::npos)
+        << said;
+    EXPECT_EQ(said.find('\n'), said.size() - 1);  // one line
+}
+
 }  // namespace
 }  // namespace curvemill

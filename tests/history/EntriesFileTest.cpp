@@ -378,5 +378,85 @@ TEST(EntriesFileTest, StarterHistoryLoadsCompletely) {
     EXPECT_EQ(formatEntries(store, checker), copy.read("Graph.dat"));
 }
 
+// Unreadable for its owner (mode 000 or 200): loaded as no file, it is never replaced, and both
+// the load and the save say why. Root reads anything, so it runs as "nobody" there.
+TEST(EntriesFileTest, AFileThatCannotBeReadIsNeverReplaced) {
+    const std::string old = "-1 1 $ $ x @ old ";
+    const passwd* nobody = ::getpwnam("nobody");
+    for (const mode_t mode : {0000, 0200}) {
+        SCOPED_TRACE(mode);
+        TempDirectory dir;
+        ::chmod(dir.path().c_str(), 0777);
+        const fs::path file = dir.path() / "Graph.dat";
+        dir.write("Graph.dat", old);
+        if (::geteuid() == 0 && nobody != nullptr) {
+            ASSERT_EQ(::chown(file.c_str(), nobody->pw_uid, nobody->pw_gid), 0);
+        }
+        ::chmod(file.c_str(), mode);
+        const std::function<int()> body = [&] {
+            HistoryStore store;
+            std::string problem;
+            const int found = loadEntries(store, kLoadAtStartup, dir.path(), &problem);
+            store.addNewEntry({"x^3", "-1", "1", "$", "$"});
+            const SaveResult saved = saveEntries(store, kSaveOnCommand, {}, dir.path());
+            return int(found == 1 && problem == "Permission denied" &&
+                       saved.outcome == SaveOutcome::Failed &&
+                       saved.detail.find("Permission denied") != std::string::npos);
+        };
+        const std::optional<int> status =
+            ::geteuid() == 0 ? runAsNobody(dir.path(), body) : std::optional<int>(body());
+        if (!status) {
+            GTEST_SKIP() << "as root, needs a user \"nobody\" who cannot read the file";
+        }
+        EXPECT_EQ(*status, 1);
+        ::chmod(file.c_str(), 0644);
+        EXPECT_EQ(dir.read("Graph.dat"), old);
+        EXPECT_FALSE(fs::exists(dir.path() / "Graph.dat.bak"));
+    }
+}
+
+// The message stays the same for every failed save; the detail says what really happened. Another
+// save's temporary file (a second copy writing at the same moment) is not touched.
+TEST(EntriesFileTest, AFailedSaveSaysWhyAndTemporaryNamesAreNotShared) {
+    struct {
+        const char* what;
+        bool folder;
+        ChunkWriter writer;
+        const char* detail;
+    } cases[] = {
+        {"a folder named Graph.dat", true, {}, "\"Graph.dat\": Is a directory"},
+        {"a full disk", false, halfWriter([] {}), "\"Graph.dat\": No space left on device"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        TempDirectory dir;
+        if (c.folder) {
+            fs::create_directory(dir.path() / "Graph.dat");
+        }
+        HistoryStore store = storeWithNewEntries();
+        const SaveResult result = saveEntries(store, kSaveOnCommand, {}, dir.path(), c.writer);
+        EXPECT_EQ(result.message, "The file is being used by another application");
+        EXPECT_EQ(result.detail.rfind(c.detail, 0), 0u) << result.detail;
+    }
+    TempDirectory dir;
+    dir.write("Graph.dat.tmp", "another save's half");
+    HistoryStore store = storeWithNewEntries();
+    EXPECT_EQ(saveEntries(store, kSaveOnCommand, {}, dir.path()).outcome, SaveOutcome::Saved);
+    EXPECT_EQ(dir.read("Graph.dat.tmp"), "another save's half");
+    const auto entries = fs::directory_iterator(dir.path());
+    EXPECT_EQ(std::distance(begin(entries), end(entries)), 2);  // no temporary left of ours
+}
+
+// The seed that starts the fuzzer on the over-capacity path must stay whole in its corpus.
+TEST(EntriesFileTest, FuzzCorpusKeepsItsOverCapacitySeed) {
+    std::ifstream in(fs::path(CURVEMILL_RESOURCES_DIR) / "../fuzz/corpus/history/capacity",
+                     std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    HistoryStore store;
+    RecordChecker checker;
+    EXPECT_FALSE(readEntries(store, text, kLoadAtStartup, checker));
+    EXPECT_EQ(store.size(), HistoryStore::kCapacity);
+}
+
 }  // namespace
 }  // namespace curvemill

@@ -141,8 +141,8 @@ TEST(EntriesFormatTest, RecordsBeyondCapacityAreReadAndDropped) {
     ASSERT_EQ(store.size(), HistoryStore::kCapacity);
     EXPECT_EQ(store.entries().back().xEnd, "200");
     EXPECT_EQ(store.twoDCount(), HistoryStore::kCapacity);
-    // Dropping is silent: loading goes on to the search strings.
-    EXPECT_EQ(slots(store.searchRing()), "kept");
+    // Reading stops at the full store, before the search strings; the partial load keeps them.
+    EXPECT_EQ(slots(store.searchRing()), "");
 }
 
 TEST(EntriesFormatTest, WriterPutsSectionsAndRingInFileOrder) {
@@ -224,6 +224,24 @@ TEST(EntriesFormatTest, WrittenTextReadsBackToTheSameList) {
     EXPECT_EQ(slots(loaded.searchRing()), join(original.searchRing().oldestFirst(), " "));
     const std::string loadedText = formatEntries(loaded, checker);
     EXPECT_EQ(loadedText.substr(0, loadedText.find('@')), text.substr(0, text.find('@')));
+}
+
+// Records a full store would drop are not even read: a huge file loads as fast as a full one,
+// and the load is partial, so the next save keeps the file first.
+TEST(EntriesFormatTest, AFullStoreReadsNoFurther) {
+    std::string text;
+    for (int i = 1; i <= 300; ++i) {
+        text.append("-1 1 $ $ x*").append(std::to_string(i)).append(" ");
+    }
+    text += "@ s ";
+    std::size_t read = 0;
+    HistoryStore store;
+    RecordChecker checker;
+    EXPECT_FALSE(readEntries(
+        store, [&] { return read < text.size() ? static_cast<unsigned char>(text[read++]) : -1; },
+        kLoadAtStartup, checker));
+    EXPECT_EQ(store.size(), HistoryStore::kCapacity);
+    EXPECT_LE(read, text.find("x*202 "));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
+#include <QLockFile>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -291,6 +292,44 @@ class HistoryWindowsTest : public QObject {
                 QCOMPARE(curvemill::testing::accessKeyProblems(*menu), QStringList());
             }
         }
+    }
+
+    // A second copy of the program in the same folder, and a Graph.dat that cannot be read (a
+    // folder here, so that root meets it too): each is told once at start, and then nothing is
+    // saved and nothing asked, so neither the other copy's entries nor the file are lost.
+    void savingOffIsToldOnceAtStart_data() {
+        QTest::addColumn<bool>("secondCopy");
+        QTest::newRow("second copy") << true;
+        QTest::newRow("folder named Graph.dat") << false;
+    }
+    void savingOffIsToldOnceAtStart() {
+        QFETCH(bool, secondCopy);
+        QLockFile otherCopy(QString::fromStdString((dir_ / "Graph.dat.lock").string()));
+        if (secondCopy) {
+            QVERIFY(otherCopy.tryLock(0));
+        } else {
+            std::filesystem::remove(dir_ / "Graph.dat");
+            std::filesystem::create_directory(dir_ / "Graph.dat");
+        }
+        const auto before = std::filesystem::last_write_time(dir_ / "Graph.dat");
+        HistoryStore fresh;
+        HistoryService service(fresh, reporter_, dir_, [] { QFAIL("web page opened"); });
+        answerModal(seen_, [secondCopy](QWidget* modal) {
+            pressBox(modal, secondCopy ? QMessageBox::Ok : QMessageBox::No);
+        });
+        service.loadAtStartup();
+        QCOMPARE(seen_.size(), 1);
+        QVERIFY2(secondCopy
+                     ? seen_[0] == QString::fromLatin1(kMsgSecondCopy)
+                     : seen_[0].startsWith(QString::fromLatin1(kMsgNoEntriesFile)) &&
+                           seen_[0].contains(u"\"Graph.dat\" cannot be read: Is a directory"),
+                 qPrintable(seen_[0]));
+        service.recordEntry({"x^3-3*x", "-3", "3"});
+        QVERIFY(!service.hasUnsavedEntries());
+        service.saveNow();
+        QVERIFY(service.saveOnExit());
+        QCOMPARE(seen_.size(), 1);
+        QCOMPARE(std::filesystem::last_write_time(dir_ / "Graph.dat"), before);
     }
 };
 
