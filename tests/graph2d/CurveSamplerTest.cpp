@@ -285,5 +285,65 @@ TEST(CurveSampler, DerivativeAndDrawingStep) {
     EXPECT_LE(vertices.size(), static_cast<std::size_t>(main.pointCount / 10 + 6));
 }
 
+// At any density every turning point is marked, a maximum or a minimum, and a curve flat to
+// rounding (many turns, none of them real) gets no mark.
+TEST(CurveSampler, DenseSamplesStillMarkEveryTurningPoint) {
+    const struct {
+        const char* text;
+        double a, b;
+        int points;
+        std::vector<double> maxima, minima;
+    } cases[] = {
+        {"sin(x)", -5, 5, 100000, {-3 * kPi / 2, kPi / 2}, {-kPi / 2, 3 * kPi / 2}},
+        {"sin(x)", -5, 5, 400000, {-3 * kPi / 2, kPi / 2}, {-kPi / 2, 3 * kPi / 2}},
+        {"x^3-3*x", -3, 3, 100000, {-1}, {1}},
+        {"sin(x)^2+cos(x)^2", -5, 5, 100000, {}, {}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.text << " at " << c.points);
+        Formula formula;
+        ASSERT_TRUE(prepareFormula(formula, c.text, 'f'));
+        TwoDGraph graph;
+        graph.xBegin = c.a;
+        graph.xEnd = c.b;
+        graph.pointsPerRun = c.points;
+        ASSERT_TRUE(sampleCurve(graph, formula, {}));
+        for (const auto& [kind, expected] :
+             {std::pair{kRefinedMaximum, c.maxima}, std::pair{kRefinedMinimum, c.minima}}) {
+            const auto marked =
+                indicesWhere(graph.main, [kind](const PlotPoint& p) { return p.peakKind == kind; });
+            ASSERT_EQ(marked.size(), 2 * expected.size()) << int{kind};
+            for (std::size_t k = 0; k < expected.size(); ++k) {
+                EXPECT_NEAR(double{graph.main.points[marked[2 * k]].x}, expected[k], 1e-6);
+            }
+        }
+    }
+}
+
+// The line reaches the edges of a gap: the defined records next to an indefinite one are vertices.
+TEST(CurveSampler, RecordsBesideAGapAreVertices) {
+    for (const char* text : {"Sqr(x)", "Sqr(-x)", "ln(x^2-1)"}) {
+        SCOPED_TRACE(text);
+        Formula formula;
+        ASSERT_TRUE(prepareFormula(formula, text, 'f'));
+        TwoDGraph graph;
+        graph.xBegin = -5;
+        graph.xEnd = 5;
+        graph.pointsPerRun = 100000;
+        ASSERT_TRUE(sampleCurve(graph, formula, {}));
+        const Curve& c = graph.main;
+        int edges = 0;
+        for (int i = 1; i < c.pointCount; ++i) {
+            const PlotPoint& a = c.points[i - 1];
+            const PlotPoint& b = c.points[i];
+            if (a.isIndefinite != b.isIndefinite) {
+                ++edges;
+                EXPECT_TRUE((a.isIndefinite ? b : a).isVertex) << double{b.x};
+            }
+        }
+        EXPECT_GT(edges, 0);
+    }
+}
+
 }  // namespace
 }  // namespace curvemill
