@@ -67,8 +67,8 @@ TEST_F(GraphPainterTest, CurveAppearsInItsColourOnWhite) {
     EXPECT_GT(countColour(image, graph_colors::kTitle, QRect(65, 0, 300, 39)), 10);
 }
 
-// The area's value goes beside a short formula and under a long one; either way it stays in the
-// top margin, clear of the plotting area and of the picture's right edge, at any pixel ratio.
+// The area's value stays in the top margin, clear of the plotting area and of the picture's right
+// edge, at any pixel ratio.
 TEST_F(GraphPainterTest, AreaValueStaysInTheTopMargin) {
     // The title's dark blue, smoothed into the white at its glyphs' edges, stays bluish.
     const auto titleInk = [](const QImage& image, QRect area) {
