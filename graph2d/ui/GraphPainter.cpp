@@ -328,12 +328,16 @@ void GraphPainter::drawInTargetPixels(QPainter& painter, const TwoDGraph& graph,
 
     painter.fillRect(QRectF(0, 0, view.width, view.height), Qt::white);
     const QRectF plot = plottingRect(view);
+    // Whole-pixel rectangles come out the same either way; a print preview that shrinks the
+    // page's lines below one of its pixels shows them faint instead of dropping them.
+    painter.setRenderHint(QPainter::Antialiasing, true);
     drawFrame(painter, view);
 
     const GridLayout grid = layoutGrid(view, graph.dependentName);
     if (view.gridOn) {
         drawGridLines(painter, view, grid);
     }
+    painter.setRenderHint(QPainter::Antialiasing, false);
     const int w = lineWidth(view);
     painter.setClipRect(plot.adjusted(0, 0, w, w));
     if (extras.afterGrid) {
