@@ -320,30 +320,5 @@ TEST(CurveSampler, DenseSamplesStillMarkEveryTurningPoint) {
     }
 }
 
-// The line reaches the edges of a gap: the defined records next to an indefinite one are vertices.
-TEST(CurveSampler, RecordsBesideAGapAreVertices) {
-    for (const char* text : {"Sqr(x)", "Sqr(-x)", "ln(x^2-1)"}) {
-        SCOPED_TRACE(text);
-        Formula formula;
-        ASSERT_TRUE(prepareFormula(formula, text, 'f'));
-        TwoDGraph graph;
-        graph.xBegin = -5;
-        graph.xEnd = 5;
-        graph.pointsPerRun = 100000;
-        ASSERT_TRUE(sampleCurve(graph, formula, {}));
-        const Curve& c = graph.main;
-        int edges = 0;
-        for (int i = 1; i < c.pointCount; ++i) {
-            const PlotPoint& a = c.points[i - 1];
-            const PlotPoint& b = c.points[i];
-            if (a.isIndefinite != b.isIndefinite) {
-                ++edges;
-                EXPECT_TRUE((a.isIndefinite ? b : a).isVertex) << double{b.x};
-            }
-        }
-        EXPECT_GT(edges, 0);
-    }
-}
-
 }  // namespace
 }  // namespace curvemill

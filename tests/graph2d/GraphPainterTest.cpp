@@ -192,5 +192,13 @@ TEST_F(GraphPainterTest, LabelFontsScaleWithThePictureAndHaveCourierWidths) {
         << info.family().toStdString();
 }
 
+// A curve that leaves its edge straight up the y axis (Sqr(x) at 0) is drawn over the axis line.
+TEST_F(GraphPainterTest, CurveAlongAnAxisStaysInSight) {
+    TwoDGraph graph;
+    setCurve(graph.main, {point(0, 0), point(1e-9, 2)});
+    const QImage image = render(graph);
+    EXPECT_GT(countColour(image, graph_colors::kMainFunction, QRect(65, 115, 1, 70)), 60);
+}
+
 }  // namespace
 }  // namespace curvemill
