@@ -54,6 +54,28 @@ std::string formatEquationSolution(double v) {
     return general(v, 10);
 }
 
+std::string boxText(double v) {
+    return trimZeros(formatValue(v));
+}
+
+std::string boxTextWithin(double v, double lo, double hi) {
+    const auto readBack = [](const std::string& text) {
+        double value = 0.0;
+        std::from_chars(text.data(), text.data() + text.size(), value);
+        return value;
+    };
+    constexpr double kLastDecimal = 1e-15;
+    const std::string text = boxText(v);
+    const double back = readBack(text);
+    if (back < lo) {
+        return boxText(v + kLastDecimal);
+    }
+    if (back > hi) {
+        return boxText(v - kLastDecimal);
+    }
+    return text;
+}
+
 std::string formatLogBase(double v) {
     return fixed(v, 6);
 }

@@ -16,6 +16,13 @@ std::string formatSolutionInPi(double v);      // "pi*%g" of v / pi
 std::string formatEquationSolution(double v);  // "%.10g"
 std::string formatLogBase(double v);           // "%f"
 
+// A number preset in a box: formatValue with trailing zeros cut.
+std::string boxText(double v);
+// boxText of a value that must read back within [lo, hi] (the end of a stretch where the function
+// has values): when rounding to fifteen decimals puts it outside, as the edge 5.5e-46 of ln(x)
+// would become 0, the last decimal moves one step inwards.
+std::string boxTextWithin(double v, double lo, double hi);
+
 // Axis label text in plain or pi units, at most 10 characters with its prefix.
 std::string labelText(double v, bool piUnits);
 

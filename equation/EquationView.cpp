@@ -22,7 +22,7 @@ void resetEquationView(GraphView& view, const EquationCurve& curve, int maxYRati
     view.scrollX = 0.0;
     view.scrollY = 0.0;
     view.areaPainted = false;
-    setViewRanges(view, curve.grid.xBegin, curve.grid.xEnd, range.begin, range.end);
+    setViewRanges(view, curve.grid.xBegin, curve.grid.xEnd, range.begin, range.end, true);
     resetGridSteps(view);
 }
 

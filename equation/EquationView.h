@@ -16,7 +16,8 @@ namespace curvemill {
 // empty graph still has axes and the title.
 YRange equationYRange(const EquationCurve& curve, int maxYRatio);
 
-// Full reset for a new equation: the grid's X range, equationYRange, zoom 1, no scroll.
+// Full reset for a new equation: the grid's X range and equationYRange as a box shown whole (every
+// solution on screen, at zoom 1 and after Restore alike), zoom 1, no scroll.
 void resetEquationView(GraphView& view, const EquationCurve& curve, int maxYRatio);
 
 // The solutions as whole pixels of `view` (truncated toward zero), in the order of `points`;

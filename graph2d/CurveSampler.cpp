@@ -1,6 +1,7 @@
 #include "graph2d/CurveSampler.h"
 
 #include <cmath>
+#include <cstdint>
 #include <type_traits>
 
 #include "engine/Formula.h"
@@ -46,6 +47,7 @@ class SamplingRun {
     void storeEdgeBefore(double x, double y);
     void refineTurn(double x, double dx, bool risingNow);
     void storeRegular(double x, double y, long pass);
+    PeakKind peakKindOf(double y);
 
     Formula& formula_;
     const SamplingControl& control_;
@@ -59,6 +61,8 @@ class SamplingRun {
     PointStore store_;
     ProgressTracker progress_;
     YExtent extent_;
+    // Index of the first record of the last refined pair: peakKindOf looks back no further.
+    int lastPair_ = 0;
 };
 
 bool SamplingRun::run() {
@@ -118,6 +122,9 @@ void SamplingRun::sampleIndefinite(double x) {
         if (edge.x != lastDefined.x) {
             store_.push(edge.x, edge.y, false);
         }
+        // The curve is drawn through vertices only: the last defined record before the gap is
+        // one, so that the line reaches the edge.
+        store_.back().isVertex = 1;
     }
     store_.push(x, 0.0, true);
 }
@@ -145,10 +152,8 @@ void SamplingRun::refineTurn(double x, double dx, bool risingNow) {
     extent_.take(v1);
     extent_.take(v2);
 
-    const PlotPoint* before = store_.fromEnd(2);
-    const bool beforeDefined = before && !before->isIndefinite;
     const bool threeBackIndefinite = store_.fromEnd(3) && store_.fromEnd(3)->isIndefinite;
-    const double beforeY = beforeDefined ? before->y : 0.0;
+    const PeakKind peak = v1.indefinite ? kOrdinaryPoint : peakKindOf(v1.value);
 
     PlotPoint& first = store_.back();
     first = PlotPoint{};
@@ -161,12 +166,6 @@ void SamplingRun::refineTurn(double x, double dx, bool risingNow) {
         // point; only a pair that has run off upwards is taken for a pole.
         const bool bothHuge = v1.value > kHuge && v2.value > kHuge;
         if (std::fabs(v2.value - v1.value) <= kJump && !bothHuge) {
-            std::uint8_t peak = kOrdinaryPoint;
-            if (beforeDefined && v1.value > beforeY + kPeakMargin) {
-                peak = kRefinedMaximum;
-            } else if (beforeDefined && v1.value < beforeY - kPeakMargin) {
-                peak = kRefinedMinimum;
-            }
             first.peakKind = peak;
             second->peakKind = peak;
         } else if (!threeBackIndefinite) {
@@ -175,18 +174,46 @@ void SamplingRun::refineTurn(double x, double dx, bool risingNow) {
             first.isVertex = 1;
         }
     }
+    lastPair_ = store_.count() - 2;
     const double x3 = x2 + (x1 - a);
     const FunctionValue v3 = f_(x3);
     store_.push(x3, v3.value, v3.indefinite);
     extent_.take(v3);
 }
 
+// Whether a refined turning point at height y is a maximum or a minimum, from the records before
+// it (the last one stored is the turning point's own, about to be overwritten). The record just
+// before may lie within 1e-8 of the turning point when the samples are dense (sin at 100,000
+// points: 2e-4 apart, 2e-8 below its top), so the nearest earlier record that differs by more
+// than 1e-8 decides. The search stops at an indefinite record and at the previous refined pair
+// (whose own records still count): a smooth curve is monotonic between two turning points, so
+// the answer lies there if anywhere, a stretch that is flat to 1e-8 since the last turn stays
+// unmarked, and the look-back costs no more than the records between turns.
+PeakKind SamplingRun::peakKindOf(double y) {
+    for (int i = store_.count() - 2; i >= 0 && i >= lastPair_; --i) {
+        const PlotPoint& p = store_[i];
+        if (p.isIndefinite) {
+            break;
+        }
+        if (y > p.y + kPeakMargin) {
+            return kRefinedMaximum;
+        }
+        if (y < p.y - kPeakMargin) {
+            return kRefinedMinimum;
+        }
+    }
+    return kOrdinaryPoint;
+}
+
 void SamplingRun::storeRegular(double x, double y, long pass) {
     if (!store_.empty() && x < store_.back().x && !store_.back().isIndefinite) {
         return;
     }
+    // The first record after a gap stays a vertex (the edge search may have found nothing closer
+    // to the gap than this sample), so that the line starts at the edge.
+    const bool afterGap = !store_.empty() && store_.back().isIndefinite;
     PlotPoint* p = store_.push(x, y, false);
-    if (p && pass % drawStep_ != 0) {
+    if (p && pass % drawStep_ != 0 && !afterGap) {
         p->isVertex = 0;
     }
 }

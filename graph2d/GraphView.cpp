@@ -13,12 +13,35 @@ namespace {
 // Keeps the pixel arithmetic finite whatever range was asked for.
 constexpr double kMaxGraphHeight = 1e15;
 
+// The scale at which the whole box fits with its padding, and the X range that fills the width
+// at that scale around the box's centre.
+void fitWholeBox(GraphView& view, double visibleW, double visibleH) {
+    const double pad = kWholeBoxPadding * view.pixelRatio;
+    const double xRange = view.wholeXEnd - view.wholeXBegin;
+    const double yRange = view.yEnd - view.yBegin;
+    double ppu = std::max(1.0, visibleW - 2.0 * pad) / xRange;
+    if (yRange > 0.0) {
+        ppu = std::min(ppu, std::max(1.0, visibleH - 2.0 * pad) / yRange);
+    }
+    if (!std::isfinite(ppu) || ppu <= 0.0) {
+        view.xBegin = view.wholeXBegin;
+        view.xEnd = view.wholeXEnd;
+        return;
+    }
+    const double centre = (view.wholeXBegin + view.wholeXEnd) / 2;
+    view.xBegin = centre - visibleW / (2 * ppu);
+    view.xEnd = centre + visibleW / (2 * ppu);
+}
+
 // Recomputes everything that follows from the surface size and the ranges.
 void relayout(GraphView& view) {
     view.left = view.marginX;
     view.top = view.marginY;
     const double visibleW = std::max(1.0, view.visibleWidth());
     const double visibleH = std::max(1.0, view.visibleHeight());
+    if (view.showWhole) {
+        fitWholeBox(view, visibleW, visibleH);
+    }
     const double xRange = view.xEnd - view.xBegin;
     view.ppu = visibleW / xRange;
     if (!std::isfinite(view.ppu) || view.ppu <= 0.0) {
@@ -55,9 +78,13 @@ void setViewSize(GraphView& view, double width, double height) {
     clampScroll(view);
 }
 
-void setViewRanges(GraphView& view, double xBegin, double xEnd, double yBegin, double yEnd) {
+void setViewRanges(GraphView& view, double xBegin, double xEnd, double yBegin, double yEnd,
+                   bool showWhole) {
     view.xBegin = xBegin;
     view.xEnd = xEnd;
+    view.showWhole = showWhole;
+    view.wholeXBegin = xBegin;
+    view.wholeXEnd = xEnd;
     view.yBegin = yBegin;
     view.yEnd = yEnd;
     relayout(view);

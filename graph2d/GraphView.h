@@ -54,6 +54,12 @@ struct GraphView {
     double xEnd = 10.0;
     double yBegin = -1.0;
     double yEnd = 1.0;
+    // Set for an equation: its X range (wholeXBegin..wholeXEnd) and Y range form a box that shows
+    // whole at zoom 1, at true proportions and kWholeBoxPadding layout pixels inside the plotting
+    // area; xBegin..xEnd is then that box's X range widened to the plotting width.
+    bool showWhole = false;
+    double wholeXBegin = -10.0;
+    double wholeXEnd = 10.0;
 
     bool areaPainted = false;
     // The stretches where the main function has no value are marked over the curves; the marks
@@ -115,8 +121,14 @@ struct GraphView {
 // Sets the surface size and recomputes the scale and the graph's height, keeping zoom and scroll.
 void setViewSize(GraphView& view, double width, double height);
 
-// Takes the graph's X range and `yBegin`..`yEnd` as the view's ranges and lays them out again.
-void setViewRanges(GraphView& view, double xBegin, double xEnd, double yBegin, double yEnd);
+// Room left around a whole box, in layout pixels: the marked point's 7-pixel ring and its pen fit
+// inside the frame.
+inline constexpr double kWholeBoxPadding = 9.0;
+
+// Takes the graph's X range and `yBegin`..`yEnd` as the view's ranges and lays them out again;
+// `showWhole` makes them a box shown whole (see GraphView::showWhole).
+void setViewRanges(GraphView& view, double xBegin, double xEnd, double yBegin, double yEnd,
+                   bool showWhole = false);
 
 // Full reset after a new graph or "Restore": the Y range from viewYRange, zoom 1, no scroll, grid
 // steps chosen again.

@@ -1,5 +1,10 @@
 #include "graph2d/ViewResize.h"
 
+#include <algorithm>
+#include <cmath>
+
+#include "graph2d/GridSteps.h"
+
 namespace curvemill {
 
 void resizeKeepingCentre(GraphView& view, double width, double height) {
@@ -15,6 +20,15 @@ void resizeKeepingCentre(GraphView& view, double width, double height) {
     view.scrollY = (view.graphHeight - (centreY - view.yBase) * view.ppu) * view.yZoom -
                    view.visibleHeight() / 2;
     clampScroll(view);
+}
+
+GraphView pageView(const GraphView& view, double width, double height, double ratio) {
+    GraphView page = view;
+    const double r = ratio > 0.0 && std::isfinite(ratio) ? ratio : 1.0;
+    resizeKeepingCentre(page, std::max(1.0, std::round(width / r)),
+                        std::max(1.0, std::round(height / r)));
+    resetGridSteps(page);
+    return scaledView(page, r);
 }
 
 }  // namespace curvemill

@@ -11,4 +11,9 @@ namespace curvemill {
 // plotting area yet) is simply laid out.
 void resizeKeepingCentre(GraphView& view, double width, double height);
 
+// The view laid out again for a page of `width` x `height` target pixels with `ratio` target
+// pixels per layout pixel: the page gets its own proportions and grid steps, the centre of what
+// the view shows stays in its middle, and text keeps its layout size.
+GraphView pageView(const GraphView& view, double width, double height, double ratio);
+
 }  // namespace curvemill

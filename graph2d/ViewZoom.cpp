@@ -132,6 +132,8 @@ void restoreZoom(GraphView& view) {
     view.scrollY = 0.0;
     view.contentWidth = view.contentWidthAtZoom1;
     view.contentHeight = view.contentHeightAtZoom1;
+    // A new graph opens the same way, so Restore leads back to the first view.
+    scrollToXAxis(view);
     afterChange(view);
 }
 

@@ -22,7 +22,8 @@ bool canZoomOut(const GraphView& view, ZoomAxis axis);
 bool zoomIn(GraphView& view, ZoomAxis axis);
 bool zoomOut(GraphView& view, ZoomAxis axis);
 
-// Back to zoom 1 with no scrolling (the caller also clears its StretchStack).
+// Back to the view a new graph opens with: zoom 1, scrolled as scrollToXAxis does (the caller also
+// clears its StretchStack).
 void restoreZoom(GraphView& view);
 
 // How a new graph opens: when it is taller than the plotting area, scrolled so the x axis is in

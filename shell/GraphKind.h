@@ -10,4 +10,10 @@ enum class GraphKind {
     Surface3D,
 };
 
+// A flat graph the zoom commands, the scroll bars and the mouse act on: a sampled function or an
+// equation (an equation with no solution still has its axes and title).
+inline bool flatGraphShown(GraphKind kind, bool functionSampled) {
+    return kind == GraphKind::Equation || (kind == GraphKind::Function2D && functionSampled);
+}
+
 }  // namespace curvemill

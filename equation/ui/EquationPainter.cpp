@@ -81,6 +81,10 @@ void EquationPainter::draw(GraphPainter& graphPainter, QPainter& painter,
             if (std::isfinite(px) && std::isfinite(py) && std::fabs(px) < 1e6 &&
                 std::fabs(py) < 1e6) {
                 const double r = 7.0 * pixels.pixelRatio;
+                // The whole box leaves room for the ring; its ticks stop at the frame.
+                target.save();
+                target.setClipRect(
+                    QRectF(pixels.left, pixels.top, pixels.visibleWidth(), pixels.visibleHeight()));
                 target.setRenderHint(QPainter::Antialiasing, pixels.smoothLines);
                 target.setPen(QPen(kMarkColor, std::max(1.0, 2.0 * pixels.pixelRatio)));
                 target.drawEllipse(QPointF(px, py), r, r);
@@ -88,7 +92,7 @@ void EquationPainter::draw(GraphPainter& graphPainter, QPainter& painter,
                 target.drawLine(QPointF(px + r, py), QPointF(px + 2 * r, py));
                 target.drawLine(QPointF(px, py - 2 * r), QPointF(px, py - r));
                 target.drawLine(QPointF(px, py + r), QPointF(px, py + 2 * r));
-                target.setRenderHint(QPainter::Antialiasing, false);
+                target.restore();
             }
         }
     };

@@ -189,7 +189,9 @@ void drawArrow(QPainter& painter, QPointF tip, QPointF direction, double scale) 
 }
 
 // The axes through the origin, with arrows at their positive ends and a mark at every grid line.
-void drawAxes(QPainter& painter, const GraphView& view, const GridLayout& grid) {
+// The lines go under the curves, the marks and arrows over them: a curve that runs along an axis
+// (Sqr(x) leaving its edge at the origin straight up the y axis) stays in sight to its end.
+void drawAxes(QPainter& painter, const GraphView& view, const GridLayout& grid, bool lines) {
     const int w = lineWidth(view);
     const int mark = static_cast<int>(std::lround(kMarkHalf * view.pixelRatio));
     // The middle of a line w pixels wide that starts at a whole pixel.
@@ -205,19 +207,27 @@ void drawAxes(QPainter& painter, const GraphView& view, const GridLayout& grid) 
     const double axisColumn = std::trunc(view.toPixelX(0.0));
     if (axisRow >= top && axisRow <= bottom) {
         const int row = static_cast<int>(axisRow);
-        fillRow(painter, row, left, right, w, graph_colors::kAxis);
-        for (int column : grid.columns) {
-            fillColumn(painter, column, row - mark, row + mark + w - 1, w, graph_colors::kAxis);
+        if (lines) {
+            fillRow(painter, row, left, right, w, graph_colors::kAxis);
+        } else {
+            for (int column : grid.columns) {
+                fillColumn(painter, column, row - mark, row + mark + w - 1, w, graph_colors::kAxis);
+            }
+            drawArrow(painter, QPointF(right + middle, row + middle), QPointF(1, 0),
+                      view.pixelRatio);
         }
-        drawArrow(painter, QPointF(right + middle, row + middle), QPointF(1, 0), view.pixelRatio);
     }
     if (axisColumn >= left && axisColumn <= right) {
         const int column = static_cast<int>(axisColumn);
-        fillColumn(painter, column, top, bottom, w, graph_colors::kAxis);
-        for (int row : grid.rows) {
-            fillRow(painter, row, column - mark, column + mark + w - 1, w, graph_colors::kAxis);
+        if (lines) {
+            fillColumn(painter, column, top, bottom, w, graph_colors::kAxis);
+        } else {
+            for (int row : grid.rows) {
+                fillRow(painter, row, column - mark, column + mark + w - 1, w, graph_colors::kAxis);
+            }
+            drawArrow(painter, QPointF(column + middle, top + middle), QPointF(0, -1),
+                      view.pixelRatio);
         }
-        drawArrow(painter, QPointF(column + middle, top + middle), QPointF(0, -1), view.pixelRatio);
     }
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setBrush(Qt::NoBrush);
@@ -328,17 +338,22 @@ void GraphPainter::drawInTargetPixels(QPainter& painter, const TwoDGraph& graph,
 
     painter.fillRect(QRectF(0, 0, view.width, view.height), Qt::white);
     const QRectF plot = plottingRect(view);
+    // Whole-pixel rectangles come out the same either way; a print preview that shrinks the
+    // page's lines below one of its pixels shows them faint instead of dropping them.
+    painter.setRenderHint(QPainter::Antialiasing, true);
     drawFrame(painter, view);
 
     const GridLayout grid = layoutGrid(view, graph.dependentName);
     if (view.gridOn) {
         drawGridLines(painter, view, grid);
     }
+    painter.setRenderHint(QPainter::Antialiasing, false);
     const int w = lineWidth(view);
     painter.setClipRect(plot.adjusted(0, 0, w, w));
     if (extras.afterGrid) {
         extras.afterGrid(painter, view);
     }
+    drawAxes(painter, view, grid, true);
     drawCurves(painter, graph, view, extras.widePens);
     if (view.indefiniteMarked && extras.titleGraph == TitleGraph::kFunction) {
         drawIndefiniteMarks(painter, graph, view);
@@ -346,7 +361,7 @@ void GraphPainter::drawInTargetPixels(QPainter& painter, const TwoDGraph& graph,
     if (extras.afterCurves) {
         extras.afterCurves(painter, view);
     }
-    drawAxes(painter, view, grid);
+    drawAxes(painter, view, grid, false);
     painter.setClipping(false);
     if (extras.labels) {
         drawLabels(painter, labelFont_, grid);

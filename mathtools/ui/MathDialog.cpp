@@ -1,8 +1,5 @@
 #include "mathtools/ui/MathDialog.h"
 
-#include <charconv>
-#include <system_error>
-
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QGridLayout>
@@ -40,19 +37,9 @@ QString idName(int id) {
     return QString::number(id);
 }
 
-// A box preset from a number reads back the same number: the shortest plain digits that do (an
-// exponent's 'e' would be read as the constant e). Fifteen decimals would turn the edge of a
-// stretch just right of 0 into 0 itself, where the function has no value. A number too long for
-// the box is rounded to fifteen decimals instead.
-QString boxText(double v) {
-    char buffer[400];
-    const auto written = std::to_chars(buffer, buffer + sizeof buffer, v, std::chars_format::fixed);
-    const std::string exact =
-        written.ec == std::errc() ? std::string(buffer, written.ptr) : std::string();
-    if (!exact.empty() && exact.size() <= kBoxLength) {
-        return QString::fromStdString(exact);
-    }
-    return QString::fromStdString(trimZeros(formatValue(v)));
+// The defined stretch's ends in the display format, each kept inside the stretch.
+QString spanText(double v, const DefinedSpan& span) {
+    return QString::fromStdString(boxTextWithin(v, span.begin, span.end));
 }
 
 }  // namespace
@@ -176,8 +163,8 @@ void MathDialog::takeGraph() {
     seenCount_ = graph_.main.pointCount;
     seenXBegin_ = graph_.xBegin;
     seenXEnd_ = graph_.xEnd;
-    xBeginEdit_->setText(boxText(graph_.definedSpan.begin));
-    xEndEdit_->setText(boxText(graph_.definedSpan.end));
+    xBeginEdit_->setText(spanText(graph_.definedSpan.begin, graph_.definedSpan));
+    xEndEdit_->setText(spanText(graph_.definedSpan.end, graph_.definedSpan));
     extremes_->forget();
 }
 

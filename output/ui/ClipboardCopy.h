@@ -9,8 +9,9 @@ class QMimeData;
 
 namespace curvemill {
 
-// The selection (drawn again at its size) or, without one, the whole screen as an image; the
-// curve points inside it as CSV, both as plain text and as text/csv.
+// The selection (drawn again at its size) with the curve points inside it or, without one, the
+// whole graph (also what is scrolled out of sight) with every point: an image, and CSV both as
+// plain text and as text/csv.
 std::unique_ptr<QMimeData> clipboardData(const GraphPicture& picture);
 
 // Puts clipboardData on the system clipboard.

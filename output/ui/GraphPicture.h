@@ -19,8 +19,9 @@ enum class PictureExtent {
     Screen,
     // The whole graph, also the parts scrolled out of sight.
     Document,
-    // What the screen shows, for a printed page: curves drawn with wider pens, since a line one
-    // screen pixel wide is a hairline on paper.
+    // What the screen shows around its centre, laid out again for a printed page of its own
+    // proportions at printedPixelRatio (GraphPrinting.h): curves drawn with wider pens, since a
+    // line one screen pixel wide is a hairline on paper.
     PrintedPage,
 };
 
@@ -38,8 +39,9 @@ struct GraphPicture {
     QSize documentSize;
     // The part of the screen the user selected, if any.
     std::optional<QRect> selection;
-    // The curve points shown inside a part of the screen, as CSV text; empty when not given.
-    std::function<std::string(const QRect& part)> pointsCsv;
+    // The curve points shown inside a part of the screen, or every point of the graph for no
+    // part, as CSV text; empty when not given.
+    std::function<std::string(const std::optional<QRect>& part)> pointsCsv;
 };
 
 }  // namespace curvemill

@@ -7,15 +7,9 @@
 
 namespace curvemill {
 
-QRect printedRect(QSize screen, QRect page) {
-    if (screen.isEmpty() || page.isEmpty()) {
-        return page;
-    }
-    const double scale = std::min(static_cast<double>(page.width()) / screen.width(),
-                                  static_cast<double>(page.height()) / screen.height());
-    const int width = std::max(1, static_cast<int>(screen.width() * scale));
-    const int height = std::max(1, static_cast<int>(screen.height() * scale));
-    return QRect(page.x() + (page.width() - width) / 2, page.y(), width, height);
+double printedPixelRatio(const QPaintDevice& page) {
+    constexpr double kLayoutDpi = 96.0;
+    return std::max(1.0, page.logicalDpiX() / kLayoutDpi);
 }
 
 void printPicture(QPrinter& printer, const GraphPicture& picture) {
@@ -27,11 +21,9 @@ void printPicture(QPrinter& printer, const GraphPicture& picture) {
     // The painter's origin is the printable area's corner; the rectangle is in printer pixels.
     const QRect page(QPoint(0, 0),
                      printer.pageLayout().paintRectPixels(printer.resolution()).size());
-    const QRect target = printedRect(picture.screenSize, page);
-    painter.translate(target.topLeft());
-    painter.setClipRect(QRect(QPoint(0, 0), target.size()));
-    painter.fillRect(QRect(QPoint(0, 0), target.size()), Qt::white);
-    picture.draw(painter, target.size(), PictureExtent::PrintedPage);
+    painter.setClipRect(page);
+    painter.fillRect(page, Qt::white);
+    picture.draw(painter, page.size(), PictureExtent::PrintedPage);
 }
 
 PrintPreviewWindow::PrintPreviewWindow(QPrinter& printer, GraphPicture picture, QWidget* parent)

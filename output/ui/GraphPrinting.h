@@ -6,15 +6,17 @@
 #include "failure/ProcedureNames.h"
 #include "output/ui/GraphPicture.h"
 
+class QPaintDevice;
 class QPrinter;
 
 namespace curvemill {
 
-// Where the graph goes on a page of `page` pixels: the screen's proportions, as large as the
-// page allows, centred across and at the top.
-QRect printedRect(QSize screen, QRect page);
+// Pixels of a printed page per layout pixel: the screen's 96 to the inch, so that text and lines
+// keep on paper the size they have on a screen of that density.
+double printedPixelRatio(const QPaintDevice& page);
 
-// Draws the graph on a printed page, laid out at the printer's resolution.
+// Draws the graph over the whole printable area of the page, at the page's proportions, laid out
+// at the printer's resolution (the drawing gets PictureExtent::PrintedPage and the area's size).
 void printPicture(QPrinter& printer, const GraphPicture& picture);
 
 // The print preview: the page as it will print, with page setup and printing (to a printer or,

@@ -201,7 +201,7 @@ void GraphArea::followView() {
 
 void GraphArea::showNewGraph() {
     canvas_->layOutView();
-    scrollToXAxis(*view_);
+    restoreZoom(*view_);
     Q_EMIT newGraphShown();
     redraw();
 }

@@ -26,7 +26,7 @@ class GraphCanvas : public QWidget {
     void invalidate();
     // Lays the view out for the canvas's size now, as the next paint would.
     void layOutView();
-    bool graphShown() const { return graph_.main.exists(); }
+    bool graphShown() const { return flatGraphShown(kind_, graph_.main.exists()); }
     const QImage& backBuffer() const { return buffer_; }
     // The back buffer as the next paint shows it, drawn now if it is out of date.
     const QImage& renderedImage();
@@ -106,8 +106,7 @@ class GraphArea : public QWidget {
     void clearSelection();
     // The view changed by a command: scroll bars, selection and picture follow.
     void redraw();
-    // After a new graph: lays the view out for the canvas and, when the graph is taller than the
-    // window, scrolls so the x axis is in the middle, where most curves are read.
+    // After a new graph: lays the view out for the canvas and opens it as Restore does.
     void showNewGraph();
 
   Q_SIGNALS:

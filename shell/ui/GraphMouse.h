@@ -46,11 +46,7 @@ class GraphMouse : public QObject {
 
   private:
     GraphKind shownKind() const { return kind_ ? kind_() : GraphKind::Function2D; }
-    bool graphShown() const {
-        const GraphKind kind = shownKind();
-        return kind == GraphKind::Equation ||
-               (kind == GraphKind::Function2D && graph_.main.exists());
-    }
+    bool graphShown() const { return flatGraphShown(shownKind(), graph_.main.exists()); }
     void press(QPointF at);
     void move(QPointF at);
     void release();

@@ -7,6 +7,7 @@
 
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
+#include "graph2d/ViewResize.h"
 #include "graph2d/ui/GraphPainter.h"
 #include "output/PointsCsv.h"
 #include "output/ui/ClipboardCopy.h"
@@ -16,6 +17,15 @@
 #include "shell/ui/KindPictures.h"
 
 namespace curvemill {
+
+std::optional<QRectF> plottedPart(const GraphView& view, const std::optional<QRectF>& part) {
+    if (!part) {
+        return std::nullopt;
+    }
+    // Curves are clipped to the plotting area: a point in the margins is not on the picture.
+    return part->intersected(
+        QRectF(view.left, view.top, view.visibleWidth(), view.visibleHeight()));
+}
 
 GraphView twoDDocumentView(const GraphView& view) {
     GraphView document = view;
@@ -30,28 +40,36 @@ GraphView twoDDocumentView(const GraphView& view) {
     return document;
 }
 
+GraphView targetView(const GraphView& view, const QPainter& painter, QSize pixels,
+                     PictureExtent extent) {
+    if (extent == PictureExtent::PrintedPage && painter.device() != nullptr) {
+        return pageView(view, pixels.width(), pixels.height(),
+                        printedPixelRatio(*painter.device()));
+    }
+    const GraphView base = extent == PictureExtent::Document ? twoDDocumentView(view) : view;
+    return scaledView(base, pixels.width() / std::max(1.0, base.width));
+}
+
 GraphDrawing twoDGraphDrawing(const TwoDGraph& graph, const GraphView& view) {
     return [&graph, &view](QPainter& painter, QSize pixels, PictureExtent extent) {
         if (!graph.main.exists()) {
             return;
         }
-        const GraphView base = extent == PictureExtent::Document ? twoDDocumentView(view) : view;
-        GraphView target = scaledView(base, pixels.width() / std::max(1.0, base.width));
+        GraphView target = targetView(view, painter, pixels, extent);
         GraphExtras extras;
         extras.widePens = extent == PictureExtent::PrintedPage;
         drawGraph(painter, graph, target, extras);
     };
 }
 
-std::string twoDPointsCsv(const TwoDGraph& graph, const GraphView& view, const QRectF& part) {
-    // Curves are clipped to the plotting area: a point in the margins is not on the picture.
-    const QRectF shown =
-        part.intersected(QRectF(view.left, view.top, view.visibleWidth(), view.visibleHeight()));
+std::string twoDPointsCsv(const TwoDGraph& graph, const GraphView& view,
+                          const std::optional<QRectF>& part) {
+    const std::optional<QRectF> shown = plottedPart(view, part);
     const auto inside = [&view, &shown](const PlotPoint& point) {
         if (point.isIndefinite || !std::isfinite(point.y)) {
             return false;
         }
-        return shown.contains(view.toPixelX(point.x), view.toPixelY(point.y));
+        return !shown || shown->contains(view.toPixelX(point.x), view.toPixelY(point.y));
     };
     const auto take = [&inside](const Curve& curve, std::string name) {
         CsvCurve taken{std::move(name), {}};
@@ -114,27 +132,30 @@ GraphPicture GraphOutputs::picture() const {
         picture.screenPixels = nullptr;
         picture.documentSize = picture.screenSize;
         const QSize screen = picture.screenSize;
-        picture.pointsCsv = [scene, screen](const QRect& part) {
+        picture.pointsCsv = [scene, screen](const std::optional<QRect>& part) {
             return surfaceVerticesCsv(*scene, screen, part);
         };
         return picture;
     }
-    const auto logicalPart = [ratio](const QRect& part) {
-        return QRectF(part.x() / ratio, part.y() / ratio, part.width() / ratio,
-                      part.height() / ratio);
+    const auto logicalPart = [ratio](const std::optional<QRect>& part) -> std::optional<QRectF> {
+        if (!part) {
+            return std::nullopt;
+        }
+        return QRectF(part->x() / ratio, part->y() / ratio, part->width() / ratio,
+                      part->height() / ratio);
     };
     const GraphView& view = view_;
     if (kind == GraphKind::Equation && others_.equation != nullptr &&
         others_.equationLook != nullptr) {
         const EquationCurve& curve = *others_.equation;
         picture.draw = equationDrawing(curve, *others_.equationLook, view_);
-        picture.pointsCsv = [&curve, &view, logicalPart](const QRect& part) {
+        picture.pointsCsv = [&curve, &view, logicalPart](const std::optional<QRect>& part) {
             return equationPointsCsv(curve, view, logicalPart(part));
         };
         return picture;
     }
     const TwoDGraph& graph = graph_;
-    picture.pointsCsv = [&graph, &view, logicalPart](const QRect& part) {
+    picture.pointsCsv = [&graph, &view, logicalPart](const std::optional<QRect>& part) {
         return twoDPointsCsv(graph, view, logicalPart(part));
     };
     return picture;

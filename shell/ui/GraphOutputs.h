@@ -28,6 +28,11 @@ struct TwoDGraph;
 GraphDrawing twoDGraphDrawing(const TwoDGraph& graph, const GraphView& view);
 
 // The view of the whole graph at the screen's zoom, unscrolled: the "document" of a zoomed graph.
+// The view a 2D or equation drawing uses on a target of `pixels` painted by `painter`: the screen's
+// or the document's scaled to the target's width, or a printed page's own layout.
+GraphView targetView(const GraphView& view, const QPainter& painter, QSize pixels,
+                     PictureExtent extent);
+
 GraphView twoDDocumentView(const GraphView& view);
 
 // The graphs besides the 2D one and which of them is shown; the output side gets the drawing of
@@ -39,9 +44,13 @@ struct OtherGraphs {
     SurfaceScene* surface = nullptr;
 };
 
+// `part` cut to the plotting area of `view`; no part stays none (every point).
+std::optional<QRectF> plottedPart(const GraphView& view, const std::optional<QRectF>& part);
+
 // The 2D curves' points whose pixels lie inside `part` of a screen laid out as `view` (in its
-// logical pixels) and inside its plotting area, as CSV.
-std::string twoDPointsCsv(const TwoDGraph& graph, const GraphView& view, const QRectF& part);
+// logical pixels) and inside its plotting area, or every defined point without a part, as CSV.
+std::string twoDPointsCsv(const TwoDGraph& graph, const GraphView& view,
+                          const std::optional<QRectF>& part);
 
 class GraphOutputs {
   public:

@@ -23,8 +23,7 @@ GraphDrawing equationDrawing(const EquationCurve& curve, const EquationLook& loo
         if (!curve.shown) {
             return;
         }
-        const GraphView base = extent == PictureExtent::Document ? twoDDocumentView(view) : view;
-        GraphView target = scaledView(base, pixels.width() / std::max(1.0, base.width));
+        GraphView target = targetView(view, painter, pixels, extent);
         // A painter of its own: the screen's keeps fonts sized for the screen.
         GraphPainter graphPainter;
         EquationPainter equationPainter;
@@ -33,14 +32,13 @@ GraphDrawing equationDrawing(const EquationCurve& curve, const EquationLook& loo
 }
 
 std::string equationPointsCsv(const EquationCurve& curve, const GraphView& view,
-                              const QRectF& part) {
-    const QRectF shown =
-        part.intersected(QRectF(view.left, view.top, view.visibleWidth(), view.visibleHeight()));
+                              const std::optional<QRectF>& part) {
+    const std::optional<QRectF> shown = plottedPart(view, part);
     CsvCurve taken{curve.formulaText + " = 0", {}};
     if (curve.shown) {
         for (const SolutionPoint& point : curve.solutions) {
             if (std::isfinite(point.x) && std::isfinite(point.y) &&
-                shown.contains(view.toPixelX(point.x), view.toPixelY(point.y))) {
+                (!shown || shown->contains(view.toPixelX(point.x), view.toPixelY(point.y)))) {
                 taken.points.push_back({point.x, point.y});
             }
         }
@@ -55,7 +53,8 @@ GraphDrawing surfaceDrawing(SurfaceScene& scene) {
     };
 }
 
-std::string surfaceVerticesCsv(SurfaceScene& scene, QSize screen, const QRect& part) {
+std::string surfaceVerticesCsv(SurfaceScene& scene, QSize screen,
+                               const std::optional<QRect>& part) {
     std::vector<CsvVertex> vertices;
     SurfaceGrid& grid = scene.grid;
     if (scene.complete && grid.allocated() && !screen.isEmpty()) {
@@ -65,7 +64,7 @@ std::string surfaceVerticesCsv(SurfaceScene& scene, QSize screen, const QRect& p
             for (int j = 0; j <= grid.ny; ++j) {
                 const SurfaceVertex& v = grid.vertex(i, j);
                 const ScreenPoint at = grid.screen(i, j);
-                if (v.indefinite == 0 && part.contains(at.x, at.y)) {
+                if (v.indefinite == 0 && (!part || part->contains(at.x, at.y))) {
                     vertices.push_back({i, j, v.x, v.y, v.z});
                 }
             }

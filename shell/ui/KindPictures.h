@@ -2,6 +2,7 @@
 // Print and Copy: each kind is drawn again by its own painter at the target's pixels.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include <QRect>
@@ -21,17 +22,18 @@ GraphDrawing equationDrawing(const EquationCurve& curve, const EquationLook& loo
                              const GraphView& view);
 
 // The solution points whose pixels lie inside `part` of a screen laid out as `view` (logical
-// pixels) and inside its plotting area, as CSV under the name "<F> = 0".
+// pixels) and inside its plotting area, or every solution without a part, as CSV under the name
+// "<F> = 0".
 std::string equationPointsCsv(const EquationCurve& curve, const GraphView& view,
-                              const QRectF& part);
+                              const std::optional<QRectF>& part);
 
 // The surface has no scrolled document: every extent is the window's figure, fitted to the
 // target as on screen, on the screen's background.
 GraphDrawing surfaceDrawing(SurfaceScene& scene);
 
 // The defined vertices (i, j, x, y, z) whose points on a screen of `screen` device pixels lie
-// inside `part` (device pixels). Rewrites the scene's screen points for that target, as any
-// drawing does.
-std::string surfaceVerticesCsv(SurfaceScene& scene, QSize screen, const QRect& part);
+// inside `part` (device pixels), or every defined vertex without a part. Rewrites the scene's
+// screen points for that target, as any drawing does.
+std::string surfaceVerticesCsv(SurfaceScene& scene, QSize screen, const std::optional<QRect>& part);
 
 }  // namespace curvemill

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -133,6 +134,19 @@ TEST(DisplayFormat, WholePartRule) {
                                                {0.7, 0}, {1, 0},   {-1, 0},  {0, 0},   {1.0001, 1}};
     for (const auto& [v, w] : cases) {
         EXPECT_EQ(wholePart(v), w) << v;
+    }
+}
+
+// Numbers preset in boxes: fifteen decimals trimmed, kept inside the range they stand for.
+TEST(DisplayFormat, BoxTextStaysInsideItsRange) {
+    const std::tuple<double, double, double, const char*> cases[] = {
+        {2.5, 0, 5, "2.5"},
+        {5.495279994712196e-46, 5.495279994712196e-46, 5, "0.000000000000001"},
+        {-1e-30, -5, -1e-30, "-0.000000000000001"},
+        {-5, -5, 5, "-5"},
+    };
+    for (const auto& [v, lo, hi, text] : cases) {
+        EXPECT_EQ(boxTextWithin(v, lo, hi), text) << v;
     }
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <tuple>
 #include <vector>
 
 #include "engine/Formula.h"
@@ -11,6 +12,7 @@
 #include "equation/EquationComputation.h"
 #include "equation/EquationSolver.h"
 #include "equation/EquationView.h"
+#include "graph2d/ViewZoom.h"
 
 namespace curvemill {
 namespace {
@@ -206,9 +208,37 @@ TEST(EquationComputation, JobFillsTheCurveAndShowPutsItOnTheView) {
     EXPECT_TRUE(curve.shown);
     EXPECT_EQ(curve.formulaText, "x*y-1");
     EXPECT_EQ(curve.grid.precisionDigits, 6);
-    EXPECT_EQ(view.xBegin, -4);
+    EXPECT_EQ(view.wholeXBegin, -4);
     EXPECT_EQ(view.yBegin, curve.yMin);
     EXPECT_EQ(view.yEnd, curve.yMax);
+}
+
+// Every solution, and the ring of a point marked on it, is inside the plotting area on a wide, a
+// tall and a dense screen, when the equation opens and after zooming and Restore.
+TEST(EquationView, EverySolutionIsOnScreenAfterOpeningAndRestore) {
+    const Solved circle = solve("x^2+y^2-1", square(2, 200));
+    ASSERT_GT(circle.curve.count(), 100);
+    for (const auto& [width, height, ratio] :
+         {std::tuple(1200, 400, 1.0), std::tuple(500, 900, 1.0), std::tuple(1200, 400, 2.0)}) {
+        SCOPED_TRACE(testing::Message() << width << "x" << height << " at " << ratio);
+        GraphView view;
+        setViewSize(view, width, height);
+        resetEquationView(view, circle.curve, 10);
+        for (int pass = 0; pass < 2; ++pass) {
+            const GraphView shown = scaledView(view, ratio);
+            const double room = 8.0 * ratio;
+            for (const SolutionPoint& p : circle.curve.solutions) {
+                ASSERT_GE(shown.toPixelX(p.x), shown.left + room);
+                ASSERT_LE(shown.toPixelX(p.x), shown.plotRight() - room);
+                ASSERT_GE(shown.toPixelY(p.y), shown.top + room);
+                ASSERT_LE(shown.toPixelY(p.y), shown.plotBottom() - room);
+            }
+            zoomIn(view, ZoomAxis::kBoth);
+            restoreZoom(view);
+        }
+        // True proportions: a circle stays round.
+        EXPECT_NEAR(view.toPixelX(1) - view.toPixelX(0), view.toPixelY(0) - view.toPixelY(1), 1e-9);
+    }
 }
 
 }  // namespace

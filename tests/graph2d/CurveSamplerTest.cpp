@@ -265,5 +265,40 @@ TEST(CurveSampler, DerivativeAndDrawingStep) {
     EXPECT_LE(vertices.size(), static_cast<std::size_t>(main.pointCount / 10 + 6));
 }
 
+// At any density every turning point is marked, a maximum or a minimum, and a curve flat to
+// rounding (many turns, none of them real) gets no mark.
+TEST(CurveSampler, DenseSamplesStillMarkEveryTurningPoint) {
+    const struct {
+        const char* text;
+        double a, b;
+        int points;
+        std::vector<double> maxima, minima;
+    } cases[] = {
+        {"sin(x)", -5, 5, 100000, {-3 * kPi / 2, kPi / 2}, {-kPi / 2, 3 * kPi / 2}},
+        {"sin(x)", -5, 5, 400000, {-3 * kPi / 2, kPi / 2}, {-kPi / 2, 3 * kPi / 2}},
+        {"x^3-3*x", -3, 3, 100000, {-1}, {1}},
+        {"sin(x)^2+cos(x)^2", -5, 5, 100000, {}, {}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.text << " at " << c.points);
+        Formula formula;
+        ASSERT_TRUE(prepareFormula(formula, c.text, 'f'));
+        TwoDGraph graph;
+        graph.xBegin = c.a;
+        graph.xEnd = c.b;
+        graph.pointsPerRun = c.points;
+        ASSERT_TRUE(sampleCurve(graph, formula, {}));
+        for (const auto& [kind, expected] :
+             {std::pair{kRefinedMaximum, c.maxima}, std::pair{kRefinedMinimum, c.minima}}) {
+            const auto marked =
+                indicesWhere(graph.main, [kind](const PlotPoint& p) { return p.peakKind == kind; });
+            ASSERT_EQ(marked.size(), 2 * expected.size()) << int{kind};
+            for (std::size_t k = 0; k < expected.size(); ++k) {
+                EXPECT_NEAR(double{graph.main.points[marked[2 * k]].x}, expected[k], 1e-6);
+            }
+        }
+    }
+}
+
 }  // namespace
 }  // namespace curvemill

@@ -67,8 +67,8 @@ TEST_F(GraphPainterTest, CurveAppearsInItsColourOnWhite) {
     EXPECT_GT(countColour(image, graph_colors::kTitle, QRect(65, 0, 300, 39)), 10);
 }
 
-// The area's value goes beside a short formula and under a long one; either way it stays in the
-// top margin, clear of the plotting area and of the picture's right edge, at any pixel ratio.
+// The area's value stays in the top margin, clear of the plotting area and of the picture's right
+// edge, at any pixel ratio.
 TEST_F(GraphPainterTest, AreaValueStaysInTheTopMargin) {
     // The title's dark blue, smoothed into the white at its glyphs' edges, stays bluish.
     const auto titleInk = [](const QImage& image, QRect area) {
@@ -190,6 +190,14 @@ TEST_F(GraphPainterTest, LabelFontsScaleWithThePictureAndHaveCourierWidths) {
     const QFontInfo info(once.labelFont());
     EXPECT_TRUE(info.family() == "Courier New" || info.family() == "Liberation Mono")
         << info.family().toStdString();
+}
+
+// A curve that leaves its edge straight up the y axis (Sqr(x) at 0) is drawn over the axis line.
+TEST_F(GraphPainterTest, CurveAlongAnAxisStaysInSight) {
+    TwoDGraph graph;
+    setCurve(graph.main, {point(0, 0), point(1e-9, 2)});
+    const QImage image = render(graph);
+    EXPECT_GT(countColour(image, graph_colors::kMainFunction, QRect(65, 115, 1, 70)), 60);
 }
 
 }  // namespace

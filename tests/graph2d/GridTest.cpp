@@ -10,6 +10,7 @@
 #include "engine/DisplayFormat.h"
 #include "graph2d/GridLayout.h"
 #include "graph2d/GridSteps.h"
+#include "graph2d/TitlePlacement.h"
 
 namespace curvemill {
 namespace {
@@ -119,6 +120,25 @@ TEST(GridLayout, LinesAndLabelsSitOnTruncatedPixelsEdgesIncluded) {
     }
     for (std::size_t i = 0; i < grid.columns.size(); ++i) {
         EXPECT_EQ(grid.xLabels[i].x, grid.columns[i]) << grid.xLabels[i].text;
+    }
+}
+
+// The area's value has a line of its own under the title, short formula or long, and both lines
+// end above the frame.
+TEST(TitlePlacement, AreaValueGoesOnItsOwnLineAboveTheFrame) {
+    for (const double ratio : {1.0, 2.0}) {
+        GraphView view;
+        setViewSize(view, 1000, 600);
+        view = scaledView(view, ratio);
+        const double d = titleGap(view);
+        const double line = 21.0 * ratio;
+        for (const double firstWidth : {50.0 * ratio, 2000.0 * ratio}) {
+            const TitlePlacement place = placeTitle(view, firstWidth, 300.0 * ratio, line);
+            const double height = line * place.fontScale;
+            EXPECT_EQ(place.secondX, place.firstX);
+            EXPECT_GE(place.secondTop, place.firstTop + height + 2 * d);
+            EXPECT_LE(place.secondTop + height, view.top - ratio);
+        }
     }
 }
 

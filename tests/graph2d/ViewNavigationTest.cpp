@@ -226,5 +226,33 @@ TEST(PartialGraph, CutsEveryCurveAcrossTheVisiblePart) {
     EXPECT_EQ(partial.graph().areaLast, 30);
 }
 
+// Restore leads back to the very view a new graph opens with, scrolled to the x axis.
+TEST(Restore, ReturnsToTheOpeningView) {
+    GraphView opened = tallView();
+    scrollToXAxis(opened);
+    ASSERT_GT(opened.scrollY, 0.0);
+    GraphView view = opened;
+    zoomIn(view, ZoomAxis::kBoth);
+    view.scrollY = 0.0;
+    restoreZoom(view);
+    EXPECT_EQ(view.scrollY, opened.scrollY);
+    EXPECT_EQ(view.scrollX, opened.scrollX);
+    EXPECT_EQ(view.contentHeight, opened.contentHeight);
+}
+
+// A printed page is laid out at its own proportions around the screen's centre, with the
+// screen's text and margins enlarged by the page's pixel ratio.
+TEST(PageView, FillsThePageAroundTheSameCentre) {
+    GraphView view = tallView();
+    view.scrollY = 300;
+    const GraphView page = pageView(view, 13000, 9000, 12.5);
+    EXPECT_NEAR(page.width, 13000, 13);
+    EXPECT_NEAR(page.height, 9000, 13);
+    EXPECT_EQ(page.pixelRatio, 12.5);
+    EXPECT_EQ(page.marginY, 500);
+    const auto centre = [](const GraphView& v) { return v.graphY(v.top + v.visibleHeight() / 2); };
+    EXPECT_NEAR(centre(page), centre(view), page.pixelRatio / page.ppu);  // a layout pixel
+}
+
 }  // namespace
 }  // namespace curvemill

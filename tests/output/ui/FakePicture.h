@@ -37,9 +37,10 @@ inline GraphPicture fakePicture(std::shared_ptr<std::vector<DrawCall>> calls, QS
     picture.screenSize = screen;
     picture.documentSize = document;
     picture.selection = selection;
-    picture.pointsCsv = [](const QRect& part) {
-        return "curve,x,y\r\npart," + std::to_string(part.x()) + "," +
-               std::to_string(part.width()) + "\r\n";
+    picture.pointsCsv = [](const std::optional<QRect>& part) {
+        return part ? "curve,x,y\r\npart," + std::to_string(part->x()) + "," +
+                          std::to_string(part->width()) + "\r\n"
+                    : std::string("curve,x,y\r\nall\r\n");
     };
     return picture;
 }

@@ -48,7 +48,7 @@ class EquationShellTest : public MainWindowFixture {
         QTRY_COMPARE(window->graphKind(), GraphKind::Equation);
         QVERIFY(!input->isVisible());
         QVERIFY(curve.count() > 100);
-        QCOMPARE(view.xBegin, -2.0);
+        QCOMPARE(view.wholeXBegin, -2.0);
         QCOMPARE(view.yBegin, curve.yMin);
         // Zoom and grid apply to the flat view; the function-only tools are grey.
         QVERIFY(action(40012)->isEnabled());
@@ -173,6 +173,25 @@ class EquationShellTest : public MainWindowFixture {
             QCOMPARE(tool->sizeHint(), idle);
             progress->hide();
         }
+    }
+
+    // The zoom commands act on an equation as on a function graph; Restore shows it whole again.
+    void zoomCommandsWorkOnAnEquation() {
+        window->resize(1200, 450);
+        QVERIFY(enter(40086, u"x^2+y^2-1"_s) != nullptr);
+        QTRY_COMPARE(window->graphKind(), GraphKind::Equation);
+        const auto inside = [this] {
+            return view.visibleYBegin() < curve.yMin && view.visibleYEnd() > curve.yMax;
+        };
+        QVERIFY(inside());
+        for (const int id : {40003, 40005, 40007}) {
+            action(id)->trigger();
+        }
+        QCOMPARE(view.xZoom, 4.0);
+        QCOMPARE(view.yZoom, 1.0);
+        action(40126)->trigger();
+        QCOMPARE(view.xZoom, 1.0);
+        QVERIFY(inside());
     }
 };
 

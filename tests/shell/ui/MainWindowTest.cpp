@@ -353,18 +353,13 @@ class MainWindowTest : public MainWindowFixture {
         QVERIFY(qAbs(document.toPixelY(view.yBegin) - document.plotBottom()) < 2.0);
         const QImage whole = renderPicture(picture, ExportSource::Document, 0.25);
         QCOMPARE(whole.height(), picture.documentSize.height() / 4);
-        // Only the points shown on screen are copied as text.
+        // Without a selection the whole graph is copied, with every point as text.
         action(40052)->trigger();
         const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
-        QVERIFY(copied->hasImage());
+        QCOMPARE(qvariant_cast<QImage>(copied->imageData()).size(), picture.documentSize);
         const QStringList lines = copied->text().split(u"\r\n"_s, Qt::SkipEmptyParts);
-        QVERIFY(lines.size() > 100);
         QCOMPARE(lines.first(), u"curve,x,y"_s);
-        for (const QString& line : lines.mid(1)) {
-            const double y = line.section(u',', 2).toDouble();
-            QVERIFY2(y >= view.visibleYBegin() - 1e-9 && y <= view.visibleYEnd() + 1e-9,
-                     qPrintable(line));
-        }
+        QCOMPARE(lines.size(), 1 + graph.main.pointCount);
     }
 
     void tallGraphOpensAroundTheAxisFromASharpBuffer() {
