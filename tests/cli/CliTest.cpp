@@ -241,7 +241,7 @@ TEST(CliPlotOutput, ASizeBeyondTheMemoryIsRefused) {
 #if defined(__SANITIZE_ADDRESS__)
     GTEST_SKIP() << "the address sanitizer needs more address space than the limit leaves";
 #endif
-    std::vector<std::string> args = plotTo(freshFolder() + "big.png");
+    std::vector<std::string> args = plotTo(freshFolder(::testing::TempDir()) + "big.png");
     args[9] = "16384x16384";
     const CliRun r = runCli(args, {{}, -1, 700L << 20});
     EXPECT_EQ(r.exitCode, 1) << r.err;
