@@ -147,25 +147,18 @@ class LiteralRun {
                 return slot_.values[j];
             case 'v':
                 return running_;
-            case 's':
-            case 'c':
-            case 't':
-            case 'T':
-            case 'S':
-            case 'C':
-            case 'l':
-            case 'L':
-            case 'q':
-                if (text_[j + 1] != 'f') {
-                    fail("function without a computed argument");
-                }
-                return function(c, slot_.values[j + 1]);
             case '!':
                 // The check lets "(!)" through: the factorial then finds itself where its operand
                 // should be. The algorithm gives that no value; like the fast evaluator we read 0.
                 return 0.0;
             default:
-                fail(std::string("unexpected operand '") + c + "'");
+                if (c == '\0' || std::strchr("sctTSClLq", c) == nullptr) {
+                    fail(std::string("unexpected operand '") + c + "'");
+                }
+                if (text_[j + 1] != 'f') {
+                    fail("function without a computed argument");
+                }
+                return function(c, slot_.values[j + 1]);
         }
     }
 

@@ -37,11 +37,8 @@ TEST(CurveSampler, MonotonicCurvesGetRegularSamplesPlusFinalRecord) {
         const char* text;
         double yMin;
         double yMax;
-    } cases[] = {{"x", -1, 2},
-                 {"x^3", -1, 8},
-                 {"e^x", std::exp(-1.0), std::exp(2.0)},
-                 {"-2*x+1", -3, 3},
-                 {"3.5", 3.5, 3.5}};
+    } cases[] = {
+        {"x", -1, 2}, {"e^x", std::exp(-1.0), std::exp(2.0)}, {"-2*x+1", -3, 3}, {"3.5", 3.5, 3.5}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.text);
         SampledGraph s(c.text, -1.0, 2.0);

@@ -64,19 +64,15 @@ class RotationDialogTest : public QObject {
             auto* slider = find<QSlider>(qPrintable(QStringLiteral("angle%1Slider").arg(axes[k])));
             auto* spin =
                 find<QDoubleSpinBox>(qPrintable(QStringLiteral("angle%1Spin").arg(axes[k])));
-            QCOMPARE(slider->minimum(), -1800);
-            QCOMPARE(slider->maximum(), 1800);
             slider->setValue(-1255);
             QCOMPARE(spin->value(), -125.5);
             spin->setValue(40);
             QCOMPARE(slider->value(), 400);
         }
         compareAngles(rotator->angles(), 40, 40, 40);
-        QCOMPARE(scene.view.mode, 'P');
         find<QSlider>("angleXSlider")->setValue(0);
         find<QSlider>("angleYSlider")->setValue(0);
         compareAngles(rotator->angles(), 0, 0, 40);
-        QCOMPARE(scene.view.mode, 'Q');
 
         rotator->turn(RotationAxis::kY, -100);
         QCOMPARE(find<QDoubleSpinBox>("angleYSpin")->value(), -100.0);
@@ -90,13 +86,11 @@ class RotationDialogTest : public QObject {
         find<QPushButton>("stepForwardButton")->click();
         find<QPushButton>("stepForwardButton")->click();
         compareAngles(rotator->angles(), -160, 0, 0);
-        QCOMPARE(scene.view.mode, 'X');
         setAxis(find<QComboBox>("stepAxisCombo"), RotationAxis::kZ);
         find<QPushButton>("stepBackButton")->click();
         compareAngles(rotator->angles(), -160, 0, -100);
         find<QPushButton>("resetButton")->click();
         compareAngles(rotator->angles(), 0, 0, 0);
-        QCOMPARE(scene.view.mode, 'a');
         QCOMPARE(find<QSlider>("angleXSlider")->value(), 0);
     }
 

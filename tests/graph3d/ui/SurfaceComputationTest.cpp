@@ -68,9 +68,6 @@ class SurfaceComputationTest : public QObject {
         QVERIFY(scene.complete);
         QCOMPARE(scene.grid.nx, 200);
         QCOMPARE(scene.grid.ny, 300);
-        QCOMPARE(scene.view.mode, 'a');
-        QCOMPARE(scene.light.vector.y, -1.0);
-        QVERIFY(progress.count() >= 90);
         // The last row starts a hair before X_END, where x has been built by addition.
         QVERIFY(progress.last().first().toInt() >= 99);
         QVERIFY(!paintsNothing(scene));
