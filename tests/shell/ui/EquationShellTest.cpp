@@ -105,7 +105,7 @@ class EquationShellTest : public MainWindowFixture {
     void aFilledGridIsBoundedAndTold() {
         settings.equationXPoints = 2000;
         settings.equationYPoints = 2000;
-        enter(40086, u"x-x"_s);
+        enterTwoVariables(40086, u"x-x"_s);
         QTRY_COMPARE_WITH_TIMEOUT(window->graphKind(), GraphKind::Equation, 20000);
         QCOMPARE(curve.count(), kMostSolutions);
         QCOMPARE(window->statusText(), QString::fromStdString(solutionLimitText()));
@@ -116,7 +116,7 @@ class EquationShellTest : public MainWindowFixture {
     // screen whatever it replaced, and Cancel then goes back to the title page.
 
     void windowsFollowTheGraphOnScreen() {
-        QVERIFY(enter(40086, u"x^2+y^2-1"_s) != nullptr);
+        QVERIFY(enterTwoVariables(40086, u"x^2+y^2-1"_s) != nullptr);
         QTRY_COMPARE(window->graphKind(), GraphKind::Equation);
         action(40012)->trigger();
         action(40200)->trigger();
@@ -127,7 +127,7 @@ class EquationShellTest : public MainWindowFixture {
         QCOMPARE(control<QLineEdit>(*input, twovar_ids::kFormula)->text(), QString());
         QCOMPARE(control<QLineEdit>(*input, twovar_ids::kXBegin)->text(), u"-10"_s);
         input->reject();
-        QVERIFY(enter(40091, u"x+y"_s) != nullptr);
+        QVERIFY(enterTwoVariables(40091, u"x+y"_s) != nullptr);
         QTRY_COMPARE(window->graphKind(), GraphKind::Surface3D);
         QVERIFY(!tools.solutionsDialog()->isVisible() && !tools.informationDialog()->isVisible());
         // In 3D the grid box and Restore are there, in the menu and on the toolbar alike.
@@ -138,7 +138,7 @@ class EquationShellTest : public MainWindowFixture {
         QVERIFY(window->rotation().dialog()->isVisible());
 
         settings.surfaceXPoints = settings.surfaceYPoints = 500;
-        input = enter(40091, u"sin(x*y)*ln(x^2+y^2+1)^3"_s);
+        input = enterTwoVariables(40091, u"sin(x*y)*ln(x^2+y^2+1)^3"_s);
         control<QPushButton>(*input, twovar_ids::kStop)->click();
         QTRY_VERIFY(control<QPushButton>(*input, twovar_ids::kCancel)->isEnabled());
         QCOMPARE(window->graphKind(), GraphKind::TitlePage);
@@ -161,7 +161,7 @@ class EquationShellTest : public MainWindowFixture {
         big->move(300, 300);
         big->show();
         QVERIFY(big->screen()->availableGeometry().contains(big->frameGeometry()));
-        QVERIFY(enter(40086, u"x^2+y^2-1"_s) != nullptr);
+        QVERIFY(enterTwoVariables(40086, u"x^2+y^2-1"_s) != nullptr);
         QTRY_COMPARE(window->graphKind(), GraphKind::Equation);
         action(40200)->trigger();
         for (QWidget* tool :
@@ -178,7 +178,7 @@ class EquationShellTest : public MainWindowFixture {
     // The zoom commands act on an equation as on a function graph; Restore shows it whole again.
     void zoomCommandsWorkOnAnEquation() {
         window->resize(1200, 450);
-        QVERIFY(enter(40086, u"x^2+y^2-1"_s) != nullptr);
+        QVERIFY(enterTwoVariables(40086, u"x^2+y^2-1"_s) != nullptr);
         QTRY_COMPARE(window->graphKind(), GraphKind::Equation);
         const auto inside = [this] {
             return view.visibleYBegin() < curve.yMin && view.visibleYEnd() > curve.yMax;

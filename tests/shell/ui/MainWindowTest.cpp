@@ -534,7 +534,7 @@ class MainWindowTest : public MainWindowFixture {
         QVERIFY(!dialog->isModal() && QApplication::activeModalWidget() == nullptr);
         QCOMPARE_LT(dialog->width(), 700);
         dialog->close();
-        QVERIFY(drawWith(false, "x"));
+        QVERIFY(drawFunction(false, "x"));
         QVERIFY(area->horizontalBar()->isVisible());
     }
 
@@ -560,11 +560,11 @@ class MainWindowTest : public MainWindowFixture {
 
     // Marks of undefined stretches belong to the function they were made on.
     void aNewFunctionDropsTheMarks() {
-        QVERIFY(drawWith(false, u"ln(x)"_s));
+        QVERIFY(drawFunction(false, u"ln(x)"_s));
         view.indefiniteMarked = true;
         window->refreshCommands();
         QVERIFY(action(40033)->isEnabled());
-        QVERIFY(drawWith(false, u"x"_s));
+        QVERIFY(drawFunction(false, u"x"_s));
         QVERIFY(!action(40033)->isEnabled());
     }
 };
