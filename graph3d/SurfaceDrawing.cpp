@@ -80,13 +80,13 @@ void colourRow(SurfaceScene& scene, const LightWeights& weights, char axis, int 
     }
 }
 
-void drawCellPixel(const SurfaceScene& scene, int i, int j, const ClipRect& clip,
-                   std::uint32_t colour, SurfaceSink& sink) {
+void drawCellPixel(const SurfaceScene& scene, const ScreenPoints& points, int i, int j,
+                   const ClipRect& clip, std::uint32_t colour, SurfaceSink& sink) {
     const SurfaceGrid& grid = scene.grid;
     if (!defined(grid, i, j)) {
         return;
     }
-    const ScreenPoint p = grid.screen(i, j);
+    const ScreenPoint p = points.at(i, j);
     if (p.x < clip.left || p.x > clip.right || p.y < clip.top || p.y > clip.bottom) {
         return;
     }
@@ -98,8 +98,8 @@ void drawCellPixel(const SurfaceScene& scene, int i, int j, const ClipRect& clip
     }
 }
 
-void drawCellLines(const SurfaceScene& scene, int i, int j, std::uint32_t colour,
-                   SurfaceSink& sink) {
+void drawCellLines(const SurfaceScene& scene, const ScreenPoints& points, int i, int j,
+                   std::uint32_t colour, SurfaceSink& sink) {
     const SurfaceGrid& grid = scene.grid;
     if (!defined(grid, i, j)) {
         return;
@@ -107,15 +107,15 @@ void drawCellLines(const SurfaceScene& scene, int i, int j, std::uint32_t colour
     const bool left = defined(grid, i - 1, j);
     const bool back = defined(grid, i, j - 1);
     if (left) {
-        sink.line(grid.screen(i, j), grid.screen(i - 1, j), colour);
+        sink.line(points.at(i, j), points.at(i - 1, j), colour);
     }
     if (back) {
-        sink.line(grid.screen(i, j), grid.screen(i, j - 1), colour);
+        sink.line(points.at(i, j), points.at(i, j - 1), colour);
     }
 }
 
-void drawCellPolygon(const SurfaceScene& scene, int i, int j, std::uint32_t colour,
-                     SurfaceSink& sink) {
+void drawCellPolygon(const SurfaceScene& scene, const ScreenPoints& points, int i, int j,
+                     std::uint32_t colour, SurfaceSink& sink) {
     const SurfaceGrid& grid = scene.grid;
     if (!defined(grid, i, j)) {
         return;
@@ -123,36 +123,36 @@ void drawCellPolygon(const SurfaceScene& scene, int i, int j, std::uint32_t colo
     const int si = scene.light.stepI;
     const int sj = scene.light.stepJ;
     const int corners[4][2] = {{i, j}, {i - si, j}, {i - si, j - sj}, {i, j - sj}};
-    ScreenPoint points[4];
+    ScreenPoint shape[4];
     int count = 0;
     for (const auto& c : corners) {
         if (defined(grid, c[0], c[1])) {
-            points[count++] = grid.screen(c[0], c[1]);
+            shape[count++] = points.at(c[0], c[1]);
         }
     }
-    sink.polygon(points, count, colour);
+    sink.polygon(shape, count, colour);
     if (scene.drawing.shading && count >= 3) {
         // The facets' edges a quarter darker: the mesh shows the run of the surface where a
         // smooth, evenly lit slope would otherwise read as one flat patch.
         const std::uint32_t edge =
             packColour(redOf(colour) * 3 / 4, greenOf(colour) * 3 / 4, blueOf(colour) * 3 / 4);
         for (int k = 0; k < count; ++k) {
-            sink.line(points[k], points[(k + 1) % count], edge);
+            sink.line(shape[k], shape[(k + 1) % count], edge);
         }
     }
 }
 
-void drawCell(const SurfaceScene& scene, int i, int j, const ClipRect& clip, std::uint32_t colour,
-              SurfaceSink& sink) {
+void drawCell(const SurfaceScene& scene, const ScreenPoints& points, int i, int j,
+              const ClipRect& clip, std::uint32_t colour, SurfaceSink& sink) {
     switch (scene.drawing.mode) {
         case 'a':
-            drawCellPolygon(scene, i, j, colour, sink);
+            drawCellPolygon(scene, points, i, j, colour, sink);
             break;
         case 'l':
-            drawCellLines(scene, i, j, colour, sink);
+            drawCellLines(scene, points, i, j, colour, sink);
             break;
         case 'p':
-            drawCellPixel(scene, i, j, clip, colour, sink);
+            drawCellPixel(scene, points, i, j, clip, colour, sink);
             break;
         default:
             break;
@@ -166,10 +166,13 @@ DrawingPlan prepareDrawing(SurfaceScene& scene, int width, int height) {
     plan.clip = {0, 0, width - 1, height - 1};
     prepareLight(scene.light, grid, scene.view.mode);
     plan.weights = lightWeights(scene.light);
+    if (!plan.points.fit(grid)) {
+        return plan;
+    }
     for (int i = 0; i <= grid.nx; ++i) {
         for (int j = 0; j <= grid.ny; ++j) {
             const SurfaceVertex& v = grid.vertex(i, j);
-            grid.screen(i, j) =
+            plan.points.at(i, j) =
                 projectToPixel(scene.view, grid, {v.x, v.y, v.zShown}, plan.placement);
         }
     }
@@ -190,6 +193,9 @@ void drawLines(SurfaceScene& scene, const DrawingPlan& plan, int from, int to, S
     const int step = rows ? scene.light.stepI : scene.light.stepJ;
     const int count = rows ? scene.grid.nx : scene.grid.ny;
     const std::vector<RowCell>& line = scene.grid.scratchLine();
+    if (!plan.points.fits(scene.grid)) {
+        return;
+    }
     for (int n = from; n < to; ++n) {
         const int k = outerLine(scene, plan.pass, n);
         if (!outerLineInRange(scene, plan.pass, k)) {
@@ -199,9 +205,9 @@ void drawLines(SurfaceScene& scene, const DrawingPlan& plan, int from, int to, S
         for (int m = step; m < count; m += step) {
             const RowCell& cell = line[m];
             if (rows) {
-                drawCell(scene, cell.index, k, plan.clip, cell.colour, sink);
+                drawCell(scene, plan.points, cell.index, k, plan.clip, cell.colour, sink);
             } else {
-                drawCell(scene, k, cell.index, plan.clip, cell.colour, sink);
+                drawCell(scene, plan.points, k, cell.index, plan.clip, cell.colour, sink);
             }
         }
         sink.lineDone();

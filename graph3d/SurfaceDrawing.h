@@ -37,14 +37,15 @@ int choosePass(const SurfaceView& view, const SurfaceGrid& grid);
 // Fills the scratch line with the colours of row j = k (axis 'x') or column i = k (axis 'y').
 void colourRow(SurfaceScene& scene, const LightWeights& weights, char axis, int k);
 
-void drawCell(const SurfaceScene& scene, int i, int j, const ClipRect& clip, std::uint32_t colour,
-              SurfaceSink& sink);
-void drawCellPolygon(const SurfaceScene& scene, int i, int j, std::uint32_t colour,
-                     SurfaceSink& sink);
-void drawCellLines(const SurfaceScene& scene, int i, int j, std::uint32_t colour,
-                   SurfaceSink& sink);
-void drawCellPixel(const SurfaceScene& scene, int i, int j, const ClipRect& clip,
+// The cell whose own vertex is (i, j), at the vertices' projection `points`.
+void drawCell(const SurfaceScene& scene, const ScreenPoints& points, int i, int j,
+              const ClipRect& clip, std::uint32_t colour, SurfaceSink& sink);
+void drawCellPolygon(const SurfaceScene& scene, const ScreenPoints& points, int i, int j,
+                     std::uint32_t colour, SurfaceSink& sink);
+void drawCellLines(const SurfaceScene& scene, const ScreenPoints& points, int i, int j,
                    std::uint32_t colour, SurfaceSink& sink);
+void drawCellPixel(const SurfaceScene& scene, const ScreenPoints& points, int i, int j,
+                   const ClipRect& clip, std::uint32_t colour, SurfaceSink& sink);
 
 // One whole redraw onto a target of width x height device pixels: light, projection of every
 // vertex, then the cells in the order of the chosen pass. Nothing is drawn for an incomplete
@@ -52,9 +53,12 @@ void drawCellPixel(const SurfaceScene& scene, int i, int j, const ClipRect& clip
 Placement drawSurface(SurfaceScene& scene, int width, int height, SurfaceSink& sink);
 
 // The parts of drawSurface, for callers that draw in slices: prepare once, then draw the lines
-// [from, to) of the pass (lineCount tells how many it has).
+// [from, to) of the pass (lineCount tells how many it has). The plan holds the projection for
+// its own target, so plans for several targets can be in use at once.
 struct DrawingPlan {
     Placement placement;
+    // Empty when the memory could not be had: then nothing is drawn.
+    ScreenPoints points;
     LightWeights weights;
     ClipRect clip;
     int pass = 2;

@@ -24,7 +24,6 @@ bool SurfaceGrid::allocate(std::int32_t intervalsX, std::int32_t intervalsY) {
     ny = intervalsY;
     try {
         vertices_.resize(static_cast<std::size_t>(count));
-        screen_.resize(static_cast<std::size_t>(count));
         scratch_.resize(static_cast<std::size_t>(std::max(nx, ny) + 1));
     } catch (const std::bad_alloc&) {
         release();
@@ -36,8 +35,25 @@ bool SurfaceGrid::allocate(std::int32_t intervalsX, std::int32_t intervalsY) {
 void SurfaceGrid::release() {
     // Swapping with empty vectors gives the memory back, which clear() would keep.
     std::vector<SurfaceVertex>().swap(vertices_);
-    std::vector<ScreenPoint>().swap(screen_);
     std::vector<RowCell>().swap(scratch_);
+}
+
+bool ScreenPoints::fit(const SurfaceGrid& grid) {
+    if (fits(grid)) {
+        return true;
+    }
+    const std::size_t count =
+        (static_cast<std::size_t>(grid.nx) + 1) * (static_cast<std::size_t>(grid.ny) + 1);
+    try {
+        points_.resize(count);
+    } catch (const std::bad_alloc&) {
+        std::vector<ScreenPoint>().swap(points_);
+        nx_ = ny_ = 0;
+        return false;
+    }
+    nx_ = grid.nx;
+    ny_ = grid.ny;
+    return true;
 }
 
 std::int64_t SurfaceGrid::indefiniteCount() const {

@@ -1,4 +1,5 @@
-// The evaluated surface: its vertices, their screen points, the domain and the shown z range.
+// The evaluated surface: its vertices, the domain and the shown z range; and the vertices
+// projected onto one drawing target.
 #pragma once
 
 #include <cstdint>
@@ -66,11 +67,9 @@ class SurfaceGrid {
 
     SurfaceVertex& vertex(int i, int j) { return vertices_[index(i, j)]; }
     const SurfaceVertex& vertex(int i, int j) const { return vertices_[index(i, j)]; }
-    ScreenPoint& screen(int i, int j) { return screen_[index(i, j)]; }
-    const ScreenPoint& screen(int i, int j) const { return screen_[index(i, j)]; }
     std::vector<RowCell>& scratchLine() { return scratch_; }
 
-    // Storage for (nx + 1) x (ny + 1) vertices with their screen points and the scratch line;
+    // Storage for (nx + 1) x (ny + 1) vertices and the scratch line;
     // false (and nothing held) when the memory cannot be had.
     bool allocate(std::int32_t intervalsX, std::int32_t intervalsY);
     // Frees everything; the counts stay as they were.
@@ -85,8 +84,30 @@ class SurfaceGrid {
                static_cast<std::size_t>(j);
     }
     std::vector<SurfaceVertex> vertices_;
-    std::vector<ScreenPoint> screen_;
     std::vector<RowCell> scratch_;
+};
+
+// The vertices projected onto one drawing target, in its device pixels. Each target holds its
+// own, so that painting an export never moves the points the screen is being drawn with.
+class ScreenPoints {
+  public:
+    // Room for every vertex of `grid`; false (and nothing held) when the memory cannot be had.
+    bool fit(const SurfaceGrid& grid);
+    // Whether the points were made for a grid of this many intervals.
+    bool fits(const SurfaceGrid& grid) const {
+        return nx_ == grid.nx && ny_ == grid.ny && !points_.empty();
+    }
+    ScreenPoint& at(int i, int j) { return points_[index(i, j)]; }
+    const ScreenPoint& at(int i, int j) const { return points_[index(i, j)]; }
+
+  private:
+    std::size_t index(int i, int j) const {
+        return static_cast<std::size_t>(i) * static_cast<std::size_t>(ny_ + 1) +
+               static_cast<std::size_t>(j);
+    }
+    std::int32_t nx_ = 0;
+    std::int32_t ny_ = 0;
+    std::vector<ScreenPoint> points_;
 };
 
 }  // namespace curvemill

@@ -13,10 +13,10 @@ namespace curvemill {
 // Draws `scene` fitted and centred in a target of `devicePixels` (the target's own pixels: the
 // back buffer at its device pixel ratio, the image, the printed page), whatever the painter's
 // device pixel ratio. The painter's state is restored afterwards. Draws nothing while the scene
-// holds no completed surface. The scene's screen points are rewritten for this target. A 32-bit
-// image painted without transform or clip is written directly (a redraw of 501 x 501 cells would
-// otherwise spend most of its time in the painter's set-up of each cell); other targets go
-// through the painter.
+// holds no completed surface. The projection for this target is the call's own: the points the
+// screen is drawn with stay as they were. A 32-bit image painted without transform or clip is
+// written directly (a redraw of 501 x 501 cells would otherwise spend most of its time in the
+// painter's set-up of each cell); other targets go through the painter.
 void paintSurface(QPainter& painter, SurfaceScene& scene, QSize devicePixels);
 
 // Hands cells to a QPainter that draws in device pixels; pens and brushes are made again only

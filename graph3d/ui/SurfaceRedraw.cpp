@@ -31,7 +31,6 @@ void SurfaceRedraw::start(QImage& image, SurfaceScene& scene) {
     image_ = &image;
     scene_ = &scene;
     plan_ = prepareDrawing(scene, image.width(), image.height());
-    firstPoint_ = scene.grid.screen(0, 0);
     next_ = 0;
     lines_ = lineCount(scene, plan_.pass);
     {
@@ -48,12 +47,6 @@ void SurfaceRedraw::cancel() {
 }
 
 void SurfaceRedraw::drawSlice() {
-    // Another target (an export, a printout) may have projected the scene since the last slice;
-    // the screen's points are projected again before going on.
-    if (!(scene_->grid.screen(0, 0) == firstPoint_)) {
-        plan_ = prepareDrawing(*scene_, image_->width(), image_->height());
-        firstPoint_ = scene_->grid.screen(0, 0);
-    }
     QElapsedTimer clock;
     clock.start();
     RasterSurfaceSink sink(pixelsOf(*image_));

@@ -39,9 +39,9 @@ class SurfaceRedraw : public QObject {
 
     QImage* image_ = nullptr;
     SurfaceScene* scene_ = nullptr;
+    // Holds the screen's own projection: an export painted between two slices projects into
+    // its own plan and leaves this one as it was.
     DrawingPlan plan_;
-    // Where the plan put vertex (0, 0): another target's drawing moves it.
-    ScreenPoint firstPoint_;
     int next_ = 0;
     int lines_ = 0;
     bool paced_ = false;

@@ -59,11 +59,11 @@ std::string surfaceVerticesCsv(SurfaceScene& scene, QSize screen,
     SurfaceGrid& grid = scene.grid;
     if (scene.complete && grid.allocated() && !screen.isEmpty()) {
         // Projecting every vertex for the screen's size puts each where the screen shows it.
-        prepareDrawing(scene, screen.width(), screen.height());
-        for (int i = 0; i <= grid.nx; ++i) {
+        const DrawingPlan plan = prepareDrawing(scene, screen.width(), screen.height());
+        for (int i = 0; plan.points.fits(grid) && i <= grid.nx; ++i) {
             for (int j = 0; j <= grid.ny; ++j) {
                 const SurfaceVertex& v = grid.vertex(i, j);
-                const ScreenPoint at = grid.screen(i, j);
+                const ScreenPoint at = plan.points.at(i, j);
                 if (v.indefinite == 0 && (!part || part->contains(at.x, at.y))) {
                     vertices.push_back({i, j, v.x, v.y, v.z});
                 }

@@ -20,7 +20,7 @@
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
-#include "graph3d/ui/SurfaceComputation.h"
+#include "graph3d/SurfaceComputation.h"
 #include "graph3d/ui/SurfaceRedraw.h"
 #include "help/ui/ContextHelp.h"
 #include "help/ui/HelpViewer.h"

@@ -35,16 +35,21 @@ class RecordingSink : public SurfaceSink {
 };
 
 // A flat 4 x 4 grid whose vertex (i, j) sits at pixel (10 i, 10 j).
-SurfaceScene laidOut() {
+struct LaidOut {
     SurfaceScene scene;
-    scene.grid.allocate(4, 4);
+    ScreenPoints points;
+};
+LaidOut laidOut() {
+    LaidOut laid;
+    laid.scene.grid.allocate(4, 4);
+    laid.points.fit(laid.scene.grid);
     for (int i = 0; i <= 4; ++i) {
         for (int j = 0; j <= 4; ++j) {
-            scene.grid.vertex(i, j) = {double(i), double(j), 0, 0, 0};
-            scene.grid.screen(i, j) = {10 * i, 10 * j};
+            laid.scene.grid.vertex(i, j) = {double(i), double(j), 0, 0, 0};
+            laid.points.at(i, j) = {10 * i, 10 * j};
         }
     }
-    return scene;
+    return laid;
 }
 
 ScreenPoint at(int i, int j) {
@@ -52,11 +57,11 @@ ScreenPoint at(int i, int j) {
 }
 
 TEST(SurfaceDrawing, IndefiniteVertexLeavesAHoleAndTriangles) {
-    SurfaceScene scene = laidOut();
+    auto [scene, points] = laidOut();
     scene.grid.vertex(2, 2).indefinite = 1;
     RecordingSink sink;
     for (const auto& [i, j] : {std::pair{1, 1}, {2, 2}, {3, 2}, {2, 3}, {3, 3}}) {
-        drawCellPolygon(scene, i, j, 7, sink);
+        drawCellPolygon(scene, points, i, j, 7, sink);
     }
     ASSERT_EQ(sink.items.size(), 4u);
     EXPECT_EQ(sink.items[0].points, (std::vector{at(1, 1), at(0, 1), at(0, 0), at(1, 0)}));
@@ -66,40 +71,40 @@ TEST(SurfaceDrawing, IndefiniteVertexLeavesAHoleAndTriangles) {
 }
 
 TEST(SurfaceDrawing, LinesLeaveOutIndefiniteEnds) {
-    SurfaceScene scene = laidOut();
+    auto [scene, points] = laidOut();
     scene.grid.vertex(2, 2).indefinite = 1;
     scene.grid.vertex(1, 3).indefinite = 1;
     RecordingSink sink;
-    drawCellLines(scene, 2, 2, 1, sink);  // the vertex itself
-    drawCellLines(scene, 2, 3, 1, sink);  // both back neighbours
+    drawCellLines(scene, points, 2, 2, 1, sink);  // the vertex itself
+    drawCellLines(scene, points, 2, 3, 1, sink);  // both back neighbours
     EXPECT_TRUE(sink.items.empty());
-    drawCellLines(scene, 3, 2, 1, sink);
+    drawCellLines(scene, points, 3, 2, 1, sink);
     ASSERT_EQ(sink.items.size(), 1u);
     EXPECT_EQ(sink.items[0].points, (std::vector{at(3, 2), at(3, 1)}));
-    drawCellLines(scene, 1, 1, 1, sink);
+    drawCellLines(scene, points, 1, 1, 1, sink);
     EXPECT_EQ(sink.items.size(), 3u);
 }
 
 TEST(SurfaceDrawing, PixelsAreDotsOrSquaresInsideTheClip) {
-    SurfaceScene scene = laidOut();
+    auto [scene, points] = laidOut();
     scene.grid.vertex(1, 2).indefinite = 1;
     const ClipRect clip{0, 0, 30, 20};
     RecordingSink sink;
     scene.drawing.pixelWidth = 1;
-    drawCellPixel(scene, 3, 2, clip, 5, sink);  // on the clip's corner: drawn
-    drawCellPixel(scene, 1, 2, clip, 5, sink);  // indefinite
-    drawCellPixel(scene, 4, 1, clip, 5, sink);  // right of the clip
-    drawCellPixel(scene, 1, 3, clip, 5, sink);  // below it
+    drawCellPixel(scene, points, 3, 2, clip, 5, sink);  // on the clip's corner: drawn
+    drawCellPixel(scene, points, 1, 2, clip, 5, sink);  // indefinite
+    drawCellPixel(scene, points, 4, 1, clip, 5, sink);  // right of the clip
+    drawCellPixel(scene, points, 1, 3, clip, 5, sink);  // below it
     ASSERT_EQ(sink.items.size(), 1u);
     EXPECT_EQ(sink.items[0].kind, '.');
     EXPECT_EQ(sink.items[0].points[0], at(3, 2));
     scene.drawing.pixelWidth = 4;
-    drawCellPixel(scene, 2, 1, clip, 5, sink);
+    drawCellPixel(scene, points, 2, 1, clip, 5, sink);
     ASSERT_EQ(sink.items.size(), 2u);
     EXPECT_EQ(sink.items[1].kind, 'S');
     EXPECT_EQ(sink.items[1].points, (std::vector<ScreenPoint>{{18, 8}, {22, 12}}));
     scene.drawing.mode = 'z';
-    drawCell(scene, 2, 1, clip, 5, sink);
+    drawCell(scene, points, 2, 1, clip, 5, sink);
     EXPECT_EQ(sink.items.size(), 2u);
 }
 
@@ -126,7 +131,7 @@ TEST(SurfaceDrawing, PassesWalkTheirLinesWithTheirAsymmetry) {
         const auto lineOf = [&](const Recorded& r) {
             for (int i = 0; i <= 10; ++i) {
                 for (int j = 0; j <= 10; ++j) {
-                    if (scene.grid.screen(i, j) == r.points[0]) {
+                    if (plan.points.at(i, j) == r.points[0]) {
                         return rows ? j : i;
                     }
                 }

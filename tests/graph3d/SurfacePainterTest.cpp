@@ -53,13 +53,14 @@ TEST_P(SurfacePainterTest, EachCellShowsItsOwnColour) {
     ASSERT_EQ(computeFor(scene, "0*x", -1, 1, -1, 1), SurfaceOutcome::Done);
     scene.light.scheme = '1';
     const QImage image = rendered(scene, GetParam(), {800, 600}, {800, 600});
+    const DrawingPlan plan = prepareDrawing(scene, 800, 600);
     const LightWeights weights = lightWeights(scene.light);
     for (const auto& [i, j] : {std::pair{10, 10}, {50, 60}, {90, 30}, {98, 98}}) {
         SCOPED_TRACE(testing::Message() << "cell " << i << ',' << j);
         double x = 0, y = 0;
         for (const auto& [di, dj] : {std::pair{0, 0}, {1, 0}, {1, 1}, {0, 1}}) {
-            x += scene.grid.screen(i - di, j - dj).x / 4.0;
-            y += scene.grid.screen(i - di, j - dj).y / 4.0;
+            x += plan.points.at(i - di, j - dj).x / 4.0;
+            y += plan.points.at(i - di, j - dj).y / 4.0;
         }
         const std::uint32_t colour = cellColour(scene.light, weights, scene.view, scene.grid, i, j);
         EXPECT_EQ(image.pixel(int(x), int(y)), asRgb(colour));
@@ -102,11 +103,11 @@ double distanceToEdges(const QPolygonF& shape, QPointF p) {
 }
 
 // Distance from the eye to the middle of the cell whose own vertex projects to `corner`.
-double eyeDistance(const SurfaceScene& scene, ScreenPoint corner) {
+double eyeDistance(const SurfaceScene& scene, const ScreenPoints& points, ScreenPoint corner) {
     const SurfaceGrid& g = scene.grid;
     for (int i = 1; i <= g.nx; ++i) {
         for (int j = 1; j <= g.ny; ++j) {
-            if (g.screen(i, j) == corner) {
+            if (points.at(i, j) == corner) {
                 Vec3 middle;
                 for (const auto& [di, dj] : {std::pair{0, 0}, {1, 0}, {1, 1}, {0, 1}}) {
                     const SurfaceVertex& v = g.vertex(i - di, j - dj);
@@ -134,6 +135,7 @@ TEST_P(SurfacePainterTest, NearCellsCoverFarOnes) {
         setAxisAngle(scene.view, angle);
         CellRecorder recorder;
         drawSurface(scene, 800, 600, recorder);
+        const DrawingPlan plan = prepareDrawing(scene, 800, 600);
         const QImage image = rendered(scene, GetParam(), {800, 600}, {800, 600});
         int overlapped = 0;
         for (int y = 1; y < 600; y += 3) {
@@ -147,7 +149,7 @@ TEST_P(SurfacePainterTest, NearCellsCoverFarOnes) {
                     if (cell.shape.boundingRect().adjusted(-3, -3, 3, 3).contains(centre)) {
                         nearEdge |= distanceToEdges(cell.shape, centre) < 2;
                         if (cell.shape.containsPoint(centre, Qt::OddEvenFill)) {
-                            const double distance = eyeDistance(scene, cell.corner);
+                            const double distance = eyeDistance(scene, plan.points, cell.corner);
                             if (top == nullptr || distance < nearest) {
                                 top = &cell;
                                 nearest = distance;
@@ -378,6 +380,26 @@ TEST(SurfacePainter, VectorOutputIsCompactAndSeamless) {
     }
     EXPECT_GT(inside, 50000);
     EXPECT_EQ(seams, 0);
+}
+
+// Copy and Save paint the scene while the screen's redraw is under way: the export, of another
+// size, must leave the points the screen's plan draws with where they were.
+TEST_P(SurfacePainterTest, ExportLeavesTheScreensProjection) {
+    SurfaceScene scene;
+    ASSERT_EQ(computeFor(scene, "x*y", -1, 1, -1, 1, nullptr, 10), SurfaceOutcome::Done);
+    const DrawingPlan screen = prepareDrawing(scene, 400, 300);
+    const auto corners = [&] {
+        CellRecorder recorder;
+        drawLines(scene, screen, 0, lineCount(scene, screen.pass), recorder);
+        std::vector<std::pair<int, int>> points;
+        for (const DrawnCell& cell : recorder.cells) {
+            points.emplace_back(cell.corner.x, cell.corner.y);
+        }
+        return points;
+    };
+    const auto before = corners();
+    rendered(scene, GetParam(), {900, 700}, {900, 700});
+    EXPECT_EQ(corners(), before);
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
 #include "engine/Preparation.h"
-#include "graph3d/ui/SurfaceComputation.h"
+#include "graph3d/SurfaceComputation.h"
 #include "graph3d/ui/SurfacePainter.h"
 #include "tests/support/RecordingReporter.h"
 #include "worker/ui/Worker.h"

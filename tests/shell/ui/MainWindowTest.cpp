@@ -24,7 +24,7 @@
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
-#include "graph3d/ui/SurfaceComputation.h"
+#include "graph3d/SurfaceComputation.h"
 #include "history/HistoryPort.h"
 #include "history/ui/EntryReportList.h"
 #include "history/ui/HistoryCommands.h"

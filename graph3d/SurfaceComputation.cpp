@@ -1,4 +1,4 @@
-#include "graph3d/ui/SurfaceComputation.h"
+#include "graph3d/SurfaceComputation.h"
 
 #include <algorithm>
 
