@@ -56,8 +56,7 @@ int writeGraphImage(const std::string& path, ImageFormat format, const PageDrawi
         const long long megabytes =
             (bytesPerPixel * pixels.width() * pixels.height() + (1 << 20) - 1) >> 20;
         out << "CANNOT WRITE " << cli::quoted(path) << ": not enough memory for a "
-            << pixels.width() << 'x' << pixels.height() << " picture (" << megabytes << " MB)
-";
+            << pixels.width() << 'x' << pixels.height() << " picture (" << megabytes << " MB)\n";
         return kExitRefused;
     }
     std::optional<std::string> failure;
