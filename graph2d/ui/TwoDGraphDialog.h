@@ -9,6 +9,7 @@
 #include "engine/ExpressionSlot.h"
 #include "engine/NumberEntry.h"
 #include "failure/ProcedureNames.h"
+#include "graph2d/GraphEntries.h"
 #include "graph2d/SamplingControl.h"
 
 class QCheckBox;
@@ -42,8 +43,6 @@ inline constexpr int kHistory = 1063;
 inline constexpr int kHistoryList = 1037;
 }  // namespace twod_ids
 
-inline constexpr const char* kMsgBeginNotLessThanEnd = "X_BEG MUST BE LESS THAN X_END";
-inline constexpr const char* kMsgSameFunction = "YOU MUST SELECT A DIFFERENT FUNCTION";
 // Our own: the one worker runs one computation at a time, and a second request is refused.
 inline constexpr const char* kMsgWorkerBusy =
     "ANOTHER COMPUTATION IS RUNNING.\nWAIT FOR IT TO END OR STOP IT FIRST.";
@@ -133,8 +132,8 @@ class TwoDGraphDialog : public QDialog, public FailureScope {
     QPushButton* historyListButton_ = nullptr;
 
     // The range boxes keep their value between readings while their text is unchanged.
-    NumberBox xBeginBox_{"X_BEG"};
-    NumberBox xEndBox_{"X_END"};
+    NumberBox xBeginBox_{kXBeginBoxName};
+    NumberBox xEndBox_{kXEndBoxName};
 
     // This dialog's own run is on the worker (another window's may be).
     bool running_ = false;

@@ -51,8 +51,6 @@ inline constexpr int kHelp = 9;
 inline constexpr int kUsePrompts = 1049;
 }  // namespace twovar_ids
 
-inline constexpr const char* kMsgXBegNotLess = "X BEG MUST BE LESS THAN X END";
-inline constexpr const char* kMsgYBegNotLess = "Y BEG MUST BE LESS THAN Y END";
 // Our own: the status bar's word while no surface computation is wired in.
 inline constexpr const char* kMsgSurfacesNotDrawn =
     "Surfaces are not drawn yet: the entry was checked and kept in the history.";
