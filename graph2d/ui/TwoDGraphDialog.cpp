@@ -36,32 +36,28 @@ QString idName(int id) {
 
 TwoDGraphDialog::TwoDGraphDialog(TwoDGraphRole role, Formula& formula, TwoDGraph& graph,
                                  GraphView& view, Worker& worker, QWidget* parent)
-    : QDialog(parent), role_(role), formula_(formula), graph_(graph), view_(view), worker_(worker) {
+    : QDialog(parent),
+      role_(role),
+      formula_(formula),
+      graph_(graph),
+      view_(view),
+      job_(
+          worker, this,
+          [this](int percent) {
+              if (running_) {
+                  progress_->setValue(percent);
+              }
+          },
+          [this](bool completed) {
+              if (running_) {
+                  finishRun(completed);
+              }
+          }) {
     setWindowTitle(role == TwoDGraphRole::Main ? QStringLiteral("Function")
                                                : QStringLiteral("Second Function"));
     buildControls();
     setHistoryHooks({});
     setRunning(false);
-    connect(&worker_, &Worker::progressChanged, this, [this](int percent) {
-        if (running_) {
-            progress_->setValue(percent);
-        }
-    });
-    connect(&worker_, &Worker::finished, this, [this](bool completed) {
-        if (running_) {
-            finishRun(completed);
-        }
-    });
-}
-
-// The job reads this dialog's members, so a run still going on must end first.
-TwoDGraphDialog::~TwoDGraphDialog() {
-    if (running_) {
-        worker_.stop();
-        while (worker_.isBusy()) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
-    }
 }
 
 void TwoDGraphDialog::buildControls() {
@@ -269,9 +265,7 @@ void TwoDGraphDialog::accept() {
     if (isRunning()) {
         return;
     }
-    if (worker_.isBusy()) {
-        QMessageBox::information(this, QString::fromLatin1(kBoxCaption),
-                                 QString::fromLatin1(kMsgWorkerBusy));
+    if (job_.refuseWhileBusy(kBoxCaption)) {
         return;
     }
     const std::string typed = formulaEdit_->text().toStdString();
@@ -332,11 +326,11 @@ void TwoDGraphDialog::startRun(const std::string& typedFormula, double xBegin, d
     graph_.computingSecond = role_ == TwoDGraphRole::Second;
     formula_.useSecondFunction = role_ == TwoDGraphRole::Second;
 
-    const bool started = worker_.start(kProcTwoDGraphDialog, formula_.keepComputing,
-                                       [this](const JobContext& context) {
-                                           control_.progress = context.progress;
-                                           return sampleOnWorker();
-                                       });
+    const bool started =
+        job_.start(kProcTwoDGraphDialog, formula_.keepComputing, [this](const JobContext& context) {
+            control_.progress = context.progress;
+            return sampleOnWorker();
+        });
     if (!started) {
         // accept() checked the worker just before; nothing else can start it in between.
         running_ = false;
@@ -395,7 +389,7 @@ void TwoDGraphDialog::finishRun(bool completed) {
 
 void TwoDGraphDialog::stop() {
     if (isRunning()) {
-        worker_.stop();
+        job_.stop();
     }
 }
 

@@ -30,8 +30,6 @@ namespace {
 constexpr int kEditLength = 99;
 constexpr int kPointsUnit = 100;
 // Our own: the one worker runs one computation at a time, and a second request is refused.
-constexpr const char* kMsgBusy =
-    "ANOTHER COMPUTATION IS RUNNING.\nWAIT FOR IT TO END OR STOP IT FIRST.";
 
 QString idName(int id) {
     return QString::number(id);
@@ -67,30 +65,18 @@ TwoVariableWindow::TwoVariableWindow(Formula& formula, TwoVariableSettings& sett
     : QDialog(parent),
       formula_(formula),
       settings_(settings),
-      worker_(worker),
       surface_(surface),
-      equation_(equation) {
+      equation_(equation),
+      job_(
+          worker, this,
+          [this](int percent) {
+              if (running_) {
+                  progress_->setValue(percent);
+              }
+          },
+          [this](bool completed) { computationEnded(completed); }) {
     buildControls();
-    connect(&worker_, &Worker::progressChanged, this, [this](int percent) {
-        if (running_) {
-            progress_->setValue(percent);
-        }
-    });
-    connect(&worker_, &Worker::finished, this, &TwoVariableWindow::computationEnded);
     prepare(TwoVariableMode::kEquation);
-}
-
-// The job works on the computation's data, so a run still going on must end first.
-TwoVariableWindow::~TwoVariableWindow() {
-    if (running_) {
-        // Its end must not reach a window (and a shell) half taken down.
-        disconnect(&worker_, nullptr, this, nullptr);
-        running_ = false;
-        worker_.stop();
-        while (worker_.isBusy()) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
-    }
 }
 
 void TwoVariableWindow::buildControls() {
@@ -343,9 +329,7 @@ void TwoVariableWindow::accept() {
     if (running_) {
         return;
     }
-    if (worker_.isBusy()) {
-        QMessageBox::information(this, QString::fromLatin1(kBoxCaption),
-                                 QString::fromLatin1(kMsgBusy));
+    if (job_.refuseWhileBusy(kBoxCaption)) {
         return;
     }
     const std::string typed = formulaEdit_->text().toStdString();
@@ -404,7 +388,7 @@ void TwoVariableWindow::accept() {
     request.formulaText = typed;
     running_ = true;
     previousSlot_ = previousSlot;
-    if (!worker_.start(kProcEquationWindow, formula_.keepComputing, work->makeJob(request))) {
+    if (!job_.start(kProcEquationWindow, formula_.keepComputing, work->makeJob(request))) {
         running_ = false;
         formula_.slots[kTwoVariableSlot] = previousSlot;
         setInputsEnabled(true);
@@ -439,7 +423,7 @@ void TwoVariableWindow::computationEnded(bool completed) {
 void TwoVariableWindow::stop() {
     if (running_) {
         stopButton_->setEnabled(false);
-        worker_.stop();
+        job_.stop();
     }
 }
 

@@ -10,6 +10,7 @@
 #include "failure/ProcedureNames.h"
 #include "twovar/TwoVariableComputation.h"
 #include "twovar/TwoVariableSettings.h"
+#include "worker/ui/WindowJob.h"
 
 class QCheckBox;
 class QLabel;
@@ -62,7 +63,6 @@ class TwoVariableWindow : public QDialog, public FailureScope {
     TwoVariableWindow(Formula& formula, TwoVariableSettings& settings, Worker& worker,
                       TwoVariableComputation* surface, TwoVariableComputation* equation,
                       QWidget* parent = nullptr);
-    ~TwoVariableWindow() override;
 
     ProcedureName procedureName() const override { return kProcEquationWindow; }
     // Null leaves "History" disabled and records nothing.
@@ -112,7 +112,6 @@ class TwoVariableWindow : public QDialog, public FailureScope {
 
     Formula& formula_;
     TwoVariableSettings& settings_;
-    Worker& worker_;
     TwoVariableComputation* surface_;
     TwoVariableComputation* equation_;
     HistoryPort* history_ = nullptr;
@@ -141,6 +140,8 @@ class TwoVariableWindow : public QDialog, public FailureScope {
     QPushButton* cancelButton_ = nullptr;
     QPushButton* historyButton_ = nullptr;
     QCheckBox* usePrompts_ = nullptr;
+    // Last: it stops and waits for a job still running, which reads the members above.
+    WindowJob job_;
 };
 
 }  // namespace curvemill
