@@ -3,11 +3,10 @@
 #include "cli/Command.h"
 #include "cli/FormulaArguments.h"
 #include "cli/Printable.h"
-#include "engine/FormulaCheck.h"
 #include "engine/NumberEntry.h"
-#include "engine/Preparation.h"
 #include "graph2d/CurveSampler.h"
 #include "graph2d/DerivativeCurve.h"
+#include "graph2d/GraphEntries.h"
 #include "mathtools/IntegralCurve.h"
 
 namespace curvemill::cli {
@@ -100,23 +99,17 @@ std::optional<GraphRequest> graphRequest(const ParsedArguments& arguments, std::
 
 std::optional<std::string> computeGraph(const GraphRequest& request, Formula& formula,
                                         TwoDGraph& graph) {
-    const NumberReading begin = readNumberEntry(formula, request.xBegin, "X_BEG");
-    if (!begin.ok) {
-        return begin.message;
-    }
-    const NumberReading end = readNumberEntry(formula, request.xEnd, "X_END");
-    if (!end.ok) {
-        return end.message;
-    }
-    if (!(begin.value < end.value)) {
-        return std::string("X_BEG MUST BE LESS THAN X_END");
-    }
+    NumberBox xBegin(kXBeginBoxName);
+    NumberBox xEnd(kXEndBoxName);
+    xBegin.setText(request.xBegin);
+    xEnd.setText(request.xEnd);
     const std::string& typed = request.formula;
-    if (!prepareFormula(formula, typed, kModeFunction)) {
-        return composeBoxError("FORMULA", formula.errorText);
+    const GraphEntries entries = checkGraphEntries(formula, xBegin, xEnd, typed);
+    if (entries.refusal) {
+        return entries.refusal->message;
     }
-    graph.xBegin = begin.value;
-    graph.xEnd = end.value;
+    graph.xBegin = entries.xBegin;
+    graph.xEnd = entries.xEnd;
     graph.pointsPerRun = request.points;
     graph.mainFormulaText = typed;
     graph.computingSecond = false;
@@ -124,11 +117,11 @@ std::optional<std::string> computeGraph(const GraphRequest& request, Formula& fo
 
     if (request.secondFormula) {
         const std::string& second = *request.secondFormula;
-        if (second == typed) {
-            return std::string("YOU MUST SELECT A DIFFERENT FUNCTION");
-        }
-        if (!prepareFormula(formula, second, kModeSecondFunction)) {
-            return composeBoxError("FORMULA", formula.errorText);
+        // The dialog's checks again, as the Second Function dialog makes them over the same range.
+        const GraphEntries secondEntries =
+            checkGraphEntries(formula, xBegin, xEnd, second, std::string_view(typed));
+        if (secondEntries.refusal) {
+            return secondEntries.refusal->message;
         }
         graph.secondFormulaText = second;
         graph.computingSecond = true;

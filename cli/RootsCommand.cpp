@@ -35,37 +35,6 @@ CommandSyntax rootsSyntax() {
             "message is printed), 2 wrong command line.\n"};
 }
 
-// Reads the four range boxes and the equation in the Equation window's order.
-std::optional<std::string> readEquation(Formula& formula, const ParsedArguments& arguments,
-                                        const std::string& typed, RootRange& range) {
-    const struct {
-        const char* option;
-        const char* box;
-        double* value;
-    } boxes[] = {{"x-begin", "X_BEG", &range.xBegin},
-                 {"x-end", "X_END", &range.xEnd},
-                 {"y-begin", "Y BEG", &range.yBegin},
-                 {"y-end", "Y END", &range.yEnd}};
-    for (const auto& box : boxes) {
-        const NumberReading reading =
-            readNumberEntry(formula, arguments.value(box.option).value_or(""), box.box);
-        if (!reading.ok) {
-            return reading.message;
-        }
-        *box.value = reading.value;
-        if (box.value == &range.xEnd && !(range.xBegin < range.xEnd)) {
-            return std::string(kXOrder);
-        }
-        if (box.value == &range.yEnd && !(range.yBegin < range.yEnd)) {
-            return std::string(kYOrder);
-        }
-    }
-    if (!prepareFormula(formula, typed, kModeTwoVariables)) {
-        return composeBoxError("FORMULA", formula.errorText);
-    }
-    return std::nullopt;
-}
-
 int runRoots(const ParsedArguments& parsed, std::ostream& out, std::ostream& err) {
     ParsedArguments arguments = parsed;
     const CommandSyntax syntax = rootsSyntax();
@@ -93,11 +62,12 @@ int runRoots(const ParsedArguments& parsed, std::ostream& out, std::ostream& err
         return kExitUsage;
     }
     Formula formula;
-    RootRange range;
-    if (const auto refusal = readEquation(formula, arguments, *typed, range)) {
+    TwoVariableRange entries;
+    if (const auto refusal = readTwoVariableEntries(formula, arguments, *typed, entries)) {
         out << *refusal << '\n';
         return kExitRefused;
     }
+    const RootRange range{entries.xBegin, entries.xEnd, entries.yBegin, entries.yEnd};
     const RootKind kind = fixedY ? RootKind::kX : RootKind::kY;
     const NumberReading fixed = readNumberEntry(
         formula, fixedY ? *fixedY : *fixedX, fixedY ? math_messages::kBoxY : math_messages::kBoxX);

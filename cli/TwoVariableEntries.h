@@ -12,10 +12,6 @@ class Formula;
 
 namespace curvemill::cli {
 
-// The window's ordering messages; its box names have a blank for the y range.
-inline constexpr const char* kXOrder = "X BEG MUST BE LESS THAN X END";
-inline constexpr const char* kYOrder = "Y BEG MUST BE LESS THAN Y END";
-
 struct TwoVariableRange {
     double xBegin = 0;
     double xEnd = 0;

@@ -29,7 +29,21 @@ QString idName(int id) {
 
 EquationInformationPanel::EquationInformationPanel(Formula& formula, const GraphView& view,
                                                    Worker& worker, QWidget* parent)
-    : QWidget(parent), formula_(formula), view_(view), worker_(worker) {
+    : QWidget(parent),
+      formula_(formula),
+      view_(view),
+      job_(
+          worker, this,
+          [this](int percent) {
+              if (running_) {
+                  progress_->setValue(percent);
+              }
+          },
+          [this](bool completed) {
+              if (running_) {
+                  finish(completed);
+              }
+          }) {
     // Shares the Information dialog's display name; help finds the equation's topic by this name.
     setObjectName(QStringLiteral("equationInformation"));
     yEdit_ = new QLineEdit(this);
@@ -90,27 +104,6 @@ EquationInformationPanel::EquationInformationPanel(Formula& formula, const Graph
             fillList();
         }
     });
-    connect(&worker_, &Worker::progressChanged, this, [this](int percent) {
-        if (running_) {
-            progress_->setValue(percent);
-        }
-    });
-    connect(&worker_, &Worker::finished, this, [this](bool completed) {
-        if (running_) {
-            finish(completed);
-        }
-    });
-}
-
-EquationInformationPanel::~EquationInformationPanel() {
-    if (running_) {
-        disconnect(&worker_, nullptr, this, nullptr);
-        running_ = false;
-        worker_.stop();
-        while (worker_.isBusy()) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
-    }
 }
 
 void EquationInformationPanel::findX() {
@@ -132,11 +125,7 @@ void EquationInformationPanel::scan(RootKind kind) {
         box->setFocus();
         box->selectAll();
     };
-    if (worker_.isBusy()) {
-        QMessageBox::information(
-            this, QString(),
-            QStringLiteral(
-                "ANOTHER COMPUTATION IS RUNNING.\nWAIT FOR IT TO END OR STOP IT FIRST."));
+    if (job_.refuseWhileBusy(kBoxCaption)) {
         return;
     }
     const NumberReading reading =
@@ -158,7 +147,7 @@ void EquationInformationPanel::scan(RootKind kind) {
     running_ = true;
     setInputsEnabled(false);
     const bool started =
-        worker_.start(kProcInformationDialog, formula_.keepComputing, [this](const JobContext& c) {
+        job_.start(kProcInformationDialog, formula_.keepComputing, [this](const JobContext& c) {
             control_.progress = c.progress;
             control_.stopRequested = nullptr;
             result_ = findRoots(formula_, kind_, fixed_, range_, control_);
@@ -199,7 +188,7 @@ void EquationInformationPanel::fillList() {
 void EquationInformationPanel::stop() {
     if (running_) {
         stop_->setEnabled(false);
-        worker_.stop();
+        job_.stop();
     }
 }
 

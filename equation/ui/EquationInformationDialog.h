@@ -11,6 +11,7 @@
 #include "failure/ProcedureNames.h"
 #include "graph2d/SamplingControl.h"
 #include "mathtools/RootScan.h"
+#include "worker/ui/WindowJob.h"
 
 class QCheckBox;
 class QLineEdit;
@@ -42,7 +43,6 @@ class EquationInformationPanel : public QWidget, public FailureScope {
   public:
     EquationInformationPanel(Formula& formula, const GraphView& view, Worker& worker,
                              QWidget* parent = nullptr);
-    ~EquationInformationPanel() override;
     ProcedureName procedureName() const override { return kProcInformationDialog; }
     bool isRunning() const { return running_; }
     // Most lines the list takes; the rest is refused with a warning. A setting for tests.
@@ -65,7 +65,6 @@ class EquationInformationPanel : public QWidget, public FailureScope {
 
     Formula& formula_;
     const GraphView& view_;
-    Worker& worker_;
     QLineEdit* yEdit_;
     QLineEdit* xEdit_;
     QPushButton* findX_;
@@ -84,6 +83,8 @@ class EquationInformationPanel : public QWidget, public FailureScope {
     RootScanResult result_;
     QLineEdit* typedBox_ = nullptr;
     QString typedText_;
+    // Last: it stops and waits for a job still running, which reads the members above.
+    WindowJob job_;
 };
 
 class EquationInformationDialog : public QDialog, public FailureScope {

@@ -12,9 +12,7 @@
 #include <QVBoxLayout>
 
 #include "engine/Formula.h"
-#include "engine/FormulaCheck.h"
 #include "engine/NumberEntry.h"
-#include "engine/Preparation.h"
 #include "engine/ui/EntryErrorBox.h"
 #include "engine/ui/LogBaseDialog.h"
 #include "graph2d/CurveSampler.h"
@@ -38,32 +36,28 @@ QString idName(int id) {
 
 TwoDGraphDialog::TwoDGraphDialog(TwoDGraphRole role, Formula& formula, TwoDGraph& graph,
                                  GraphView& view, Worker& worker, QWidget* parent)
-    : QDialog(parent), role_(role), formula_(formula), graph_(graph), view_(view), worker_(worker) {
+    : QDialog(parent),
+      role_(role),
+      formula_(formula),
+      graph_(graph),
+      view_(view),
+      job_(
+          worker, this,
+          [this](int percent) {
+              if (running_) {
+                  progress_->setValue(percent);
+              }
+          },
+          [this](bool completed) {
+              if (running_) {
+                  finishRun(completed);
+              }
+          }) {
     setWindowTitle(role == TwoDGraphRole::Main ? QStringLiteral("Function")
                                                : QStringLiteral("Second Function"));
     buildControls();
     setHistoryHooks({});
     setRunning(false);
-    connect(&worker_, &Worker::progressChanged, this, [this](int percent) {
-        if (running_) {
-            progress_->setValue(percent);
-        }
-    });
-    connect(&worker_, &Worker::finished, this, [this](bool completed) {
-        if (running_) {
-            finishRun(completed);
-        }
-    });
-}
-
-// The job reads this dialog's members, so a run still going on must end first.
-TwoDGraphDialog::~TwoDGraphDialog() {
-    if (running_) {
-        worker_.stop();
-        while (worker_.isBusy()) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
-    }
 }
 
 void TwoDGraphDialog::buildControls() {
@@ -271,55 +265,32 @@ void TwoDGraphDialog::accept() {
     if (isRunning()) {
         return;
     }
-    if (worker_.isBusy()) {
-        QMessageBox::information(this, QString::fromLatin1(kBoxCaption),
-                                 QString::fromLatin1(kMsgWorkerBusy));
+    if (job_.refuseWhileBusy(kBoxCaption)) {
         return;
     }
-    const NumberReading xBegin = xBeginBox_.read(formula_);
-    if (!xBegin.ok) {
-        failEntry(xBegin.message, xBeginEdit_, true);
-        return;
-    }
-    const NumberReading xEnd = xEndBox_.read(formula_);
-    if (!xEnd.ok) {
-        failEntry(xEnd.message, xEndEdit_, true);
-        return;
-    }
-    if (!(xBegin.value < xEnd.value)) {
-        failEntry(kMsgBeginNotLessThanEnd, xBeginEdit_);
-        return;
-    }
-    std::string typed = formulaEdit_->text().toStdString();
-    if (role_ == TwoDGraphRole::Second) {
-        std::string first = graph_.mainFormulaText;
-        std::string second = typed;
-        removeBlanks(first);
-        removeBlanks(second);
-        if (second == first) {
-            failEntry(kMsgSameFunction, formulaEdit_);
-            return;
-        }
-    }
-    if (typed.find("log") != std::string::npos) {
-        LogBaseDialog(formula_, this).exec();
-    }
+    const std::string typed = formulaEdit_->text().toStdString();
     // A stopped run of the main function must leave the graph on screen as it was.
     const int slot = role_ == TwoDGraphRole::Main ? kFunctionSlot : kSecondFunctionSlot;
     previousSlot_ = formula_.slots[slot];
-    formula_.errorText.clear();
-    // Checked strictly, as every dialog checks: a text the lenient check lets through (an open
-    // bracket) would reach the history, and the history must hold only what it can read back.
-    if (!prepareFormula(formula_, typed,
-                        role_ == TwoDGraphRole::Main ? kModeFunction : kModeSecondFunction)) {
-        if (formula_.errorText.empty()) {
-            formulaEdit_->setFocus();
+    const GraphEntries entries = checkGraphEntries(
+        formula_, xBeginBox_, xEndBox_, typed,
+        role_ == TwoDGraphRole::Second ? std::optional<std::string_view>(graph_.mainFormulaText)
+                                       : std::nullopt,
+        [this] { LogBaseDialog(formula_, this).exec(); });
+    if (const auto& refusal = entries.refusal) {
+        QLineEdit* box = refusal->box == GraphEntryBox::kXBegin ? xBeginEdit_
+                         : refusal->box == GraphEntryBox::kXEnd ? xEndEdit_
+                                                                : formulaEdit_;
+        // A formula check that stopped without a message of its own only returns to the box.
+        if (refusal->box == GraphEntryBox::kFormula && refusal->explained &&
+            formula_.errorText.empty()) {
+            box->setFocus();
             return;
         }
-        failEntry(composeBoxError("FORMULA", formula_.errorText), formulaEdit_, true);
+        failEntry(refusal->message, box, refusal->explained);
         return;
     }
-    startRun(typed, xBegin.value, xEnd.value);
+    startRun(typed, entries.xBegin, entries.xEnd);
 }
 
 void TwoDGraphDialog::startRun(const std::string& typedFormula, double xBegin, double xEnd) {
@@ -355,11 +326,11 @@ void TwoDGraphDialog::startRun(const std::string& typedFormula, double xBegin, d
     graph_.computingSecond = role_ == TwoDGraphRole::Second;
     formula_.useSecondFunction = role_ == TwoDGraphRole::Second;
 
-    const bool started = worker_.start(kProcTwoDGraphDialog, formula_.keepComputing,
-                                       [this](const JobContext& context) {
-                                           control_.progress = context.progress;
-                                           return sampleOnWorker();
-                                       });
+    const bool started =
+        job_.start(kProcTwoDGraphDialog, formula_.keepComputing, [this](const JobContext& context) {
+            control_.progress = context.progress;
+            return sampleOnWorker();
+        });
     if (!started) {
         // accept() checked the worker just before; nothing else can start it in between.
         running_ = false;
@@ -418,7 +389,7 @@ void TwoDGraphDialog::finishRun(bool completed) {
 
 void TwoDGraphDialog::stop() {
     if (isRunning()) {
-        worker_.stop();
+        job_.stop();
     }
 }
 

@@ -9,7 +9,9 @@
 #include "engine/ExpressionSlot.h"
 #include "engine/NumberEntry.h"
 #include "failure/ProcedureNames.h"
+#include "graph2d/GraphEntries.h"
 #include "graph2d/SamplingControl.h"
+#include "worker/ui/WindowJob.h"
 
 class QCheckBox;
 class QLabel;
@@ -42,12 +44,6 @@ inline constexpr int kHistory = 1063;
 inline constexpr int kHistoryList = 1037;
 }  // namespace twod_ids
 
-inline constexpr const char* kMsgBeginNotLessThanEnd = "X_BEG MUST BE LESS THAN X_END";
-inline constexpr const char* kMsgSameFunction = "YOU MUST SELECT A DIFFERENT FUNCTION";
-// Our own: the one worker runs one computation at a time, and a second request is refused.
-inline constexpr const char* kMsgWorkerBusy =
-    "ANOTHER COMPUTATION IS RUNNING.\nWAIT FOR IT TO END OR STOP IT FIRST.";
-
 enum class TwoDGraphRole { Main, Second };
 
 // The three boxes' texts as they stand, for the history to locate.
@@ -74,7 +70,6 @@ class TwoDGraphDialog : public QDialog, public FailureScope {
   public:
     TwoDGraphDialog(TwoDGraphRole role, Formula& formula, TwoDGraph& graph, GraphView& view,
                     Worker& worker, QWidget* parent = nullptr);
-    ~TwoDGraphDialog() override;
 
     ProcedureName procedureName() const override { return kProcTwoDGraphDialog; }
     void setHistoryHooks(TwoDGraphHistoryHooks hooks);
@@ -116,7 +111,6 @@ class TwoDGraphDialog : public QDialog, public FailureScope {
     Formula& formula_;
     TwoDGraph& graph_;
     GraphView& view_;
-    Worker& worker_;
     TwoDGraphHistoryHooks hooks_;
 
     QLineEdit* xBeginEdit_ = nullptr;
@@ -133,8 +127,8 @@ class TwoDGraphDialog : public QDialog, public FailureScope {
     QPushButton* historyListButton_ = nullptr;
 
     // The range boxes keep their value between readings while their text is unchanged.
-    NumberBox xBeginBox_{"X_BEG"};
-    NumberBox xEndBox_{"X_END"};
+    NumberBox xBeginBox_{kXBeginBoxName};
+    NumberBox xEndBox_{kXEndBoxName};
 
     // This dialog's own run is on the worker (another window's may be).
     bool running_ = false;
@@ -149,6 +143,8 @@ class TwoDGraphDialog : public QDialog, public FailureScope {
     std::string runFormulaText_;
     std::string runXBeginText_;
     std::string runXEndText_;
+    // Last: it stops and waits for a job still running, which reads the members above.
+    WindowJob job_;
 };
 
 }  // namespace curvemill

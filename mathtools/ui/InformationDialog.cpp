@@ -7,9 +7,9 @@
 #include <QVBoxLayout>
 
 #include "engine/NumberEntry.h"
-#include "graph2d/ui/TwoDGraphDialog.h"
 #include "mathtools/ui/FunctionValuePage.h"
 #include "mathtools/ui/MathControlIds.h"
+#include "worker/ui/WindowJob.h"
 #include "worker/ui/Worker.h"
 
 namespace curvemill {

@@ -18,7 +18,6 @@
 #include "graph2d/DerivativeCurve.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
-#include "graph2d/ui/TwoDGraphDialog.h"
 #include "mathtools/Integral.h"
 #include "mathtools/IntegralCurve.h"
 #include "mathtools/MathTexts.h"
@@ -46,30 +45,25 @@ QString spanText(double v, const DefinedSpan& span) {
 
 MathDialog::MathDialog(Formula& formula, TwoDGraph& graph, GraphView& view, Worker& worker,
                        QWidget* parent)
-    : QDialog(parent), formula_(formula), graph_(graph), view_(view), worker_(worker) {
+    : QDialog(parent),
+      formula_(formula),
+      graph_(graph),
+      view_(view),
+      job_(
+          worker, this,
+          [this](int percent) {
+              if (isRunning()) {
+                  progress_->setValue(percent);
+              }
+          },
+          [this](bool completed) {
+              if (isRunning()) {
+                  finishRun(completed);
+              }
+          }) {
     setWindowTitle(QStringLiteral("Math"));
     buildControls();
     setRunning(false);
-    connect(&worker_, &Worker::progressChanged, this, [this](int percent) {
-        if (isRunning()) {
-            progress_->setValue(percent);
-        }
-    });
-    connect(&worker_, &Worker::finished, this, [this](bool completed) {
-        if (isRunning()) {
-            finishRun(completed);
-        }
-    });
-}
-
-// The job reads this dialog's members, so a run still going on must end first.
-MathDialog::~MathDialog() {
-    if (isRunning()) {
-        worker_.stop();
-        while (worker_.isBusy()) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
-    }
 }
 
 void MathDialog::buildControls() {
@@ -197,12 +191,7 @@ bool MathDialog::refuseWhileBusy() {
         return true;
     }
     // The tools read the curve and the formula engine a computation there would be using.
-    if (worker_.isBusy()) {
-        QMessageBox::information(this, QString::fromLatin1(kBoxCaption),
-                                 QString::fromLatin1(kMsgWorkerBusy));
-        return true;
-    }
-    return false;
+    return job_.refuseWhileBusy(kBoxCaption);
 }
 
 void MathDialog::accept() {
@@ -270,7 +259,7 @@ void MathDialog::startRun(Run run) {
     run_ = run;
     setRunning(true);
     const bool started =
-        worker_.start(kProcMathDialog, formula_.keepComputing, [this](const JobContext& context) {
+        job_.start(kProcMathDialog, formula_.keepComputing, [this](const JobContext& context) {
             control_.progress = context.progress;
             if (run_ == Run::kDerivative) {
                 return buildDerivativeCurve(curveRun_, formula_, control_);
@@ -333,7 +322,7 @@ void MathDialog::finishCurve(Run run, bool completed) {
 
 void MathDialog::stop() {
     if (isRunning()) {
-        worker_.stop();
+        job_.stop();
     }
 }
 

@@ -12,6 +12,7 @@
 #include "graph2d/TwoDGraph.h"
 #include "mathtools/IntegralState.h"
 #include "mathtools/MathMessages.h"
+#include "worker/ui/WindowJob.h"
 
 class QCheckBox;
 class QLineEdit;
@@ -30,7 +31,6 @@ class MathDialog : public QDialog, public FailureScope {
   public:
     MathDialog(Formula& formula, TwoDGraph& graph, GraphView& view, Worker& worker,
                QWidget* parent = nullptr);
-    ~MathDialog() override;
 
     ProcedureName procedureName() const override { return kProcMathDialog; }
     bool isRunning() const { return run_ != Run::kNone; }
@@ -77,7 +77,6 @@ class MathDialog : public QDialog, public FailureScope {
     Formula& formula_;
     TwoDGraph& graph_;
     GraphView& view_;
-    Worker& worker_;
 
     QLineEdit* xBeginEdit_ = nullptr;
     QLineEdit* xEndEdit_ = nullptr;
@@ -109,6 +108,8 @@ class MathDialog : public QDialog, public FailureScope {
     int seenCount_ = -1;
     double seenXBegin_ = 0.0;
     double seenXEnd_ = 0.0;
+    // Last: it stops and waits for a job still running, which reads the members above.
+    WindowJob job_;
 };
 
 }  // namespace curvemill

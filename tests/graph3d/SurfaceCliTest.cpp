@@ -57,11 +57,6 @@ TEST(SurfaceCli, WindowMessagesAndUsageErrors) {
     } cases[] = {
         {"surface x --summary --x-begin 1 --x-end 1 --y-begin 0 --y-end 1",
          "X BEG MUST BE LESS THAN X END\n", 1},
-        {"surface x --summary --x-begin 2*x --x-end 1 --y-begin 0 --y-end 1",
-         "ERROR IN X_BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT\n", 1},
-        {"surface x --summary --x-begin 0 --x-end 1 --y-begin x --y-end 1",
-         "ERROR IN Y BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT\n", 1},
-        {"surface sin( --summary" + kSquare, nullptr, 1},
         {"surface x --summary --nx 50" + kSquare, "", 2},
         {"surface x --summary --ny 501" + kSquare, "", 2},
         {"surface x --summary --mode dots" + kSquare, "", 2},

@@ -17,10 +17,10 @@
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
 #include "engine/NumberEntry.h"
-#include "engine/Preparation.h"
 #include "engine/ui/EntryErrorBox.h"
 #include "engine/ui/LogBaseDialog.h"
 #include "history/HistoryPort.h"
+#include "twovar/TwoVariableEntries.h"
 #include "worker/ui/Worker.h"
 
 namespace curvemill {
@@ -30,8 +30,6 @@ namespace {
 constexpr int kEditLength = 99;
 constexpr int kPointsUnit = 100;
 // Our own: the one worker runs one computation at a time, and a second request is refused.
-constexpr const char* kMsgBusy =
-    "ANOTHER COMPUTATION IS RUNNING.\nWAIT FOR IT TO END OR STOP IT FIRST.";
 
 QString idName(int id) {
     return QString::number(id);
@@ -67,30 +65,18 @@ TwoVariableWindow::TwoVariableWindow(Formula& formula, TwoVariableSettings& sett
     : QDialog(parent),
       formula_(formula),
       settings_(settings),
-      worker_(worker),
       surface_(surface),
-      equation_(equation) {
+      equation_(equation),
+      job_(
+          worker, this,
+          [this](int percent) {
+              if (running_) {
+                  progress_->setValue(percent);
+              }
+          },
+          [this](bool completed) { computationEnded(completed); }) {
     buildControls();
-    connect(&worker_, &Worker::progressChanged, this, [this](int percent) {
-        if (running_) {
-            progress_->setValue(percent);
-        }
-    });
-    connect(&worker_, &Worker::finished, this, &TwoVariableWindow::computationEnded);
     prepare(TwoVariableMode::kEquation);
-}
-
-// The job works on the computation's data, so a run still going on must end first.
-TwoVariableWindow::~TwoVariableWindow() {
-    if (running_) {
-        // Its end must not reach a window (and a shell) half taken down.
-        disconnect(&worker_, nullptr, this, nullptr);
-        running_ = false;
-        worker_.stop();
-        while (worker_.isBusy()) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
-    }
 }
 
 void TwoVariableWindow::buildControls() {
@@ -343,53 +329,29 @@ void TwoVariableWindow::accept() {
     if (running_) {
         return;
     }
-    if (worker_.isBusy()) {
-        QMessageBox::information(this, QString::fromLatin1(kBoxCaption),
-                                 QString::fromLatin1(kMsgBusy));
+    if (job_.refuseWhileBusy(kBoxCaption)) {
         return;
     }
-    const auto read = [this](QLineEdit* edit, const char* name) {
-        return readNumberEntry(formula_, edit->text().toStdString(), name);
-    };
-    const NumberReading xBegin = read(xBeginEdit_, "X_BEG");
-    if (!xBegin.ok) {
-        return refuse(QString::fromStdString(xBegin.message), xBeginEdit_);
-    }
-    const NumberReading xEnd = read(xEndEdit_, "X_END");
-    if (!xEnd.ok) {
-        return refuse(QString::fromStdString(xEnd.message), xEndEdit_);
-    }
-    if (!(xBegin.value < xEnd.value)) {
-        return fail(QString::fromLatin1(kMsgXBegNotLess), xEndEdit_);
-    }
-    const NumberReading yBegin = read(yBeginEdit_, "Y BEG");
-    if (!yBegin.ok) {
-        return refuse(QString::fromStdString(yBegin.message), yBeginEdit_);
-    }
-    const NumberReading yEnd = read(yEndEdit_, "Y END");
-    if (!yEnd.ok) {
-        return refuse(QString::fromStdString(yEnd.message), yEndEdit_);
-    }
-    if (!(yBegin.value < yEnd.value)) {
-        return fail(QString::fromLatin1(kMsgYBegNotLess), yEndEdit_);
-    }
     const std::string typed = formulaEdit_->text().toStdString();
-    if (typed.find("log") != std::string::npos) {
-        LogBaseDialog(formula_, this).exec();
-    }
     // A refused or stopped entry must leave the formula of the graph on screen in its slot: the
     // math tools evaluate it there.
     const ExpressionSlot previousSlot = formula_.slots[kTwoVariableSlot];
-    formula_.errorText.clear();
-    // Checked strictly, as every dialog checks: the history must hold only what it can read back.
-    if (!prepareFormula(formula_, typed, kModeTwoVariables)) {
+    const TwoVariableEntries entries = checkTwoVariableEntries(
+        formula_,
+        {xBeginEdit_->text().toStdString(), xEndEdit_->text().toStdString(),
+         yBeginEdit_->text().toStdString(), yEndEdit_->text().toStdString(), typed},
+        [this] { LogBaseDialog(formula_, this).exec(); });
+    if (const auto& refusal = entries.refusal) {
         formula_.slots[kTwoVariableSlot] = previousSlot;
-        if (formula_.errorText.empty()) {
-            formulaEdit_->setFocus();
+        QLineEdit* const boxes[] = {xBeginEdit_, xEndEdit_, yBeginEdit_, yEndEdit_, formulaEdit_};
+        QLineEdit* box = boxes[static_cast<int>(refusal->box)];
+        // A formula check that stopped without a message of its own only returns to the box.
+        if (refusal->box == TwoVariableBox::kFormula && formula_.errorText.empty()) {
+            box->setFocus();
             return;
         }
-        return refuse(QString::fromStdString(composeBoxError("FORMULA", formula_.errorText)),
-                      formulaEdit_);
+        const QString message = QString::fromStdString(refusal->message);
+        return refusal->explained ? refuse(message, box) : fail(message, box);
     }
     settings_.xBegin = xBeginEdit_->text().toStdString();
     settings_.xEnd = xEndEdit_->text().toStdString();
@@ -416,17 +378,17 @@ void TwoVariableWindow::accept() {
     }
     const bool surface = mode_ == TwoVariableMode::kSurface;
     TwoVariableRequest request;
-    request.xBegin = xBegin.value;
-    request.xEnd = xEnd.value;
-    request.yBegin = yBegin.value;
-    request.yEnd = yEnd.value;
+    request.xBegin = entries.xBegin;
+    request.xEnd = entries.xEnd;
+    request.yBegin = entries.yBegin;
+    request.yEnd = entries.yEnd;
     request.xPoints = surface ? settings_.surfaceXPoints : settings_.equationXPoints;
     request.yPoints = surface ? settings_.surfaceYPoints : settings_.equationYPoints;
     request.precisionDigits = settings_.precisionDigits;
     request.formulaText = typed;
     running_ = true;
     previousSlot_ = previousSlot;
-    if (!worker_.start(kProcEquationWindow, formula_.keepComputing, work->makeJob(request))) {
+    if (!job_.start(kProcEquationWindow, formula_.keepComputing, work->makeJob(request))) {
         running_ = false;
         formula_.slots[kTwoVariableSlot] = previousSlot;
         setInputsEnabled(true);
@@ -461,7 +423,7 @@ void TwoVariableWindow::computationEnded(bool completed) {
 void TwoVariableWindow::stop() {
     if (running_) {
         stopButton_->setEnabled(false);
-        worker_.stop();
+        job_.stop();
     }
 }
 

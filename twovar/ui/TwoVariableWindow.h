@@ -10,6 +10,7 @@
 #include "failure/ProcedureNames.h"
 #include "twovar/TwoVariableComputation.h"
 #include "twovar/TwoVariableSettings.h"
+#include "worker/ui/WindowJob.h"
 
 class QCheckBox;
 class QLabel;
@@ -51,8 +52,6 @@ inline constexpr int kHelp = 9;
 inline constexpr int kUsePrompts = 1049;
 }  // namespace twovar_ids
 
-inline constexpr const char* kMsgXBegNotLess = "X BEG MUST BE LESS THAN X END";
-inline constexpr const char* kMsgYBegNotLess = "Y BEG MUST BE LESS THAN Y END";
 // Our own: the status bar's word while no surface computation is wired in.
 inline constexpr const char* kMsgSurfacesNotDrawn =
     "Surfaces are not drawn yet: the entry was checked and kept in the history.";
@@ -64,7 +63,6 @@ class TwoVariableWindow : public QDialog, public FailureScope {
     TwoVariableWindow(Formula& formula, TwoVariableSettings& settings, Worker& worker,
                       TwoVariableComputation* surface, TwoVariableComputation* equation,
                       QWidget* parent = nullptr);
-    ~TwoVariableWindow() override;
 
     ProcedureName procedureName() const override { return kProcEquationWindow; }
     // Null leaves "History" disabled and records nothing.
@@ -114,7 +112,6 @@ class TwoVariableWindow : public QDialog, public FailureScope {
 
     Formula& formula_;
     TwoVariableSettings& settings_;
-    Worker& worker_;
     TwoVariableComputation* surface_;
     TwoVariableComputation* equation_;
     HistoryPort* history_ = nullptr;
@@ -143,6 +140,8 @@ class TwoVariableWindow : public QDialog, public FailureScope {
     QPushButton* cancelButton_ = nullptr;
     QPushButton* historyButton_ = nullptr;
     QCheckBox* usePrompts_ = nullptr;
+    // Last: it stops and waits for a job still running, which reads the members above.
+    WindowJob job_;
 };
 
 }  // namespace curvemill

@@ -102,25 +102,8 @@ class TwoVariableWindowTest : public QObject {
         QTest::addColumn<QStringList>("texts");
         QTest::addColumn<QString>("message");
         QTest::addColumn<int>("focused");
-        const QString ok = u"x^2+y^2-1"_s;
-        QTest::newRow("x begin") << QStringList{u"x"_s, u"("_s, u"1"_s, u"0"_s, ok}
-                                 << u"ERROR IN X_BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT"_s
-                                 << ids::kXBegin;
-        QTest::newRow("x end") << QStringList{u"1"_s, u"x"_s, u"1"_s, u"0"_s, ok}
-                               << u"ERROR IN X_END EDIT BOX:\nNUMBER IS NOT A CONSTANT"_s
-                               << ids::kXEnd;
-        QTest::newRow("x order") << QStringList{u"pi"_s, u"pi"_s, u"y"_s, u"0"_s, ok}
-                                 << u"X BEG MUST BE LESS THAN X END"_s << ids::kXEnd;
-        QTest::newRow("y begin") << QStringList{u"-pi"_s, u"2*pi"_s, u"x"_s, u"0"_s, ok}
-                                 << u"ERROR IN Y BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT"_s
-                                 << ids::kYBegin;
-        QTest::newRow("y end") << QStringList{u"-1"_s, u"1"_s, u"1"_s, u"x"_s, ok}
-                               << u"ERROR IN Y END EDIT BOX:\nNUMBER IS NOT A CONSTANT"_s
-                               << ids::kYEnd;
         QTest::newRow("y order") << QStringList{u"-1"_s, u"1"_s, u"2"_s, u"1"_s, u"z+"_s}
                                  << u"Y BEG MUST BE LESS THAN Y END"_s << ids::kYEnd;
-        QTest::newRow("formula") << QStringList{u"-1"_s, u"1"_s, u"-1"_s, u"1"_s, u"x+*y"_s}
-                                 << u"ERROR IN FORMULA EDIT BOX:\n"_s << ids::kFormula;
     }
     void okShowsTheFirstFailureInOrder() {
         QFETCH(QStringList, texts);

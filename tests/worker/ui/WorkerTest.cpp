@@ -2,10 +2,12 @@
 #include <thread>
 
 #include <QSignalSpy>
+#include <QWidget>
 #include <QtTest>
 
 #include "failure/FaultTranslation.h"
 #include "tests/support/RecordingReporter.h"
+#include "worker/ui/WindowJob.h"
 #include "worker/ui/Worker.h"
 
 using namespace curvemill;
@@ -102,6 +104,31 @@ class WorkerTest : public QObject {
         }
         QVERIFY(ended.load());
         QVERIFY(keepComputing.load());
+    }
+
+    // A window that goes stops its own job and waits for it; the end no longer reaches it, and
+    // only a window's own job is its business.
+    void aWindowGoingAwayStopsAndWaitsForItsJob() {
+        Worker worker(reporter);
+        QWidget window;
+        int ends = 0;
+        std::atomic<bool> jobReturned{false};
+        {
+            WindowJob other(worker, &window, {}, [&](bool) { ++ends; });
+            WindowJob job(worker, &window, {}, [&](bool) { ++ends; });
+            QVERIFY(job.start(kStarter, keepComputing, [&](const JobContext& context) {
+                while (!context.stopRequested()) {
+                    std::this_thread::yield();
+                }
+                jobReturned = true;
+                return false;
+            }));
+            QVERIFY(job.running() && !other.running());
+            QVERIFY(!other.start(kStarter, keepComputing, [](const JobContext&) { return true; }));
+        }
+        QVERIFY(jobReturned.load());
+        QVERIFY(!worker.isBusy());
+        QCOMPARE(ends, 0);
     }
 };
 

@@ -1,0 +1,69 @@
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "engine/Formula.h"
+#include "twovar/TwoVariableEntries.h"
+
+namespace curvemill {
+namespace {
+
+// Every refusal of the Equation / ThreeD window, in its order; the window and the commands only
+// wire it.
+TEST(TwoVariableEntries, TheFirstFailureInTheWindowsOrder) {
+    const std::string ok = "x^2+y^2-1";
+    const struct {
+        TwoVariableTexts texts;
+        const char* message;  // nullptr: accepted; a formula message is matched by its start
+        TwoVariableBox box;
+        bool explained;
+    } cases[] = {
+        {{"x", "(", "1", "0", ok},
+         "ERROR IN X_BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT",
+         TwoVariableBox::kXBegin,
+         true},
+        {{"1", "x", "1", "0", ok},
+         "ERROR IN X_END EDIT BOX:\nNUMBER IS NOT A CONSTANT",
+         TwoVariableBox::kXEnd,
+         true},
+        {{"pi", "pi", "y", "0", ok}, "X BEG MUST BE LESS THAN X END", TwoVariableBox::kXEnd, false},
+        {{"-pi", "2*pi", "x", "0", ok},
+         "ERROR IN Y BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT",
+         TwoVariableBox::kYBegin,
+         true},
+        {{"-1", "1", "1", "x", ok},
+         "ERROR IN Y END EDIT BOX:\nNUMBER IS NOT A CONSTANT",
+         TwoVariableBox::kYEnd,
+         true},
+        {{"-1", "1", "2", "1", "z+"},
+         "Y BEG MUST BE LESS THAN Y END",
+         TwoVariableBox::kYEnd,
+         false},
+        {{"-1", "1", "-1", "1", "x+*y"},
+         "ERROR IN FORMULA EDIT BOX:\n",
+         TwoVariableBox::kFormula,
+         true},
+        {{"-1", "pi", "-2", "1/2", ok}, nullptr, TwoVariableBox::kXBegin, true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.texts.xBegin + " | " + c.texts.xEnd + " | " + c.texts.yBegin + " | " +
+                     c.texts.yEnd + " | " + c.texts.formula);
+        Formula formula;
+        const TwoVariableEntries entries = checkTwoVariableEntries(formula, c.texts);
+        if (c.message == nullptr) {
+            ASSERT_FALSE(entries.refusal);
+            EXPECT_EQ(entries.xBegin, -1.0);
+            EXPECT_NEAR(entries.xEnd, 3.14159265358979, 1e-12);
+            EXPECT_EQ(entries.yBegin, -2.0);
+            EXPECT_EQ(entries.yEnd, 0.5);
+            continue;
+        }
+        ASSERT_TRUE(entries.refusal);
+        EXPECT_EQ(entries.refusal->message.rfind(c.message, 0), 0u) << entries.refusal->message;
+        EXPECT_EQ(entries.refusal->box, c.box);
+        EXPECT_EQ(entries.refusal->explained, c.explained);
+    }
+}
+
+}  // namespace
+}  // namespace curvemill
