@@ -290,16 +290,20 @@ void MathDialog::finishRun(bool completed) {
     const Run run = run_;
     run_ = Run::kNone;
     setRunning(false);
+    bool refused = false;
     if (run == Run::kDerivative || run == Run::kIntegralCurve) {
         finishCurve(run, completed);
     } else {
-        finishPrecise(completed);
+        refused = !finishPrecise(completed);
     }
     Q_EMIT runFinished(completed);
-    done(completed ? QDialog::Accepted : QDialog::Rejected);
+    // A refused sum leaves the dialog open for another interval, as a refused entry does.
+    if (!refused) {
+        done(completed ? QDialog::Accepted : QDialog::Rejected);
+    }
 }
 
-void MathDialog::finishPrecise(bool completed) {
+bool MathDialog::finishPrecise(bool completed) {
     const auto refusal = completed ? integralValueRefusal(state_) : std::nullopt;
     if (!completed || refusal) {
         state_.value = 0.0;
@@ -313,6 +317,7 @@ void MathDialog::finishPrecise(bool completed) {
         QMessageBox::warning(this, QString::fromLatin1(math_messages::kWarningTitle),
                              QString::fromStdString(refinementCutText()));
     }
+    return !refusal;
 }
 
 void MathDialog::finishCurve(Run run, bool completed) {
