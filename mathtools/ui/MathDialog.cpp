@@ -93,10 +93,10 @@ void MathDialog::buildControls() {
         button->setAutoDefault(false);
         return button;
     };
-    okButton_ = makeButton(math_ids::kOk, QStringLiteral("OK"));
+    okButton_ = makeButton(math_ids::kOk, QStringLiteral("O&K"));
     okButton_->setDefault(true);
     stopButton_ = makeButton(math_ids::kStop, QStringLiteral("&Stop"));
-    cancelButton_ = makeButton(math_ids::kCancel, QStringLiteral("Cancel"));
+    cancelButton_ = makeButton(math_ids::kCancel, QStringLiteral("Cance&l"));
     informationButton_ = makeButton(math_ids::kInformation, QStringLiteral("I&nformation..."));
     derivativeButton_ = makeButton(math_ids::kDrawDerivative, QStringLiteral("Draw &Derivative"));
     integralCurveButton_ =
