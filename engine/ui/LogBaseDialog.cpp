@@ -17,8 +17,8 @@ namespace curvemill {
 LogBaseDialog::LogBaseDialog(Formula& formula, QWidget* parent)
     : QDialog(parent),
       formula_(formula),
-      baseTen_(new QRadioButton(QStringLiteral("Base 10 (common logarithm)"), this)),
-      otherBase_(new QRadioButton(QStringLiteral("Another base:"), this)),
+      baseTen_(new QRadioButton(QStringLiteral("&Base 10 (common logarithm)"), this)),
+      otherBase_(new QRadioButton(QStringLiteral("&Another base:"), this)),
       baseEdit_(new QLineEdit(this)) {
     setWindowTitle(QStringLiteral("Log Base"));
     setModal(true);
@@ -35,6 +35,8 @@ LogBaseDialog::LogBaseDialog(Formula& formula, QWidget* parent)
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("1"));
     buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("2"));
+    buttons->button(QDialogButtonBox::Ok)->setText(QStringLiteral("&OK"));
+    buttons->button(QDialogButtonBox::Cancel)->setText(QStringLiteral("&Cancel"));
     connect(buttons, &QDialogButtonBox::accepted, this, &LogBaseDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &LogBaseDialog::reject);
 

@@ -47,30 +47,30 @@ EquationInformationPanel::EquationInformationPanel(Formula& formula, const Graph
     // Shares the Information dialog's display name; help finds the equation's topic by this name.
     setObjectName(QStringLiteral("equationInformation"));
     yEdit_ = new QLineEdit(this);
-    yEdit_->setObjectName(idName(information_ids::kYForX));
+    yEdit_->setObjectName(idName(equation_information_ids::kYForX));
     yEdit_->setMaxLength(99);
     xEdit_ = new QLineEdit(this);
-    xEdit_->setObjectName(idName(information_ids::kXForY));
+    xEdit_->setObjectName(idName(equation_information_ids::kXForY));
     xEdit_->setMaxLength(99);
     findX_ = new QPushButton(QStringLiteral("Find &x"), this);
-    findX_->setObjectName(idName(information_ids::kFindX));
-    findY_ = new QPushButton(QStringLiteral("Find y"), this);
-    findY_->setObjectName(idName(information_ids::kFindY));
+    findX_->setObjectName(idName(equation_information_ids::kFindX));
+    findY_ = new QPushButton(QStringLiteral("&Find y"), this);
+    findY_->setObjectName(idName(equation_information_ids::kFindY));
     piUnits_ = new QCheckBox(QStringLiteral("In &PI Units"), this);
-    piUnits_->setObjectName(idName(information_ids::kPiUnits));
+    piUnits_->setObjectName(idName(equation_information_ids::kPiUnits));
     list_ = new QListWidget(this);
-    list_->setObjectName(idName(information_ids::kList));
+    list_->setObjectName(idName(equation_information_ids::kList));
     list_->setMinimumHeight(180);
     progress_ = new QProgressBar(this);
-    progress_->setObjectName(idName(information_ids::kProgress));
+    progress_->setObjectName(idName(equation_information_ids::kProgress));
     progress_->setRange(0, 100);
     // The window keeps one size whether or not a search runs.
     QSizePolicy keepRoom = progress_->sizePolicy();
     keepRoom.setRetainSizeWhenHidden(true);
     progress_->setSizePolicy(keepRoom);
     progress_->hide();
-    stop_ = new QPushButton(QStringLiteral("Stop"), this);
-    stop_->setObjectName(idName(information_ids::kStop));
+    stop_ = new QPushButton(QStringLiteral("&Stop"), this);
+    stop_->setObjectName(idName(equation_information_ids::kStop));
     stop_->setEnabled(false);
 
     auto* grid = new QGridLayout;
@@ -206,7 +206,7 @@ EquationInformationDialog::EquationInformationDialog(Formula& formula, const Gra
                                                      Worker& worker, QWidget* parent)
     : QDialog(parent), panel_(new EquationInformationPanel(formula, view, worker, this)) {
     setWindowTitle(QStringLiteral("Information"));
-    auto* close = new QPushButton(QStringLiteral("Close"), this);
+    auto* close = new QPushButton(QStringLiteral("&Close"), this);
     close->setObjectName(QStringLiteral("2"));
     close->setAutoDefault(false);
     auto* buttons = new QHBoxLayout;
@@ -216,7 +216,7 @@ EquationInformationDialog::EquationInformationDialog(Formula& formula, const Gra
     layout->addWidget(panel_, 1);
     layout->addLayout(buttons);
     connect(close, &QPushButton::clicked, this, &EquationInformationDialog::reject);
-    panel_->findChild<QLineEdit*>(idName(information_ids::kYForX))->setFocus();
+    panel_->findChild<QLineEdit*>(idName(equation_information_ids::kYForX))->setFocus();
 }
 
 // Closing stops a scan first: its end would fill a list no one sees.

@@ -25,7 +25,7 @@ class Formula;
 class Worker;
 struct GraphView;
 
-namespace information_ids {
+namespace equation_information_ids {
 inline constexpr int kYForX = 1084;  // the typed y, whose x values are found
 inline constexpr int kFindX = 1085;
 inline constexpr int kXForY = 1086;  // the typed x, whose y values are found
@@ -34,7 +34,7 @@ inline constexpr int kList = 1088;
 inline constexpr int kPiUnits = 1089;
 inline constexpr int kProgress = 1090;
 inline constexpr int kStop = 1091;
-}  // namespace information_ids
+}  // namespace equation_information_ids
 
 inline constexpr const char* kMsgNotAllValues = "NOT ALL VALUES CAN BE DISPLAYED";
 

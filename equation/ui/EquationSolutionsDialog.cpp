@@ -113,7 +113,7 @@ EquationSolutionsDialog::EquationSolutionsDialog(const EquationCurve& curve, QWi
     information->setToolTip(
         QStringLiteral("Every x of the graph for a typed y, or every y for a "
                        "typed x"));
-    auto* close = new QPushButton(QStringLiteral("Close"), this);
+    auto* close = new QPushButton(QStringLiteral("C&lose"), this);
     close->setObjectName(QString::number(solutions_ids::kClose));
     close->setDefault(true);
     auto* help = new QPushButton(QStringLiteral("&Help"), this);

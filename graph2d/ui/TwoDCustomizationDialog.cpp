@@ -51,6 +51,10 @@ TwoDCustomizationDialog::TwoDCustomizationDialog(const TwoDGraph& graph, TwoDSet
     buttons->button(QDialogButtonBox::Ok)->setObjectName(idName(1));
     buttons->button(QDialogButtonBox::Cancel)->setObjectName(idName(2));
     buttons->button(QDialogButtonBox::Help)->setObjectName(idName(9));
+    // "&Optimize Drawing" holds the O.
+    buttons->button(QDialogButtonBox::Ok)->setText(QStringLiteral("O&K"));
+    buttons->button(QDialogButtonBox::Cancel)->setText(QStringLiteral("&Cancel"));
+    buttons->button(QDialogButtonBox::Help)->setText(QStringLiteral("&Help"));
     connect(buttons, &QDialogButtonBox::helpRequested, this, [this] {
         QEvent request(QEvent::HelpRequest);
         QCoreApplication::sendEvent(this, &request);

@@ -37,6 +37,8 @@ ThreeDCustomizationDialog::ThreeDCustomizationDialog(SurfaceScene& scene, bool t
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     QPushButton* close = buttons->button(QDialogButtonBox::Close);
     close->setObjectName(custom3dName(2));
+    // Every letter of Close is taken on some page; S is free on the first one.
+    close->setText(QStringLiteral("Clo&se"));
     close->setDefault(true);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 

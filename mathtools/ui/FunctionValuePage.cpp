@@ -49,8 +49,8 @@ FunctionValuePage::FunctionValuePage(Formula& formula, const TwoDGraph& graph, Q
 
     auto* layout = new QFormLayout(this);
     layout->addRow(QStringLiteral("&X ="), xEdit_);
-    layout->addRow(QStringLiteral("Value:"), yResult_);
-    layout->addRow(QStringLiteral("Slope:"), slopeResult_);
+    layout->addRow(QStringLiteral("&Value:"), yResult_);
+    layout->addRow(QStringLiteral("&Slope:"), slopeResult_);
     layout->addRow(piUnits_);
 
     connect(xEdit_, &QLineEdit::textChanged, this,

@@ -26,7 +26,7 @@ InformationDialog::InformationDialog(Formula& formula, const TwoDGraph& graph, W
     calculateButton_ = new QPushButton(QStringLiteral("&Calculate"), this);
     calculateButton_->setObjectName(QString::number(information_ids::kCalculate));
     calculateButton_->setDefault(true);
-    closeButton_ = new QPushButton(QStringLiteral("Close"), this);
+    closeButton_ = new QPushButton(QStringLiteral("C&lose"), this);
     closeButton_->setObjectName(QString::number(information_ids::kClose));
     closeButton_->setAutoDefault(false);
 

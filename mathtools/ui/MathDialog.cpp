@@ -87,10 +87,10 @@ void MathDialog::buildControls() {
         button->setAutoDefault(false);
         return button;
     };
-    okButton_ = makeButton(math_ids::kOk, QStringLiteral("OK"));
+    okButton_ = makeButton(math_ids::kOk, QStringLiteral("O&K"));
     okButton_->setDefault(true);
     stopButton_ = makeButton(math_ids::kStop, QStringLiteral("&Stop"));
-    cancelButton_ = makeButton(math_ids::kCancel, QStringLiteral("Cancel"));
+    cancelButton_ = makeButton(math_ids::kCancel, QStringLiteral("Cance&l"));
     informationButton_ = makeButton(math_ids::kInformation, QStringLiteral("I&nformation..."));
     derivativeButton_ = makeButton(math_ids::kDrawDerivative, QStringLiteral("Draw &Derivative"));
     integralCurveButton_ =
@@ -279,16 +279,20 @@ void MathDialog::finishRun(bool completed) {
     const Run run = run_;
     run_ = Run::kNone;
     setRunning(false);
+    bool refused = false;
     if (run == Run::kDerivative || run == Run::kIntegralCurve) {
         finishCurve(run, completed);
     } else {
-        finishPrecise(completed);
+        refused = !finishPrecise(completed);
     }
     Q_EMIT runFinished(completed);
-    done(completed ? QDialog::Accepted : QDialog::Rejected);
+    // A refused sum leaves the dialog open for another interval, as a refused entry does.
+    if (!refused) {
+        done(completed ? QDialog::Accepted : QDialog::Rejected);
+    }
 }
 
-void MathDialog::finishPrecise(bool completed) {
+bool MathDialog::finishPrecise(bool completed) {
     const auto refusal = completed ? integralValueRefusal(state_) : std::nullopt;
     if (!completed || refusal) {
         state_.value = 0.0;
@@ -302,6 +306,7 @@ void MathDialog::finishPrecise(bool completed) {
         QMessageBox::warning(this, QString::fromLatin1(math_messages::kWarningTitle),
                              QString::fromStdString(refinementCutText()));
     }
+    return !refusal;
 }
 
 void MathDialog::finishCurve(Run run, bool completed) {

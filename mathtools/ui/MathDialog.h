@@ -69,7 +69,8 @@ class MathDialog : public QDialog, public FailureScope {
     bool refuseWhileBusy();
     void startRun(Run run);
     void finishRun(bool completed);
-    void finishPrecise(bool completed);
+    // False when the sum was refused.
+    bool finishPrecise(bool completed);
     void finishCurve(Run run, bool completed);
     void startCurveRun(Run run);
     void takeGraph();

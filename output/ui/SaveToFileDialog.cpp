@@ -77,10 +77,10 @@ SaveToFileDialog::SaveToFileDialog(GraphPicture picture, QWidget* parent)
     progress_->setRange(0, 100);
     progress_->setValue(0);
     progress_->setTextVisible(false);
-    ok_ = new QPushButton(QStringLiteral("OK"), this);
+    ok_ = new QPushButton(QStringLiteral("O&K"), this);
     ok_->setObjectName(QString::number(save_ids::kOk));
     ok_->setDefault(true);
-    cancel_button_ = new QPushButton(QStringLiteral("Cancel"), this);
+    cancel_button_ = new QPushButton(QStringLiteral("&Cancel"), this);
     cancel_button_->setObjectName(QString::number(save_ids::kCancel));
     auto* help = new QPushButton(QStringLiteral("&Help"), this);
     help->setObjectName(QString::number(save_ids::kHelp));

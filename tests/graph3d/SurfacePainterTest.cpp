@@ -11,15 +11,18 @@
 #include "SurfaceFixture.h"
 #include "graph3d/PixelRaster.h"
 #include "graph3d/SurfaceGridBox.h"
+#include "graph3d/SurfaceLookRules.h"
 
 #include <QBuffer>
 #include <QGuiApplication>
 #include <QImage>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPolygonF>
 #include <QSvgGenerator>
 #include <QSvgRenderer>
 
+#include "graph3d/ui/GridBoxPainter.h"
 #include "graph3d/ui/SurfacePainter.h"
 
 namespace curvemill {
@@ -400,6 +403,88 @@ TEST_P(SurfacePainterTest, ExportLeavesTheScreensProjection) {
     const auto before = corners();
     rendered(scene, GetParam(), {900, 700}, {900, 700});
     EXPECT_EQ(corners(), before);
+}
+
+// A device that keeps where each text lands, in device pixels.
+class TextRecorder : public QPaintDevice, public QPaintEngine {
+  public:
+    explicit TextRecorder(QSize size) : QPaintEngine(AllFeatures), size_(size) {}
+    std::vector<QRectF> texts;
+    QPaintEngine* paintEngine() const override { return const_cast<TextRecorder*>(this); }
+    bool begin(QPaintDevice*) override { return true; }
+    bool end() override { return true; }
+    void updateState(const QPaintEngineState& state) override {
+        if (state.state() & DirtyTransform) {
+            transform_ = state.transform();
+        }
+    }
+    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+    void drawTextItem(const QPointF& p, const QTextItem& item) override {
+        texts.push_back(transform_.mapRect(
+            QRectF(p.x(), p.y() - item.ascent(), item.width(), item.ascent() + item.descent())));
+    }
+    Type type() const override { return User; }
+
+  protected:
+    int metric(PaintDeviceMetric metric) const override {
+        switch (metric) {
+            case PdmWidth:
+                return size_.width();
+            case PdmHeight:
+                return size_.height();
+            case PdmDepth:
+                return 32;
+            case PdmDpiX:
+            case PdmDpiY:
+            case PdmPhysicalDpiX:
+            case PdmPhysicalDpiY:
+                return 96;
+            default:
+                return QPaintDevice::metric(metric);
+        }
+    }
+
+  private:
+    QSize size_;
+    QTransform transform_;
+};
+
+// Zoomed far out or seen from far above or below, the box's values crowd: those drawn never
+// cover one another.
+TEST(SurfacePainter, GridBoxLabelsNeverOverlap) {
+    static int argc = 1;
+    static char name[] = "graph3d_painter_test";
+    static char* argv[] = {name, nullptr};
+    static const std::unique_ptr<QGuiApplication> app = [] {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        return QGuiApplication::instance() ? nullptr
+                                           : std::make_unique<QGuiApplication>(argc, argv);
+    }();
+    SurfaceScene scene;
+    ASSERT_EQ(computeFor(scene, "x*y", -1000, 1000, -1000, 1000, nullptr, 20),
+              SurfaceOutcome::Done);
+    scene.drawing.gridBox = true;
+    for (const int vertical : {3, kVerticalLocationHigh, kVerticalLocationLow}) {
+        for (const double zoom : {1.0, 1.0 / 64}) {
+            SCOPED_TRACE(testing::Message() << vertical << " zoom " << zoom);
+            scene.view.verticalLocation = vertical;
+            setUpView(scene.view, scene.grid);
+            scene.view.zoom = zoom;
+            const QSize size(400, 300);
+            TextRecorder device(size);
+            QPainter painter(&device);
+            paintGridBoxLabels(painter, scene,
+                               fitFigure(scene.view, scene.grid, size.width(), size.height()),
+                               size);
+            painter.end();
+            EXPECT_GE(device.texts.size(), 3u);
+            for (std::size_t i = 0; i < device.texts.size(); ++i) {
+                for (std::size_t j = i + 1; j < device.texts.size(); ++j) {
+                    EXPECT_FALSE(device.texts[i].intersects(device.texts[j])) << i << ' ' << j;
+                }
+            }
+        }
+    }
 }
 
 }  // namespace

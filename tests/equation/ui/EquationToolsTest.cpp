@@ -77,10 +77,10 @@ class EquationToolsTest : public QObject {
         QTest::addColumn<int>("box");
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("message");
-        QTest::newRow("not a number") << information_ids::kYForX << u"x"_s
+        QTest::newRow("not a number") << equation_information_ids::kYForX << u"x"_s
                                       << u"ERROR IN Y EDIT BOX:\nNUMBER IS NOT A CONSTANT"_s;
-        QTest::newRow("x outside")
-            << information_ids::kXForY << u"-7"_s << u"X IS OUTSIDE THE RANGE OF FUNCTION"_s;
+        QTest::newRow("x outside") << equation_information_ids::kXForY << u"-7"_s
+                                   << u"X IS OUTSIDE THE RANGE OF FUNCTION"_s;
     }
     void informationFindsXForYAndRefusesBadEntries() {
         QFETCH(int, box);
@@ -94,9 +94,10 @@ class EquationToolsTest : public QObject {
         fitGraphHeight(view);
         EquationInformationPanel panel(formula, view, worker);
         panel.show();
-        auto* list = control<QListWidget>(panel, information_ids::kList);
-        const int button =
-            box == information_ids::kYForX ? information_ids::kFindX : information_ids::kFindY;
+        auto* list = control<QListWidget>(panel, equation_information_ids::kList);
+        const int button = box == equation_information_ids::kYForX
+                               ? equation_information_ids::kFindX
+                               : equation_information_ids::kFindY;
 
         ModalAnswer refusal;
         retype(panel, box, typed);
@@ -106,8 +107,9 @@ class EquationToolsTest : public QObject {
         QVERIFY(!panel.isRunning());
 
         QSignalSpy finished(&panel, &EquationInformationPanel::scanFinished);
-        retype(panel, information_ids::kYForX, u"4"_s);
-        QTest::mouseClick(control<QPushButton>(panel, information_ids::kFindX), Qt::LeftButton);
+        retype(panel, equation_information_ids::kYForX, u"4"_s);
+        QTest::mouseClick(control<QPushButton>(panel, equation_information_ids::kFindX),
+                          Qt::LeftButton);
         QVERIFY(finished.wait(10000));
         QVERIFY(list->count() >= 2);  // x = -2 and 2; where they lie is the root scan's
         QCOMPARE(list->currentRow(), 0);
@@ -115,7 +117,7 @@ class EquationToolsTest : public QObject {
         // A list that takes fewer lines than found warns once and stops listing.
         panel.setListCapacity(1);
         ModalAnswer warning;
-        control<QCheckBox>(panel, information_ids::kPiUnits)->setChecked(true);
+        control<QCheckBox>(panel, equation_information_ids::kPiUnits)->setChecked(true);
         QVERIFY(warning.seen);
         QCOMPARE(warning.caption, u"WARNING"_s);
         QCOMPARE(warning.text, u"NOT ALL VALUES CAN BE DISPLAYED"_s);

@@ -117,7 +117,7 @@ class TwoDCustomizationDialogTest : public QObject {
         QVERIFY(!chosen.selectArea);
         QVERIFY(!chosen.toolbar);
         QVERIFY(chosen.optimizeDrawing);
-        QCOMPARE(control<QPushButton>(dialog, 1)->text(), u"OK"_s);
+        QCOMPARE(control<QPushButton>(dialog, 1)->text(), u"O&K"_s);
     }
 };
 

@@ -334,11 +334,16 @@ class MathDialogsTest : public QObject {
         QCOMPARE(warning.text, QString::fromStdString(refinementCutText()));
         QCOMPARE(graph().areaText, integralText(-5, 5, dialog->integral().value));
 
-        dialog = mathDialog("10^308", -5, 5);
-        ModalAnswer refusal;
-        integrate(*dialog, u"-5"_s, u"5"_s);
-        QCOMPARE(refusal.text, QString::fromLatin1(math_messages::kCannotIntegrate));
-        QVERIFY(!view.areaPainted);
+        for (const bool precise : {false, true}) {
+            dialog = mathDialog("10^308", -5, 5);
+            control<QCheckBox>(*dialog, ids::kPrecise)->setChecked(precise);
+            ModalAnswer refusal;
+            integrate(*dialog, u"-5"_s, u"5"_s);
+            QTRY_VERIFY(refusal.seen);
+            QCOMPARE(refusal.text, QString::fromLatin1(math_messages::kCannotIntegrate));
+            QVERIFY(!view.areaPainted);
+            QVERIFY2(dialog->isVisible(), precise ? "precise" : "quick");
+        }
     }
 };
 

@@ -38,6 +38,7 @@
 #include "shell/CommandTable.h"
 #include "shell/ui/AboutDialog.h"
 #include "shell/ui/CommandActions.h"
+#include "shell/ui/EquationCommands.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/GraphOutputs.h"
 #include "shell/ui/MainWindow.h"
@@ -534,7 +535,7 @@ class MainWindowTest : public MainWindowFixture {
         QVERIFY(!dialog->isModal() && QApplication::activeModalWidget() == nullptr);
         QCOMPARE_LT(dialog->width(), 700);
         dialog->close();
-        QVERIFY(drawFunction(false, "x"));
+        QVERIFY(drawFunction(false, u"x"_s));
         QVERIFY(area->horizontalBar()->isVisible());
     }
 
@@ -556,6 +557,50 @@ class MainWindowTest : public MainWindowFixture {
             QCOMPARE(accessKeyProblems(*input), QStringList());
             input->reject();
         }
+        // Every dialog a command (or a typed log) opens, per kind of graph; modal ones are read
+        // from inside their own loop.
+        QStringList problems;
+        int seen = 0;
+        const auto readDialogs = [&] {
+            QWidget* modal = QApplication::activeModalWidget();
+            for (QWidget* top : modal ? QWidgetList{modal} : QApplication::topLevelWidgets()) {
+                auto* dialog = qobject_cast<QDialog*>(top);
+                if (auto* box = qobject_cast<QMessageBox*>(top);
+                    box != nullptr && box->isVisible()) {
+                    problems << u"unexpected box: "_s + box->text();
+                    box->reject();
+                } else if (dialog != nullptr && dialog->isVisible()) {
+                    ++seen;
+                    for (const QString& problem : accessKeyProblems(*dialog)) {
+                        problems << dialog->windowTitle() + u": "_s + problem;
+                    }
+                    dialog->reject();
+                }
+            }
+        };
+        const auto open = [&](const std::function<void()>& how) {
+            const int before = seen;
+            QTimer::singleShot(0, window.get(), readDialogs);
+            how();
+            QTRY_VERIFY(seen > before);
+        };
+        control<QLineEdit>(*dialog, twod_ids::kXBegin)->setText(u"1"_s);
+        open([&] { drawFunction(false, u"log(x)"_s); });
+        QVERIFY(drawFunction(false, u"x"_s));
+        for (int command : {40012, 40200, 40123, 40030}) {
+            open([&] { action(command)->trigger(); });
+        }
+        enterTwoVariables(40086, u"x^2+y^2-1"_s);
+        QTRY_COMPARE(window->graphKind(), GraphKind::Equation);
+        for (int command : {40012, 40200}) {
+            open([&] { action(command)->trigger(); });
+        }
+        enterTwoVariables(40091, u"x+y"_s);
+        QTRY_COMPARE(window->graphKind(), GraphKind::Surface3D);
+        for (int command : {40139, 40114}) {
+            open([&] { action(command)->trigger(); });
+        }
+        QVERIFY2(problems.isEmpty(), qPrintable(problems.join(u'\n')));
     }
 
     // Marks of undefined stretches belong to the function they were made on.
