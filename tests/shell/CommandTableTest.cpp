@@ -69,7 +69,7 @@ TEST(CommandState, EnablingFollowsTheGraphOnScreen) {
     // One command per rule: everywhere, any graph, a function only, a surface only.
     const std::vector<Row> rows{
         {40009, true, true, true, true},    {40030, false, true, true, true},
-        {40126, false, true, true, true},  {40051, false, true, false, false},
+        {40126, false, true, true, true},   {40051, false, true, false, false},
         {40139, false, false, false, true}, {40005, false, true, true, true},
     };
     for (const Row& row : rows) {
