@@ -163,12 +163,15 @@ void paintIcon(QPainter& p, int id) {
             p.drawPath(wave);
             break;
         }
-        case 40010:  // grid
-            p.setPen(QPen(QColor(150, 150, 150), 1));
-            for (int i = 4; i <= 20; i += 4) {
-                p.drawLine(QPointF(i, 3), QPointF(i, 21));
-                p.drawLine(QPointF(3, i), QPointF(21, i));
+        case 40010:  // grid: in ink, since a light grey grid reads as a disabled button
+            p.setPen(QPen(QColor(110, 130, 175), 1));
+            for (int i = 8; i <= 16; i += 4) {
+                p.drawLine(QPointF(i, 4), QPointF(i, 20));
+                p.drawLine(QPointF(4, i), QPointF(20, i));
             }
+            p.setPen(QPen(kInk, 1.5));
+            p.setBrush(Qt::NoBrush);
+            p.drawRect(QRectF(4, 4, 16, 16));
             break;
         case 40012: {  // the math dialog: an integral sign
             QFont font(QStringLiteral("Serif"));
