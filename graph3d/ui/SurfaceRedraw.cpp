@@ -47,6 +47,13 @@ void SurfaceRedraw::cancel() {
 }
 
 void SurfaceRedraw::drawSlice() {
+    // The scene was discarded between two slices (a new computation fills its grid on the worker):
+    // what is left of this picture is not drawn.
+    if (!scene_->complete || !scene_->grid.allocated()) {
+        cancel();
+        Q_EMIT finished();
+        return;
+    }
     QElapsedTimer clock;
     clock.start();
     RasterSurfaceSink sink(pixelsOf(*image_));

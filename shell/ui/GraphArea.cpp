@@ -72,6 +72,8 @@ void GraphCanvas::drawNextPart() {
 }
 
 void GraphCanvas::showSurface(SurfaceScene* scene) {
+    // A redraw still under way reads the old scene, which a new computation is about to refill.
+    surfaceRedraw_.cancel();
     surface_ = scene;
     Q_EMIT surfaceShown(scene != nullptr);
     invalidate();
