@@ -4,7 +4,9 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QMenu>
+#include <QMenuBar>
 #include <QStringList>
+#include <QToolButton>
 #include <QWidget>
 
 namespace curvemill::testing {
@@ -32,22 +34,6 @@ inline QStringList accessKeyProblems(const QStringList& texts) {
     return problems;
 }
 
-// Over the buttons, check boxes and labelled boxes a user sees in `dialog`.
-inline QStringList accessKeyProblems(const QWidget& dialog) {
-    QStringList texts;
-    for (const QAbstractButton* button : dialog.findChildren<QAbstractButton*>()) {
-        if (button->isVisibleTo(&dialog) && !button->text().isEmpty()) {
-            texts << button->text();
-        }
-    }
-    for (const QLabel* label : dialog.findChildren<QLabel*>()) {
-        if (label->buddy() != nullptr && label->isVisibleTo(&dialog)) {
-            texts << label->text();
-        }
-    }
-    return accessKeyProblems(texts);
-}
-
 // Over the entries of one menu.
 inline QStringList accessKeyProblems(const QMenu& menu) {
     QStringList texts;
@@ -57,6 +43,46 @@ inline QStringList accessKeyProblems(const QMenu& menu) {
         }
     }
     return accessKeyProblems(texts);
+}
+
+// Over the buttons, check boxes and labelled boxes a user sees in `dialog` (tool buttons are
+// reached by the mouse; windows it owns have keys of their own), then over its menu bar and each
+// of its menus.
+inline QStringList accessKeyProblems(const QWidget& dialog) {
+    QStringList texts;
+    for (const QAbstractButton* button : dialog.findChildren<QAbstractButton*>()) {
+        if (button->window() == &dialog && button->isVisibleTo(&dialog) &&
+            !button->text().isEmpty() && qobject_cast<const QToolButton*>(button) == nullptr) {
+            texts << button->text();
+        }
+    }
+    for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+        if (label->window() == &dialog && label->buddy() != nullptr &&
+            label->isVisibleTo(&dialog)) {
+            texts << label->text();
+        }
+    }
+    QStringList problems = accessKeyProblems(texts);
+    for (const QMenuBar* bar : dialog.findChildren<QMenuBar*>()) {
+        if (bar->window() != &dialog) {
+            continue;
+        }
+        QStringList titles;
+        for (const QAction* top : bar->actions()) {
+            titles << top->text();
+        }
+        problems << accessKeyProblems(titles);
+    }
+    for (const QMenu* menu : dialog.findChildren<QMenu*>()) {
+        const QWidget* owner = menu->parentWidget();
+        while (qobject_cast<const QMenu*>(owner) != nullptr) {
+            owner = owner->parentWidget();
+        }
+        if (owner != nullptr && owner->window() == &dialog) {
+            problems << accessKeyProblems(*menu);
+        }
+    }
+    return problems;
 }
 
 }  // namespace curvemill::testing

@@ -1,33 +1,20 @@
 // The equation's road through the main window: the command opens the input window, a computed
-// equation is shown with its dots and title, the menus follow, and the tools reach the curve.
-#include <QAction>
-#include <QLabel>
-#include <QLineEdit>
+// equation is shown with its dots, the menus and tools follow it, and Copy and Print send it out.
+#include <QClipboard>
+#include <QMimeData>
+#include <QPrintPreviewWidget>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QScreen>
-#include <QSignalSpy>
-#include <QStackedWidget>
 #include <QToolBar>
 #include <QtTest>
 
-#include "engine/Formula.h"
-#include "equation/EquationCurve.h"
+#include <cmath>
+
 #include "equation/EquationSolver.h"
-#include "graph2d/GraphView.h"
-#include "graph2d/TwoDGraph.h"
-#include "graph3d/SurfaceScene.h"
-#include "shell/ui/CommandActions.h"
-#include "shell/ui/EquationCommands.h"
-#include "shell/ui/GraphArea.h"
-#include "shell/ui/MainWindow.h"
-#include "shell/ui/RotationCommands.h"
-#include "tests/support/DialogControls.h"
+#include "equation/ui/EquationInformationDialog.h"
+#include "equation/ui/EquationSolutionsDialog.h"
+#include "output/ui/GraphPrinting.h"
 #include "tests/support/MainWindowFixture.h"
-#include "tests/support/RecordingReporter.h"
-#include "twovar/TwoVariableSettings.h"
-#include "twovar/ui/TwoVariableWindow.h"
-#include "worker/ui/Worker.h"
 
 using namespace curvemill;
 using namespace curvemill::testing;
@@ -36,43 +23,43 @@ using namespace Qt::Literals::StringLiterals;
 class EquationShellTest : public MainWindowFixture {
     Q_OBJECT
 
+    bool enterCircle() {
+        return enterTwoVariables(40086, u"x^2+y^2-1"_s) != nullptr &&
+               QTest::qWaitFor([this] { return window->graphKind() == GraphKind::Equation; });
+    }
+    // The solution points Copy puts on the clipboard, one "x^2+y^2-1 = 0,x,y" line each.
+    QStringList copiedPoints() {
+        action(40052)->trigger();
+        return QGuiApplication::clipboard()->text().split(u"\r\n"_s, Qt::SkipEmptyParts).mid(1);
+    }
+
   private Q_SLOTS:
     void init() { openWindow(); }
     void cleanup() { window.reset(); }
 
     void equationIsShownWithItsDotsAndMenus() {
         QVERIFY(!action(40012)->isEnabled());
-        TwoVariableWindow* input = enterTwoVariables(40086, u"x^2+y^2-1"_s);
-        QVERIFY(input != nullptr);
-        QCOMPARE(input->windowTitle(), u"Equation"_s);
-        QTRY_COMPARE(window->graphKind(), GraphKind::Equation);
-        QVERIFY(!input->isVisible());
+        QVERIFY(enterCircle());
+        QCOMPARE(shown<TwoVariableWindow>(), nullptr);
         QVERIFY(curve.count() > 100);
         QCOMPARE(view.wholeXBegin, -2.0);
         QCOMPARE(view.yBegin, curve.yMin);
         // Zoom and grid apply to the flat view; the function-only tools are grey.
-        QVERIFY(action(40012)->isEnabled());
-        QVERIFY(!action(40051)->isEnabled());
-        QVERIFY(!action(40033)->isEnabled());
-
-        GraphCanvas* canvas = window->graphArea()->canvas();
-        canvas->repaint();
-        const QImage& buffer = canvas->backBuffer();
-        int dots = 0;
-        for (int y = 0; y < buffer.height(); ++y) {
-            for (int x = 0; x < buffer.width(); ++x) {
-                dots += buffer.pixel(x, y) == qRgb(200, 0, 0);
-            }
+        for (const int id : {40012, 40030, 40018, 40052}) {
+            QVERIFY(action(id)->isEnabled());
         }
-        QVERIFY(dots > 100);
+        QVERIFY(!action(40051)->isEnabled() && !action(40033)->isEnabled());
+        canvas()->repaint();
+        QVERIFY(countPixels(canvas()->backBuffer(), [](QRgb c) { return c == qRgb(200, 0, 0); }) >
+                100);
         // The mouse reads coordinates off an equation as off a function graph.
-        QTest::mouseMove(canvas, canvas->rect().center());
-        QTRY_VERIFY(!window->findChild<QLabel*>(u"coordinatesText"_s)->text().isEmpty());
+        QTest::mouseMove(canvas(), canvas()->rect().center());
+        QTRY_VERIFY(!named<QLabel>(u"coordinatesText"_s)->text().isEmpty());
 
         // The solutions dialog comes with Math Dialog and follows the next equation.
         action(40012)->trigger();
-        auto* solutions = window->equationCommands().solutionsDialog();
-        QVERIFY(solutions != nullptr && solutions->isVisible());
+        auto* solutions = shown<EquationSolutionsDialog>();
+        QVERIFY(solutions != nullptr);
         const int before = curve.count();
         enterTwoVariables(40086, u"x*y-1"_s);
         QTRY_VERIFY(curve.count() != before);
@@ -80,11 +67,40 @@ class EquationShellTest : public MainWindowFixture {
             QString::number(curve.count())));
     }
 
-    // The ThreeD mode hands its entries to the surface computation and shows the surface; a
-    // Cancel with nothing on screen goes back to the title page.
+    // Copy takes the dots (all of them, or those in the selection) as a picture and as points on
+    // the curve; Print lays out one page.
+    void equationGoesOutAsItsDots() {
+        QVERIFY(enterCircle());
+        const QStringList all = copiedPoints();
+        const QImage picture = qvariant_cast<QImage>(QGuiApplication::clipboard()->image());
+        QVERIFY(countPixels(picture, [](QRgb c) {
+                    return qRed(c) > 150 && qGreen(c) < 60 && qBlue(c) < 60;
+                }) > 200);
+        QCOMPARE(all.size(), curve.count());
+        for (const QString& line : all) {
+            const double x = line.section(u',', 1, 1).toDouble();
+            const double y = line.section(u',', 2, 2).toDouble();
+            QVERIFY2(line.startsWith(u"x^2+y^2-1 = 0,"_s) && std::fabs(x * x + y * y - 1.0) < 1e-3,
+                     qPrintable(line));
+        }
+        action(40064)->trigger();
+        drag({1, 1}, {canvas()->width() / 2, canvas()->height() - 2});
+        const qsizetype inLeft = copiedPoints().size();
+        QVERIFY2(inLeft > 10 && inLeft < all.size() - 10, qPrintable(QString::number(inLeft)));
+
+        int pages = -1;
+        QVERIFY(withModal<PrintPreviewWindow>(40018, [&](PrintPreviewWindow* preview) {
+            auto* widget = preview->findChild<QPrintPreviewWidget*>();
+            widget->updatePreview();
+            pages = widget->pageCount();
+            preview->reject();
+        }));
+        QCOMPARE(pages, 1);
+    }
+
+    // The ThreeD mode shows the surface; a Cancel with nothing on screen goes to the title page.
     void surfaceModeDrawsTheSurfaceAndCancelLeadsBackToTheTitlePage() {
         TwoVariableWindow* input = enterTwoVariables(40091, u"sin(x)*cos(y)"_s);
-        QVERIFY(input != nullptr);
         QCOMPARE(input->windowTitle(), u"ThreeD Function"_s);
         QTRY_COMPARE(window->graphKind(), GraphKind::Surface3D);
         QCOMPARE(settings.kind, 'y');
@@ -93,10 +109,8 @@ class EquationShellTest : public MainWindowFixture {
 
         openWindow();
         action(40091)->trigger();
-        TwoVariableWindow* again = window->equationCommands().window();
-        QVERIFY(again != nullptr);
         QSignalSpy title(window.get(), &MainWindow::titlePageShown);
-        control<QPushButton>(*again, twovar_ids::kCancel)->click();
+        control<QPushButton>(*shown<TwoVariableWindow>(), twovar_ids::kCancel)->click();
         QCOMPARE(title.size(), 1);
         QCOMPARE(window->graphKind(), GraphKind::TitlePage);
     }
@@ -108,41 +122,38 @@ class EquationShellTest : public MainWindowFixture {
         enterTwoVariables(40086, u"x-x"_s);
         QTRY_COMPARE_WITH_TIMEOUT(window->graphKind(), GraphKind::Equation, 20000);
         QCOMPARE(curve.count(), kMostSolutions);
-        QCOMPARE(window->statusText(), QString::fromStdString(solutionLimitText()));
+        QCOMPARE(status(), QString::fromStdString(solutionLimitText()));
     }
 
     // Windows of one graph kind close when another kind (or none) takes the screen, the input
     // window fills its boxes only from an entry of its own kind, a stopped run leaves nothing on
     // screen whatever it replaced, and Cancel then goes back to the title page.
-
     void windowsFollowTheGraphOnScreen() {
-        QVERIFY(enterTwoVariables(40086, u"x^2+y^2-1"_s) != nullptr);
-        QTRY_COMPARE(window->graphKind(), GraphKind::Equation);
+        QVERIFY(enterCircle());
         action(40012)->trigger();
         action(40200)->trigger();
-        EquationCommands& tools = window->equationCommands();
-        QVERIFY(tools.solutionsDialog()->isVisible() && tools.informationDialog()->isVisible());
+        QVERIFY(shown<EquationSolutionsDialog>() && shown<EquationInformationDialog>());
         action(40091)->trigger();
-        TwoVariableWindow* input = tools.window();
+        TwoVariableWindow* input = shown<TwoVariableWindow>();
         QCOMPARE(control<QLineEdit>(*input, twovar_ids::kFormula)->text(), QString());
         QCOMPARE(control<QLineEdit>(*input, twovar_ids::kXBegin)->text(), u"-10"_s);
         input->reject();
         QVERIFY(enterTwoVariables(40091, u"x+y"_s) != nullptr);
         QTRY_COMPARE(window->graphKind(), GraphKind::Surface3D);
-        QVERIFY(!tools.solutionsDialog()->isVisible() && !tools.informationDialog()->isVisible());
+        QVERIFY(!shown<EquationSolutionsDialog>() && !shown<EquationInformationDialog>());
         // In 3D the grid box and Restore are there, in the menu and on the toolbar alike.
         for (int id : {40010, 40126}) {
-            QVERIFY(window->commands().toolBar()->widgetForAction(action(id))->isEnabled());
+            QVERIFY(named<QToolBar>(u"toolbar"_s)->widgetForAction(action(id))->isEnabled());
         }
         action(40114)->trigger();
-        QVERIFY(window->rotation().dialog()->isVisible());
+        QVERIFY(named(u"rotationDialog"_s)->isVisible());
 
         settings.surfaceXPoints = settings.surfaceYPoints = 500;
         input = enterTwoVariables(40091, u"sin(x*y)*ln(x^2+y^2+1)^3"_s);
         control<QPushButton>(*input, twovar_ids::kStop)->click();
         QTRY_VERIFY(control<QPushButton>(*input, twovar_ids::kCancel)->isEnabled());
         QCOMPARE(window->graphKind(), GraphKind::TitlePage);
-        QVERIFY(!window->rotation().dialog()->isVisible());
+        QVERIFY(!named(u"rotationDialog"_s)->isVisible());
         for (int id : {40030, 40101, 40114, 40005, 40010}) {
             QVERIFY2(!action(id)->isEnabled(), qPrintable(QString::number(id)));
         }
@@ -150,7 +161,7 @@ class EquationShellTest : public MainWindowFixture {
         control<QPushButton>(*input, twovar_ids::kCancel)->click();
         QCOMPARE(title.size(), 1);
         QVERIFY(!action(40010)->isChecked());
-        QCOMPARE(window->statusText(), u"Ready"_s);
+        QCOMPARE(status(), u"Ready"_s);
     }
 
     // Windows open within the free area of their screen and keep their size while a progress
@@ -161,12 +172,11 @@ class EquationShellTest : public MainWindowFixture {
         big->move(300, 300);
         big->show();
         QVERIFY(big->screen()->availableGeometry().contains(big->frameGeometry()));
-        QVERIFY(enterTwoVariables(40086, u"x^2+y^2-1"_s) != nullptr);
-        QTRY_COMPARE(window->graphKind(), GraphKind::Equation);
+        QVERIFY(enterCircle());
+        action(40086)->trigger();
         action(40200)->trigger();
-        for (QWidget* tool :
-             {static_cast<QWidget*>(window->equationCommands().window()),
-              static_cast<QWidget*>(window->equationCommands().informationDialog())}) {
+        for (QWidget* tool : {static_cast<QWidget*>(shown<TwoVariableWindow>()),
+                              static_cast<QWidget*>(shown<EquationInformationDialog>())}) {
             auto* progress = tool->findChild<QProgressBar*>();
             const QSize idle = tool->sizeHint();
             progress->show();
@@ -178,8 +188,7 @@ class EquationShellTest : public MainWindowFixture {
     // The zoom commands act on an equation as on a function graph; Restore shows it whole again.
     void zoomCommandsWorkOnAnEquation() {
         window->resize(1200, 450);
-        QVERIFY(enterTwoVariables(40086, u"x^2+y^2-1"_s) != nullptr);
-        QTRY_COMPARE(window->graphKind(), GraphKind::Equation);
+        QVERIFY(enterCircle());
         const auto inside = [this] {
             return view.visibleYBegin() < curve.yMin && view.visibleYEnd() > curve.yMax;
         };

@@ -1,33 +1,18 @@
-#include <fenv.h>
-
-#include <QAction>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
+// Moving about a 2D graph in the main window: zoom commands and scroll bars, the wheel, the
+// selection, dragging, resizing, the mouse's read-outs and the customization that shapes them.
+#include <QCheckBox>
+#include <QRadioButton>
 #include <QRegularExpression>
-#include <QScrollBar>
-#include <QSignalSpy>
+#include <QSpinBox>
 #include <QToolBar>
 #include <QToolButton>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <QtTest>
 
-#include "engine/Formula.h"
 #include "failure/FaultTranslation.h"
-#include "graph2d/GraphView.h"
-#include "graph2d/TwoDGraph.h"
-#include "graph2d/ui/TwoDGraphDialog.h"
-#include "graph3d/SurfaceScene.h"
-#include "shell/CommandTable.h"
-#include "shell/ui/CommandActions.h"
-#include "shell/ui/GraphArea.h"
-#include "shell/ui/MainWindow.h"
-#include "shell/ui/ViewCommands.h"
-#include "tests/support/DialogControls.h"
+#include "graph2d/ui/TwoDCustomizationDialog.h"
 #include "tests/support/MainWindowFixture.h"
-#include "tests/support/RecordingReporter.h"
-#include "worker/ui/Worker.h"
 
 using namespace curvemill;
 using namespace curvemill::testing;
@@ -40,49 +25,41 @@ class ViewNavigationUiTest : public MainWindowFixture {
         return {view.graphX(view.left + view.visibleWidth() / 2),
                 view.graphY(view.top + view.visibleHeight() / 2)};
     }
-
-    // The tall curve that opens with its peak off screen.
-    bool drawSinc() {
-        action(cmd::kTwoDGraph)->trigger();
-        TwoDGraphDialog* dialog = window->twoDGraphDialog(false);
-        dialog->setEntry(u"sin(x)/x*80"_s, u"-20"_s, u"20"_s);
-        QSignalSpy finished(dialog, &TwoDGraphDialog::runFinished);
-        control<QPushButton>(*dialog, twod_ids::kOk)->click();
-        return finished.wait(20000) && finished.first().first().toBool();
-    }
     void wheel(QPoint at, Qt::KeyboardModifiers keys, int delta = 120) {
         QWheelEvent event(at, canvas()->mapToGlobal(at), QPoint(), QPoint(0, delta), Qt::NoButton,
                           keys, Qt::NoScrollPhase, false);
         QApplication::sendEvent(canvas(), &event);
     }
-    void drag(QPoint from, QPoint to) {
-        QTest::mousePress(canvas(), Qt::LeftButton, {}, from);
-        QTest::mouseMove(canvas(), (from + to) / 2);
-        QTest::mouseMove(canvas(), to);
-        QTest::mouseRelease(canvas(), Qt::LeftButton, {}, to);
+    // TwoD / Equation Customization with `change` made to its controls, then OK.
+    bool customize(const std::function<void(QDialog&)>& change) {
+        return withModal<QDialog>(40123, [&](QDialog* dialog) {
+            change(*dialog);
+            control<QPushButton>(*dialog, 1)->click();
+        });
     }
 
   private Q_SLOTS:
     void initTestCase() { installFaultTranslation(); }
+    // The tall curve that opens with its peak off screen.
     void init() {
         openWindow({1000, 700});
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-        QVERIFY(drawSinc());
+        QVERIFY(drawFunction(false, u"sin(x)/x*80"_s, u"-20"_s, u"20"_s));
     }
     void cleanup() { window.reset(); }
 
     void menuZoomScrollBarsAndLimits() {
-        QScrollBar* bar = window->graphArea()->horizontalBar();
+        QScrollBar* horizontal = bar(Qt::Horizontal);
         const QPointF before = centre();
         action(40003)->trigger();
         action(40003)->trigger();
         QCOMPARE(view.xZoom, 4.0);
-        QVERIFY(bar->isEnabled());
-        QCOMPARE(bar->maximum(), int(view.contentWidth) - int(view.visibleWidth()));
-        QCOMPARE(bar->value(), int(view.scrollX));
-        bar->triggerAction(QAbstractSlider::SliderSingleStepAdd);
-        QCOMPARE(view.scrollX, double(bar->value()));
-        bar->setValue(int(view.scrollX) - 2);  // back to the middle, as far as whole pixels go
+        QVERIFY(horizontal->isEnabled());
+        QCOMPARE(horizontal->maximum(), int(view.contentWidth) - int(view.visibleWidth()));
+        QCOMPARE(horizontal->value(), int(view.scrollX));
+        horizontal->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+        QCOMPARE(view.scrollX, double(horizontal->value()));
+        horizontal->setValue(int(view.scrollX) - 2);  // back to the middle, to the whole pixel
         action(40006)->trigger();
         action(40006)->trigger();
         QCOMPARE(view.xZoom, 1.0);
@@ -117,7 +94,7 @@ class ViewNavigationUiTest : public MainWindowFixture {
         QCOMPARE(view.yZoom != yZoom, yChanges);
         QVERIFY(qAbs(view.toPixelX(x) - at.x()) <= 1.0);
         QVERIFY(qAbs(view.toPixelY(y) - at.y()) <= 1.0);
-        QCOMPARE(window->graphArea()->verticalBar()->value(), int(view.scrollY));
+        QCOMPARE(bar(Qt::Vertical)->value(), int(view.scrollY));
     }
 
     void selectionStretchesToTheAreaAndUndoes() {
@@ -125,13 +102,14 @@ class ViewNavigationUiTest : public MainWindowFixture {
         QVERIFY(action(40064)->isChecked() && !action(40063)->isChecked());
         QVERIFY(!action(40049)->isEnabled());
         drag(QPoint(300, 200), QPoint(500, 320));
-        const QRect selected = window->graphArea()->selectedRect();
-        QCOMPARE(selected, QRect(QPoint(300, 200), QPoint(500, 320)));
+        auto* band = named(u"selectionBand"_s);
+        QVERIFY(band->isVisible());
+        QCOMPARE(band->geometry(), QRect(QPoint(300, 200), QPoint(500, 320)));
         QVERIFY(action(40049)->isEnabled());
         const double x0 = view.graphX(300), scrollY = view.scrollY;
         action(40049)->trigger();
         QVERIFY(qAbs(view.toPixelX(x0) - view.left) <= 1);
-        QVERIFY(window->graphArea()->selectedRect().isEmpty());
+        QVERIFY(!band->isVisible());
         QVERIFY(!action(40049)->isEnabled() && action(40050)->isEnabled());
         action(40050)->trigger();
         QVERIFY(qAbs(view.xZoom - 1.0) < 1e-12);
@@ -140,7 +118,7 @@ class ViewNavigationUiTest : public MainWindowFixture {
         // A click clears the selection.
         drag(QPoint(300, 200), QPoint(500, 320));
         QTest::mouseClick(canvas(), Qt::LeftButton, {}, QPoint(200, 200));
-        QVERIFY(window->graphArea()->selectedRect().isEmpty());
+        QVERIFY(!band->isVisible() && !action(40049)->isEnabled());
     }
 
     void moveScreenDragFollowsTheHand() {
@@ -151,7 +129,7 @@ class ViewNavigationUiTest : public MainWindowFixture {
         drag(QPoint(400, 300), QPoint(350, 340));
         QCOMPARE(view.scrollX, scrollX + 50);
         QCOMPARE(view.scrollY, scrollY - 40);
-        QCOMPARE(window->graphArea()->horizontalBar()->value(), int(view.scrollX));
+        QCOMPARE(bar(Qt::Horizontal)->value(), int(view.scrollX));
     }
 
     void resizeKeepsTheCentreAndFitShowsTheWholeRange() {
@@ -166,65 +144,75 @@ class ViewNavigationUiTest : public MainWindowFixture {
         QVERIFY(view.visibleYEnd() < graph.main.yMax);  // the peak is off screen
         action(40201)->trigger();
         QVERIFY(view.visibleYEnd() >= graph.main.yMax - 1e-9);
-        QVERIFY(!window->graphArea()->verticalBar()->isEnabled());
+        QVERIFY(!bar(Qt::Vertical)->isEnabled());
+    }
+
+    // The mouse over the plot shows the graph's x and y under it in the status line, to the
+    // pixel; outside the plot and after it leaves, nothing.
+    void coordinatesFollowTheMouse() {
+        auto* readOut = named<QLabel>(u"coordinatesText"_s);
+        const QRegularExpression pair(u"^x = (-?\\d+\\.\\d+)   y = (-?\\d+\\.\\d+)$"_s);
+        for (const QPoint at : {QPoint(200, 150), QPoint(640, 420)}) {
+            QTest::mouseMove(canvas(), at);
+            const QRegularExpressionMatch read = pair.match(readOut->text());
+            QVERIFY2(read.hasMatch(), qPrintable(readOut->text()));
+            QVERIFY(qAbs(view.toPixelX(read.captured(1).toDouble()) - at.x()) <= 1);
+            QVERIFY(qAbs(view.toPixelY(read.captured(2).toDouble()) - at.y()) <= 1);
+        }
+        QTest::mouseMove(canvas(), QPoint(2, 2));
+        QCOMPARE(readOut->text(), QString());
+        QTest::mouseMove(canvas(), QPoint(300, 300));
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(canvas(), &leave);
+        QCOMPARE(readOut->text(), QString());
     }
 
     // The curve's name and the nearest record's coordinates once the mouse rests on it; nothing
-    // away from it or with "Display Tooltips" off.
+    // away from it or with "Display Tooltips" off, on the toolbar too.
     void tooltipNamesTheCurveUnderTheMouse() {
         const QPoint onCurve(int(view.toPixelX(3.0)), int(view.toPixelY(80 * std::sin(3.0) / 3)));
-        const auto rest = [&](QPoint at) {
+        const auto rest = [&](QWidget* widget, QPoint at) {
             QToolTip::hideText();
-            const bool hidden = QTest::qWaitFor([] { return !QToolTip::isVisible(); });
-            if (!hidden) {
+            if (!QTest::qWaitFor([] { return !QToolTip::isVisible(); })) {
                 return u"(an earlier tooltip stayed)"_s;
             }
-            QHelpEvent help(QEvent::ToolTip, at, canvas()->mapToGlobal(at));
-            QApplication::sendEvent(canvas(), &help);
+            QHelpEvent help(QEvent::ToolTip, at, widget->mapToGlobal(at));
+            QApplication::sendEvent(widget, &help);
             QTest::qWait(50);
             return QToolTip::isVisible() ? QToolTip::text() : QString();
         };
-        const QString text = rest(onCurve);
+        const QString text = rest(canvas(), onCurve);
         const QRegularExpressionMatch hit =
             QRegularExpression(u"^FUNCTION x=(-?\\d+\\.\\d{6}) y=(-?\\d+\\.\\d{6})$"_s).match(text);
         QVERIFY2(hit.hasMatch(), qPrintable(text));
-        // A record of the curve within a few pixels of the mouse.
         QVERIFY(qAbs(view.toPixelX(hit.captured(1).toDouble()) - onCurve.x()) <= 5);
-        QCOMPARE(rest(onCurve + QPoint(40, 0)), QString());
-        TwoDSettings settings = window->viewCommands().settings();
-        settings.tooltips = false;
-        window->viewCommands().applySettings(settings);
-        QCOMPARE(rest(onCurve), QString());
-        // The toolbar's tooltips go with them.
-        auto* zoomButton = qobject_cast<QToolButton*>(
-            window->commands().toolBar()->widgetForAction(action(40005)));
-        QVERIFY(zoomButton != nullptr);
-        QHelpEvent help(QEvent::ToolTip, QPoint(5, 5), zoomButton->mapToGlobal(QPoint(5, 5)));
-        QApplication::sendEvent(zoomButton, &help);
-        QTest::qWait(50);
-        QVERIFY(!QToolTip::isVisible());
+        QCOMPARE(rest(canvas(), onCurve + QPoint(40, 0)), QString());
+        QVERIFY(customize([](QDialog& dialog) {
+            control<QCheckBox>(dialog, customization_ids::kDisplayTooltips)->setChecked(false);
+        }));
+        QCOMPARE(rest(canvas(), onCurve), QString());
+        auto* toolbar = named<QToolBar>(u"toolbar"_s);
+        QCOMPARE(rest(toolbar->widgetForAction(action(40005)), QPoint(5, 5)), QString());
     }
 
     void customizationSettingsReachTheWindow() {
         action(40005)->trigger();
-        TwoDSettings settings = window->viewCommands().settings();
-        settings.maxYRatio = 1;
-        settings.selectArea = true;
-        settings.toolbar = false;
-        settings.optimizeDrawing = false;
-        window->viewCommands().applySettings(settings);
+        QVERIFY(customize([](QDialog& dialog) {
+            control<QSpinBox>(dialog, customization_ids::kRatioSpin)->setValue(1);
+            control<QRadioButton>(dialog, customization_ids::kSelectArea)->setChecked(true);
+            control<QCheckBox>(dialog, customization_ids::kDisplayToolbar)->setChecked(false);
+            control<QCheckBox>(dialog, customization_ids::kOptimizeDrawing)->setChecked(false);
+        }));
         QCOMPARE(view.xZoom, 1.0);  // a new Y range starts the view again
         QVERIFY(view.yEnd - view.yBegin <= 40.0 + 1e-9);
         QCOMPARE(graph.drawStep, 1);
         QVERIFY(action(40064)->isChecked() && !action(40063)->isChecked());
-        QCOMPARE(window->mouseMode(), MouseMode::Select);
-        QVERIFY(window->commands().toolBar()->isHidden());
+        QVERIFY(named<QToolBar>(u"toolbar"_s)->isHidden());
     }
 
     void drawingProcessShowsItsProgress() {
         action(40130)->trigger();
-        QVERIFY(action(40130)->isChecked());
-        QVERIFY(canvas()->drawingInProgress());
+        QVERIFY(action(40130)->isChecked() && canvas()->drawingInProgress());
         QSignalSpy progress(canvas(), &GraphCanvas::drawingProgress);
         QVERIFY(QTest::qWaitFor([&] { return !canvas()->drawingInProgress(); }, 5000));
         QVERIFY(progress.count() > 10);
