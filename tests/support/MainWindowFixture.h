@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPrintPreviewWidget>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -20,6 +21,7 @@
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
 #include "graph3d/SurfaceScene.h"
+#include "output/ui/GraphPrinting.h"
 #include "shell/CommandTable.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/MainWindow.h"
@@ -107,6 +109,18 @@ class MainWindowFixture : public QObject {
         ModalAction<T> modal(std::move(act));
         action(command)->trigger();
         return modal.seen;
+    }
+
+    // The pages Print lays out for the graph on screen; -1 when no preview came.
+    int printedPages() {
+        int pages = -1;
+        withModal<PrintPreviewWindow>(40018, [&](PrintPreviewWindow* preview) {
+            auto* widget = preview->findChild<QPrintPreviewWidget*>();
+            widget->updatePreview();
+            pages = widget->pageCount();
+            preview->reject();
+        });
+        return pages;
     }
 
     // The main (or second) function's dialog from its command, `text` typed (and the range when

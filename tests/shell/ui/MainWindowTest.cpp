@@ -20,6 +20,7 @@
 #include "mathtools/ui/MathDialog.h"
 #include "shell/CommandState.h"
 #include "shell/ui/AboutDialog.h"
+#include "shell/ui/ProductWebPage.h"
 #include "tests/support/AccessKeys.h"
 #include "tests/support/FakeHistory.h"
 #include "tests/support/MainWindowFixture.h"
@@ -282,22 +283,10 @@ class MainWindowTest : public MainWindowFixture {
         QCOMPARE(history.exitSaves, 2);
     }
 
-    // "History" and "History 1" open their list with the dialog's boxes located in it.
-    void historyButtonsLocateTheInput_data() {
-        QTest::addColumn<int>("button");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("end");
-        QTest::addColumn<int>("row");
-        QTest::newRow("report list, last entry") << 1063 << u"sin(x)/x*80"_s << u"20"_s << 60;
-        QTest::newRow("text list, first entry") << 1037 << u"x^0"_s << u"1"_s << 0;
-        QTest::newRow("range differs") << 1063 << u"sin(x)/x*80"_s << u"21"_s << -1;
-        QTest::newRow("empty formula") << 1037 << u""_s << u"20"_s << 3;
-    }
+    // "History" and "History 1" open their list with the dialog's boxes located in it (an entry
+    // not there is said, a selection from before stays when there is nothing to locate), and
+    // picking another entry fills the dialog that asked.
     void historyButtonsLocateTheInput() {
-        QFETCH(int, button);
-        QFETCH(QString, typed);
-        QFETCH(QString, end);
-        QFETCH(int, row);
         // x^0 .. x^59 over -1..1 to -60..60, then sin(x)/x*80 over -20..20, in list order.
         HistoryStore store;
         store.addNewEntry({"sin(x)/x*80", "-20", "20", "$", "$"});
@@ -307,39 +296,61 @@ class MainWindowTest : public MainWindowFixture {
         }
         HistoryService service(store, reporter);
         window->setHistoryPort(&service);
-        action(cmd::kTwoDGraph)->trigger();
-        auto* dialog = shown<TwoDGraphDialog>();
-        dialog->setEntry(typed, "-" + end, end);
-
-        const bool report = button == 1063;
-        HistoryWindow& list = report ? service.previousEntries() : service.listOfFunctions();
-        ModalAnswer answer;
-        bool listWasOpen = false;
-        answer.answered = [&] { listWasOpen = list.isVisible(); };
-        // A selection from before stays only when there is nothing to locate.
-        list.view()->setCurrentRow(3);
-        control<QPushButton>(*dialog, button)->click();
-        QVERIFY(list.isVisible());
-        QCOMPARE(list.view()->currentRow(), row);
-        QCOMPARE(answer.seen, row < 0);
-        if (row < 0) {
-            QCOMPARE(answer.text, u"THIS ENTRY IS NOT INCLUDED IN THE LIST"_s);
-            QCOMPARE(answer.icon, QMessageBox::Information);
-            QVERIFY(listWasOpen);
+        const std::tuple<int, QString, QString, int> rows[] = {
+            {1063, u"sin(x)/x*80"_s, u"20"_s, 60},
+            {1037, u"x^0"_s, u"1"_s, 0},
+            {1063, u"sin(x)/x*80"_s, u"21"_s, -1},
+            {1037, u""_s, u"20"_s, 3}};
+        for (const auto& [button, typed, end, row] : rows) {
+            action(cmd::kTwoDGraph)->trigger();
+            auto* dialog = shown<TwoDGraphDialog>();
+            dialog->setEntry(typed, "-" + end, end);
+            HistoryWindow& list =
+                button == 1063 ? service.previousEntries() : service.listOfFunctions();
+            ModalAnswer answer;
+            bool listWasOpen = false;
+            answer.answered = [&] { listWasOpen = list.isVisible(); };
+            list.view()->setCurrentRow(3);
+            control<QPushButton>(*dialog, button)->click();
+            QVERIFY(list.isVisible());
+            QCOMPARE(list.view()->currentRow(), row);
+            QCOMPARE(answer.seen, row < 0);
+            QVERIFY(row >= 0 || (answer.text == u"THIS ENTRY IS NOT INCLUDED IN THE LIST"_s &&
+                                 answer.icon == QMessageBox::Information && listWasOpen));
+            if (row == 60) {
+                QTreeWidget* tree = static_cast<EntryReportList*>(list.view())->tree();
+                QVERIFY(
+                    tree->viewport()->rect().contains(tree->visualItemRect(tree->currentItem())));
+            }
+            list.view()->setCurrentRow(5);
+            list.runCommand(history_commands::kSelect);
+            QCOMPARE(dialog->currentInput().formula, std::string("x^5"));
+            list.view()->setCurrentRow(-1);
+            list.runCommand(history_commands::kLocateInput);
+            QCOMPARE(list.view()->currentRow(), 5);
+            dialog->reject();
         }
-        if (report && row >= 0) {
-            QTreeWidget* tree = static_cast<EntryReportList*>(list.view())->tree();
-            QVERIFY(tree->viewport()->rect().contains(tree->visualItemRect(tree->currentItem())));
-        }
-        // Picking another entry fills the dialog that asked, and the list can find the input
-        // again.
-        list.view()->setCurrentRow(5);
-        list.runCommand(history_commands::kSelect);
-        QCOMPARE(dialog->currentInput().formula, std::string("x^5"));
-        list.view()->setCurrentRow(-1);
-        list.runCommand(history_commands::kLocateInput);
-        QCOMPARE(list.view()->currentRow(), 5);
         window->setHistoryPort(&history);
+    }
+
+    // The web page's button: offline and without a browser each say so under "ERROR".
+    void productWebPageOpensOrSaysWhyNot() {
+        const std::tuple<bool, bool, const char*> rows[] = {
+            {false, true, kMsgNoInternet}, {true, false, kMsgNoBrowser}, {true, true, nullptr}};
+        for (const auto& [online, browserStarts, message] : rows) {
+            QList<QUrl> opened;
+            const WebPageRoute route{[online] { return online; },
+                                     [&](const QUrl& url) {
+                                         opened << url;
+                                         return browserStarts;
+                                     }};
+            ModalAnswer box;
+            openProductWebPage(nullptr, route);
+            QCOMPARE(opened,
+                     online ? QList{QUrl(QString::fromLatin1(kProductWebAddress))} : QList<QUrl>());
+            QCOMPARE(box.text, QString::fromLatin1(message));
+            QCOMPARE(box.caption, message ? u"ERROR"_s : QString());
+        }
     }
 
     void aboutShowsTheProgramAndCloses() {

@@ -25,11 +25,6 @@ class ViewNavigationUiTest : public MainWindowFixture {
         return {view.graphX(view.left + view.visibleWidth() / 2),
                 view.graphY(view.top + view.visibleHeight() / 2)};
     }
-    void wheel(QPoint at, Qt::KeyboardModifiers keys, int delta = 120) {
-        QWheelEvent event(at, canvas()->mapToGlobal(at), QPoint(), QPoint(0, delta), Qt::NoButton,
-                          keys, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(canvas(), &event);
-    }
     // TwoD / Equation Customization with `change` made to its controls, then OK.
     bool customize(const std::function<void(QDialog&)>& change) {
         return withModal<QDialog>(40123, [&](QDialog* dialog) {
@@ -69,35 +64,41 @@ class ViewNavigationUiTest : public MainWindowFixture {
         QVERIFY(action(40003)->isEnabled());
     }
 
-    void wheelZoomsAboutTheMouse_data() {
-        QTest::addColumn<int>("keys");
-        QTest::addColumn<int>("delta");
-        QTest::addColumn<bool>("xChanges");
-        QTest::addColumn<bool>("yChanges");
-        QTest::newRow("both in") << int(Qt::NoModifier) << 120 << true << true;
-        QTest::newRow("ctrl: x only") << int(Qt::ControlModifier) << 360 << true << false;
-        QTest::newRow("shift: y only") << int(Qt::ShiftModifier) << 120 << false << true;
-    }
+    // No key zooms both axes, Ctrl only x, Shift only y, about the point under the mouse.
     void wheelZoomsAboutTheMouse() {
-        QFETCH(int, keys);
-        QFETCH(int, delta);
-        QFETCH(bool, xChanges);
-        QFETCH(bool, yChanges);
-        action(40005)->trigger();  // room to zoom out about a point without reaching an edge
-        const QPoint at(400, 300);
-        const double x = view.graphX(at.x());
-        const double y = view.graphY(at.y());
-        const double xZoom = view.xZoom;
-        const double yZoom = view.yZoom;
-        wheel(at, Qt::KeyboardModifiers(keys), delta);
-        QCOMPARE(view.xZoom != xZoom, xChanges);
-        QCOMPARE(view.yZoom != yZoom, yChanges);
-        QVERIFY(qAbs(view.toPixelX(x) - at.x()) <= 1.0);
-        QVERIFY(qAbs(view.toPixelY(y) - at.y()) <= 1.0);
-        QCOMPARE(bar(Qt::Vertical)->value(), int(view.scrollY));
+        const std::tuple<Qt::KeyboardModifier, int, bool, bool> rows[] = {
+            {Qt::NoModifier, 120, true, true},
+            {Qt::ControlModifier, 360, true, false},
+            {Qt::ShiftModifier, 120, false, true}};
+        for (const auto& [keys, delta, xChanges, yChanges] : rows) {
+            action(40005)->trigger();  // room to zoom out about a point without reaching an edge
+            const QPoint at(400, 300);
+            const double x = view.graphX(at.x()), y = view.graphY(at.y());
+            const double xZoom = view.xZoom, yZoom = view.yZoom;
+            QWheelEvent event(at, canvas()->mapToGlobal(at), QPoint(), QPoint(0, delta),
+                              Qt::NoButton, keys, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(canvas(), &event);
+            QCOMPARE(view.xZoom != xZoom, xChanges);
+            QCOMPARE(view.yZoom != yZoom, yChanges);
+            QVERIFY(qAbs(view.toPixelX(x) - at.x()) <= 1.0 &&
+                    qAbs(view.toPixelY(y) - at.y()) <= 1.0);
+            QCOMPARE(bar(Qt::Vertical)->value(), int(view.scrollY));
+            action(40126)->trigger();
+        }
     }
 
-    void selectionStretchesToTheAreaAndUndoes() {
+    // Mouse Move drags the graph with the hand; Mouse Select marks an area that Stretch fills the
+    // window with and Undo Stretch takes back, and a click clears.
+    void dragMovesOrSelects() {
+        action(40005)->trigger();
+        QVERIFY(action(40063)->isChecked());
+        const double scrollX = view.scrollX, scrollY0 = view.scrollY;
+        drag(QPoint(400, 300), QPoint(350, 340));
+        QCOMPARE(view.scrollX, scrollX + 50);
+        QCOMPARE(view.scrollY, scrollY0 - 40);
+        QCOMPARE(bar(Qt::Horizontal)->value(), int(view.scrollX));
+        action(40126)->trigger();
+
         action(40064)->trigger();
         QVERIFY(action(40064)->isChecked() && !action(40063)->isChecked());
         QVERIFY(!action(40049)->isEnabled());
@@ -119,17 +120,6 @@ class ViewNavigationUiTest : public MainWindowFixture {
         drag(QPoint(300, 200), QPoint(500, 320));
         QTest::mouseClick(canvas(), Qt::LeftButton, {}, QPoint(200, 200));
         QVERIFY(!band->isVisible() && !action(40049)->isEnabled());
-    }
-
-    void moveScreenDragFollowsTheHand() {
-        action(40005)->trigger();
-        QVERIFY(action(40063)->isChecked());
-        const double scrollX = view.scrollX;
-        const double scrollY = view.scrollY;
-        drag(QPoint(400, 300), QPoint(350, 340));
-        QCOMPARE(view.scrollX, scrollX + 50);
-        QCOMPARE(view.scrollY, scrollY - 40);
-        QCOMPARE(bar(Qt::Horizontal)->value(), int(view.scrollX));
     }
 
     void resizeKeepsTheCentreAndFitShowsTheWholeRange() {
