@@ -73,19 +73,8 @@ class EquationToolsTest : public QObject {
         QCOMPARE(control<QLabel>(dialog, solutions_ids::kCount)->text(), u"0 solution points"_s);
     }
 
-    void informationFindsXForYAndRefusesBadEntries_data() {
-        QTest::addColumn<int>("box");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("not a number") << equation_information_ids::kYForX << u"x"_s
-                                      << u"ERROR IN Y EDIT BOX:\nNUMBER IS NOT A CONSTANT"_s;
-        QTest::newRow("x outside") << equation_information_ids::kXForY << u"-7"_s
-                                   << u"X IS OUTSIDE THE RANGE OF FUNCTION"_s;
-    }
+    // The messages are the core's: one refusal proves the wiring, through the other button.
     void informationFindsXForYAndRefusesBadEntries() {
-        QFETCH(int, box);
-        QFETCH(QString, typed);
-        QFETCH(QString, message);
         Formula formula;
         QVERIFY(prepareFormula(formula, "x*x-y", 'e'));
         GraphView view;
@@ -95,15 +84,12 @@ class EquationToolsTest : public QObject {
         EquationInformationPanel panel(formula, view, worker);
         panel.show();
         auto* list = control<QListWidget>(panel, equation_information_ids::kList);
-        const int button = box == equation_information_ids::kYForX
-                               ? equation_information_ids::kFindX
-                               : equation_information_ids::kFindY;
-
         ModalAnswer refusal;
-        retype(panel, box, typed);
-        QTest::mouseClick(control<QPushButton>(panel, button), Qt::LeftButton);
+        retype(panel, equation_information_ids::kXForY, u"-7"_s);
+        QTest::mouseClick(control<QPushButton>(panel, equation_information_ids::kFindY),
+                          Qt::LeftButton);
         QVERIFY(refusal.seen);
-        QVERIFY2(refusal.text.startsWith(message), qPrintable(refusal.text));
+        QCOMPARE(refusal.text, u"X IS OUTSIDE THE RANGE OF FUNCTION"_s);
         QVERIFY(!panel.isRunning());
 
         QSignalSpy finished(&panel, &EquationInformationPanel::scanFinished);

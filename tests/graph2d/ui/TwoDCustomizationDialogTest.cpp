@@ -1,6 +1,5 @@
 #include <QCheckBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -59,8 +58,6 @@ class TwoDCustomizationDialogTest : public QObject {
         QCOMPARE(spin->isEnabled(), top > 1);
         QCOMPARE(spin->value(), std::min(ratio, top));
         QCOMPARE(dialog.openingRatio(), std::min(ratio, top));
-        QCOMPARE(control<QLineEdit>(dialog, ids::kRatioEdit)->text(),
-                 QString::number(std::min(ratio, top)));
         QCOMPARE(control<QLabel>(dialog, ids::kXRangeLabel)->text(), u"X Range: 0 to 20"_s);
         QCOMPARE(control<QLabel>(dialog, ids::kYRangeLabel)->text(), yRange);
     }
