@@ -100,8 +100,7 @@ TEST(EquationSolver, OrderOfTheTests) {
                   [](auto& a, auto& b) { return a.x < b.x || (a.x == b.x && a.y < b.y); });
         ASSERT_EQ(points.size(), c.expected.size());
         for (std::size_t i = 0; i < points.size(); ++i) {
-            EXPECT_DOUBLE_EQ(points[i].x, c.expected[i].first);
-            EXPECT_DOUBLE_EQ(points[i].y, c.expected[i].second);
+            EXPECT_EQ(std::pair(points[i].x, points[i].y), c.expected[i]) << i;
         }
     }
 }
@@ -109,9 +108,8 @@ TEST(EquationSolver, OrderOfTheTests) {
 TEST(EquationSolver, EmptyGridAndDegenerateSteps) {
     const Solved empty = solve("x^2+y^2+1", square(2, 500));
     ASSERT_TRUE(empty.completed);
-    EXPECT_EQ(empty.curve.count(), 0);
-    EXPECT_EQ(empty.curve.yMin, kNoLowestY);
-    EXPECT_EQ(empty.curve.yMax, kNoHighestY);
+    EXPECT_EQ(std::tuple(empty.curve.count(), empty.curve.yMin, empty.curve.yMax),
+              std::tuple(0, kNoLowestY, kNoHighestY));
     // Steps too small to move x on must end the walk, not loop for ever.
     const Solved stuck = solve("x-y", {1e16, 1e16 + 2, -1, 1, 500, 10, 5});
     EXPECT_TRUE(stuck.completed);
@@ -138,8 +136,7 @@ TEST(EquationSolver, StopLeavesThePreviousSolutions) {
                                              });
         EXPECT_FALSE(completed);
         ASSERT_EQ(curve.count(), 1);
-        EXPECT_EQ(curve.solutions[0].x, 7);
-        EXPECT_EQ(curve.yMin, 8);
+        EXPECT_EQ(std::tuple(curve.solutions[0].x, curve.yMin), std::tuple(7, 8));
     }
 }
 
@@ -153,8 +150,7 @@ TEST(EquationView, RangesAndPixels) {
     curve.yMax = 1;
     // Cut to 10 times the 4-wide X range.
     const YRange cut = equationYRange(curve, 1);
-    EXPECT_EQ(cut.end, 1);
-    EXPECT_EQ(cut.begin, -3);
+    EXPECT_EQ(std::pair(cut.begin, cut.end), std::pair(-3.0, 1.0));
 
     GraphView view;
     setViewSize(view, 530, 480);
@@ -168,8 +164,7 @@ TEST(EquationView, RangesAndPixels) {
     EXPECT_EQ(pixels[0].x, static_cast<int>(view.toPixelX(-1)));
     EXPECT_EQ(pixels[1].y, static_cast<int>(view.toPixelY(1)));
     for (const PixelPoint& p : pixels) {
-        EXPECT_GE(p.x, view.left);
-        EXPECT_LT(p.x, view.plotRight());
+        EXPECT_TRUE(p.x >= view.left && p.x < view.plotRight()) << p.x;
     }
 }
 
@@ -189,13 +184,10 @@ TEST(EquationComputation, JobFillsTheCurveAndShowPutsItOnTheView) {
     // The curve on screen is not touched from the worker's side.
     EXPECT_EQ(curve.count(), 0);
     computation.show();
-    EXPECT_EQ(shown, 1);
-    EXPECT_TRUE(curve.shown);
-    EXPECT_EQ(curve.formulaText, "x*y-1");
-    EXPECT_EQ(curve.grid.precisionDigits, 6);
-    EXPECT_EQ(view.wholeXBegin, -4);
-    EXPECT_EQ(view.yBegin, curve.yMin);
-    EXPECT_EQ(view.yEnd, curve.yMax);
+    EXPECT_EQ(std::tuple(shown, curve.shown, curve.formulaText, curve.grid.precisionDigits),
+              std::tuple(1, true, "x*y-1", 6));
+    EXPECT_EQ(std::tuple(view.wholeXBegin, view.yBegin, view.yEnd),
+              std::tuple(-4, curve.yMin, curve.yMax));
 }
 
 // Every solution, and the ring of a point marked on it, is inside the plotting area on a wide, a

@@ -65,10 +65,7 @@ TEST(CurveRuns, FarValuesAreClampedAndNeverOverflow) {
                                     point(4, NAN), point(5, 0), point(6, 1)});
     for (const auto& run : runs) {
         for (const PixelPoint& p : run) {
-            EXPECT_GE(p.y, 40);
-            EXPECT_LE(p.y, 340);
-            EXPECT_GE(p.x, 64);
-            EXPECT_LE(p.x, 466);
+            EXPECT_TRUE(p.y >= 40 && p.y <= 340 && p.x >= 64 && p.x <= 466) << p.x << "," << p.y;
         }
     }
     EXPECT_FALSE(runs.empty());
@@ -135,8 +132,7 @@ TEST(AreaPolygons, LongAreasRestartAndOutsideColumnsAreLeftOut) {
         EXPECT_LE(polygon.points.size(), static_cast<std::size_t>(kMaxAreaPolygonPoints));
         EXPECT_TRUE(polygon.aboveAxis);
         for (const PixelPoint& p : polygon.points) {
-            EXPECT_GE(p.x, 65);
-            EXPECT_LE(p.x, 465);
+            EXPECT_TRUE(p.x >= 65 && p.x <= 465) << p.x;
         }
     }
     EXPECT_EQ(polygons.front().points.front().x, 65);

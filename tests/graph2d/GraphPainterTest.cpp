@@ -63,19 +63,6 @@ class GraphPainterTest : public ::testing::Test {
     GraphView view_;
 };
 
-TEST_F(GraphPainterTest, CurveAppearsInItsColourOnWhite) {
-    TwoDGraph graph;
-    setCurve(graph.main, {point(0, -2), point(10, 2)});
-    graph.mainFormulaText = std::string("x");
-    const QImage image = render(graph);
-    // The line passes through (2.5, -1): column 165, row 230.
-    EXPECT_EQ(image.pixelColor(165, 230), graph_colors::kMainFunction);
-    EXPECT_EQ(image.pixelColor(265, 120), QColor(Qt::white));
-    EXPECT_EQ(image.pixelColor(2, 2), QColor(Qt::white));
-    // The title is written in its colour in the top margin.
-    EXPECT_GT(countColour(image, graph_colors::kTitle, QRect(65, 0, 300, 39)), 10);
-}
-
 // The area's value stays in the top margin, clear of the plotting area and of the picture's right
 // edge, at any pixel ratio.
 TEST_F(GraphPainterTest, AreaValueStaysInTheTopMargin) {
@@ -203,7 +190,7 @@ TEST_F(GraphPainterTest, CurveAlongAnAxisStaysInSight) {
     EXPECT_GT(countColour(image, graph_colors::kMainFunction, QRect(65, 115, 1, 70)), 60);
 }
 
-// The derivative, the integral and the second function each in their colour, drawn over the grid;
+// Every curve in its colour on white, drawn over the grid, and the title in its colour above it;
 // the derivative has one record fewer than the main curve and ends at its last record but one.
 // Where curves overlap, the last letter of the display order is on top.
 TEST_F(GraphPainterTest, EveryCurveInItsColourOverTheGridInTheDisplayOrder) {
@@ -216,6 +203,7 @@ TEST_F(GraphPainterTest, EveryCurveInItsColourOverTheGridInTheDisplayOrder) {
     ASSERT_TRUE(buildDerivativeCurve(graph, formula, {}));  // y = x/10 at x = 0 .. 9
     setCurve(graph.integral, line(11, 0, 10, [](int) { return -2.0; }));
     setCurve(graph.second, line(11, 0, 10, [](int) { return -1.0; }));
+    graph.mainFormulaText = "x^2/20";
     const QImage image = render(graph, 1.0, [](GraphView& view) {
         view.gridOn = true;
         view.gridStepX = view.gridStepY = 1.0;
@@ -224,6 +212,9 @@ TEST_F(GraphPainterTest, EveryCurveInItsColourOverTheGridInTheDisplayOrder) {
         const QPoint p(view_.toPixelX(x), view_.toPixelY(y));
         return countColour(image, colour, QRect(p - QPoint(1, 2), QSize(3, 5))) > 0;
     };
+    EXPECT_EQ(image.pixelColor(2, 2), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(view_.toPixelX(3.5), view_.toPixelY(2.5)), QColor(Qt::white));
+    EXPECT_GT(countColour(image, graph_colors::kTitle, QRect(65, 0, 300, 39)), 10);
     EXPECT_TRUE(near(graph_colors::kGrid, 3, 2.5));
     EXPECT_TRUE(near(graph_colors::kMainFunction, 3, 0.45));
     EXPECT_TRUE(near(graph_colors::kDerivative, 8.7, 0.87));

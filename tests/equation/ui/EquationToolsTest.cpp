@@ -53,17 +53,13 @@ class EquationToolsTest : public QObject {
 
         QSignalSpy marked(&dialog, &EquationSolutionsDialog::pointMarked);
         table->selectRow(1);
-        QCOMPARE(marked.size(), 1);
-        QCOMPARE(marked[0][0].toBool(), true);
-        QCOMPARE(marked[0][1].toDouble(), -2.0);
-        QCOMPARE(marked[0][2].toDouble(), 0.5);
+        QCOMPARE(QList<QVariantList>(marked), (QList<QVariantList>{{true, -2.0, 0.5}}));
         table->selectionModel()->select(table->model()->index(2, 0),
                                         QItemSelectionModel::Select | QItemSelectionModel::Rows);
         QCOMPARE(dialog.selectedText(), u"pi*-0.6366197724\t0.5\npi*0.3183098862\t3\n"_s);
         QSignalSpy squares(&dialog, &EquationSolutionsDialog::squaresToggled);
         control<QCheckBox>(dialog, solutions_ids::kSquares)->click();
-        QCOMPARE(squares.size(), 1);
-        QCOMPARE(squares[0][0].toBool(), true);
+        QCOMPARE(QList<QVariantList>(squares), (QList<QVariantList>{{true}}));
         dialog.hide();
         QCOMPARE(marked.last()[0].toBool(), false);
 
