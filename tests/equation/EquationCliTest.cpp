@@ -4,42 +4,30 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <utility>
 
 #include "CliRun.h"
 
 namespace {
 
-// A command line split at its blanks, its exact stdout and status.
-struct Row {
-    std::string line;
-    std::string out;
-    int exitCode;
-};
-
-class EquationCliTest : public ::testing::TestWithParam<Row> {};
-
-TEST_P(EquationCliTest, PrintsAndExitsAsScriptsExpect) {
-    const Row& c = GetParam();
-    EXPECT_EQ(checkCliCase({words(c.line), c.out, c.exitCode}), "");
-}
-
-void PrintTo(const Row& c, std::ostream* os) {
-    *os << c.line;
-}
-
-const std::string kSmall = " --x-begin -2 --x-end 2 --y-begin -2 --y-end 2 --nx 4 --ny 4";
-
-INSTANTIATE_TEST_SUITE_P(
-    Equation, EquationCliTest,
-    ::testing::Values(
+TEST(EquationCli, PrintsAndExitsAsScriptsExpect) {
+    const std::string small = " --x-begin -2 --x-end 2 --y-begin -2 --y-end 2 --nx 4 --ny 4";
+    const std::pair<std::string, CliCase> cases[] = {
         // Exact grid points, sorted by x, 17 digits.
-        Row{"equation x+y --points" + kSmall, "-2,2\n-1,1\n0,0\n1,-1\n2,-2\n", 0},
-        Row{"equation x-0.25 --summary" + kSmall, "count 5\nyMin -2\nyMax 2\n", 0},
-        Row{"equation x^2+y^2+1 --summary" + kSmall, "count 0\nyMin 1e+100\nyMax -1e+100\n", 0},
-        Row{"equation x --summary --x-begin pi --x-end pi --y-begin 0 --y-end 1",
-            "X BEG MUST BE LESS THAN X END\n", 1},
-        Row{"equation x" + kSmall, "", 2}, Row{"equation x --points --summary" + kSmall, "", 2},
-        Row{"equation x --points --nx 0 --x-begin -2 --x-end 2 --y-begin -2 --y-end 2", "", 2}));
+        {"equation x+y --points" + small, {{}, "-2,2\n-1,1\n0,0\n1,-1\n2,-2\n", 0}},
+        {"equation x-0.25 --summary" + small, {{}, "count 5\nyMin -2\nyMax 2\n", 0}},
+        {"equation x^2+y^2+1 --summary" + small, {{}, "count 0\nyMin 1e+100\nyMax -1e+100\n", 0}},
+        {"equation x --summary --x-begin pi --x-end pi --y-begin 0 --y-end 1",
+         {{}, "X BEG MUST BE LESS THAN X END\n", 1}},
+        {"equation x" + small, {{}, "", 2}},
+        {"equation x --points --summary" + small, {{}, "", 2}},
+        {"equation x --points --nx 0 --x-begin -2 --x-end 2 --y-begin -2 --y-end 2", {{}, "", 2}},
+    };
+    for (auto [line, c] : cases) {
+        c.args = words(line);
+        EXPECT_EQ(checkCliCase(c), "") << line;
+    }
+}
 
 TEST(EquationCliPicture, WritesAPngWithTheCurvesColour) {
     const std::string path = "equation_cli_test.png";

@@ -1,5 +1,5 @@
 // The equation's dots on a drawn graph: where they must be, in their colour, none outside the
-// plotting area, one dot per layout pixel on a denser target.
+// plotting area, one dot per layout pixel on a denser target; and the ring around a marked point.
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
@@ -8,6 +8,7 @@
 
 #include <atomic>
 #include <cmath>
+#include <functional>
 
 #include "engine/Formula.h"
 #include "engine/Preparation.h"
@@ -54,7 +55,22 @@ class EquationPainterTest : public ::testing::Test {
         return image;
     }
 
+    // The target pixels for which `test(column, row, pixel)` holds.
+    static int count(const QImage& image, const std::function<bool(int, int, QRgb)>& test) {
+        int n = 0;
+        for (int row = 0; row < image.height(); ++row) {
+            for (int column = 0; column < image.width(); ++column) {
+                n += test(column, row, image.pixel(column, row));
+            }
+        }
+        return n;
+    }
     static bool isDot(QRgb pixel) { return pixel == qRgb(200, 0, 0); }
+    static bool isRing(QRgb pixel) { return pixel == qRgb(0, 0, 160); }
+    bool inside(double column, double row) const {
+        return column >= view_.left && column < view_.plotRight() + 1 && row >= view_.top &&
+               row < view_.plotBottom() + 1;
+    }
 
     EquationCurve curve_;
     GraphView view_;
@@ -64,21 +80,17 @@ TEST_F(EquationPainterTest, DotsLieOnTheCircleInsideThePlottingArea) {
     for (double ratio : {1.0, 2.0}) {
         SCOPED_TRACE(ratio);
         const QImage image = render(ratio);
-        int dots = 0;
-        for (int row = 0; row < image.height(); ++row) {
-            for (int column = 0; column < image.width(); ++column) {
-                if (!isDot(image.pixel(column, row))) {
-                    continue;
-                }
-                ++dots;
-                const double x = view_.graphX(column / ratio);
-                const double y = view_.graphY(row / ratio);
-                ASSERT_NEAR(std::hypot(x, y), 1.0, 2.5 / view_.ppu) << column << ", " << row;
-                ASSERT_GE(column / ratio, view_.left);
-                ASSERT_LT(column / ratio, view_.plotRight() + 1);
-            }
-        }
+        EXPECT_EQ(count(image,
+                        [&](int column, int row, QRgb p) {
+                            const double x = view_.graphX(column / ratio);
+                            const double y = view_.graphY(row / ratio);
+                            return isDot(p) &&
+                                   (std::fabs(std::hypot(x, y) - 1.0) > 2.5 / view_.ppu ||
+                                    !inside(column / ratio, row / ratio));
+                        }),
+                  0);
         // Every solution is a dot of ratio x ratio target pixels; neighbours may share one.
+        const int dots = count(image, [](int, int, QRgb p) { return isDot(p); });
         EXPECT_GT(dots, curve_.count() / 2 * ratio * ratio);
         EXPECT_LE(dots, curve_.count() * ratio * ratio);
     }
@@ -88,23 +100,11 @@ TEST_F(EquationPainterTest, PointsOutsideTheAreaAreNotDrawnAndSquaresGrowTheDots
     curve_.solutions.push_back({-1e9, 0});
     curve_.solutions.push_back({0, 1e9});
     const QImage plain = render(1.0);
+    EXPECT_EQ(count(plain, [&](int c, int r, QRgb p) { return isDot(p) && !inside(c, r); }), 0);
     EquationLook squares;
     squares.squares = true;
-    const QImage boxed = render(1.0, squares);
-    int plainDots = 0;
-    int boxedDots = 0;
-    for (int row = 0; row < plain.height(); ++row) {
-        for (int column = 0; column < plain.width(); ++column) {
-            const bool inside = column >= view_.left && column <= view_.plotRight() &&
-                                row >= view_.top && row <= view_.plotBottom();
-            plainDots += isDot(plain.pixel(column, row));
-            boxedDots += isDot(boxed.pixel(column, row));
-            if (!inside) {
-                ASSERT_FALSE(isDot(plain.pixel(column, row))) << column << ", " << row;
-            }
-        }
-    }
-    EXPECT_GT(boxedDots, plainDots * 2);
+    const auto dots = [](int, int, QRgb p) { return isDot(p); };
+    EXPECT_GT(count(render(1.0, squares), dots), count(plain, dots) * 2);
 }
 
 // A grid without solutions still gets the graph with its title (dark blue, above the area).
@@ -112,17 +112,43 @@ TEST_F(EquationPainterTest, EmptyCurveKeepsTheTitle) {
     curve_.solutions.clear();
     curve_.formulaText = "x^2+y^2+1";
     const QImage image = render(1.0);
-    int titlePixels = 0;
-    int dots = 0;
-    for (int row = 0; row < image.height(); ++row) {
-        for (int column = 0; column < image.width(); ++column) {
-            const QRgb p = image.pixel(column, row);
-            titlePixels += row < view_.top && qBlue(p) > 80 && qRed(p) < 60 && qGreen(p) < 60;
-            dots += isDot(p);
-        }
+    EXPECT_GT(count(image,
+                    [&](int, int row, QRgb p) {
+                        return row < view_.top && qBlue(p) > 80 && qRed(p) < 60 && qGreen(p) < 60;
+                    }),
+              20);
+    EXPECT_EQ(count(image, [](int, int, QRgb p) { return isDot(p); }), 0);
+}
+
+// A point picked in the solutions list gets a hollow ring of radius 7 with four ticks out to 14,
+// in layout pixels; near the frame the ticks stop at it.
+TEST_F(EquationPainterTest, AMarkedPointIsRingedAndItsTicksStopAtTheFrame) {
+    view_.smoothLines = false;
+    EquationLook look;
+    look.hasMark = true;
+    look.mark = {1, 0};
+    for (double ratio : {1.0, 2.0}) {
+        SCOPED_TRACE(ratio);
+        const QImage image = render(ratio, look);
+        const double px = view_.toPixelX(1);
+        const double py = view_.toPixelY(0);
+        // Whether a target pixel next to the layout point (px + dx, py + dy) is the ring's.
+        const auto ring = [&](double dx, double dy) {
+            const QPoint p((px + dx) * ratio, (py + dy) * ratio);
+            return isRing(image.pixel(p)) || isRing(image.pixel(p + QPoint(1, 1))) ||
+                   isRing(image.pixel(p - QPoint(1, 1)));
+        };
+        const double d = 7 / std::sqrt(2.0);  // on the circle between the ticks
+        EXPECT_TRUE(ring(d, d) && ring(-d, d) && ring(d, -d) && ring(-d, -d));
+        EXPECT_TRUE(ring(10.5, 0) && ring(-10.5, 0) && ring(0, 10.5) && ring(0, -10.5));
+        EXPECT_FALSE(ring(3, 2) || ring(0, 0) || ring(17, 0) || ring(0, -17));
     }
-    EXPECT_GT(titlePixels, 20);
-    EXPECT_EQ(dots, 0);
+    EXPECT_EQ(count(render(1.0), [](int, int, QRgb p) { return isRing(p); }), 0);
+
+    look.mark = {view_.graphX(view_.left + 4), view_.graphY(view_.top + 4)};
+    const QImage corner = render(1.0, look);
+    EXPECT_GT(count(corner, [](int, int, QRgb p) { return isRing(p); }), 20);
+    EXPECT_EQ(count(corner, [&](int c, int r, QRgb p) { return isRing(p) && !inside(c, r); }), 0);
 }
 
 }  // namespace

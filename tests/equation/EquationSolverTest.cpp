@@ -44,7 +44,7 @@ TEST(EquationSolver, SolutionsLieOnTheCurveSortedByX) {
         EquationGrid grid;
         int minimumCount;
     } cases[] = {
-        {"x^2+y^2-1", square(2, 500), 500},
+        {"x^2+y^2-1", square(2, 500), 800},  // about 200 in each quadrant
         {"x*y-1", square(5, 500), 400},
         {"sin(x)-cos(y)", square(10, 500), 1000},
         // A pole: every row changes sign across x = 0 and is bisected there in vain.
@@ -67,10 +67,9 @@ TEST(EquationSolver, SolutionsLieOnTheCurveSortedByX) {
             const double f = check.evaluate(p.x, kTwoVariableSlot, p.y);
             ASSERT_FALSE(check.indefinite) << p.x << ", " << p.y;
             ASSERT_LT(std::fabs(f), 1e-5) << p.x << ", " << p.y;
-            ASSERT_GE(p.x, c.grid.xBegin);
-            ASSERT_LE(p.x, c.grid.xEnd);
-            ASSERT_GE(p.y, c.grid.yBegin);
-            ASSERT_LE(p.y, c.grid.yEnd);
+            ASSERT_TRUE(p.x >= c.grid.xBegin && p.x <= c.grid.xEnd && p.y >= c.grid.yBegin &&
+                        p.y <= c.grid.yEnd)
+                << p.x << ", " << p.y;
             lowest = std::min(lowest, p.y);
             highest = std::max(highest, p.y);
         }
@@ -78,20 +77,6 @@ TEST(EquationSolver, SolutionsLieOnTheCurveSortedByX) {
         EXPECT_EQ(solved.curve.yMax, highest);
         EXPECT_EQ(solved.curve.grid.xSteps, c.grid.xSteps);
     }
-}
-
-TEST(EquationSolver, UnitCircleIsCoveredAllRound) {
-    const Solved solved = solve("x^2+y^2-1", square(2, 500));
-    int quadrants[4] = {};
-    for (const SolutionPoint& p : solved.curve.solutions) {
-        ASSERT_NEAR(std::hypot(p.x, p.y), 1.0, 1e-5);
-        ++quadrants[(p.x < 0 ? 1 : 0) + (p.y < 0 ? 2 : 0)];
-    }
-    for (int count : quadrants) {
-        EXPECT_GT(count, 100);
-    }
-    EXPECT_NEAR(solved.curve.solutions.front().x, -1.0, 1e-2);
-    EXPECT_NEAR(solved.curve.solutions.back().x, 1.0, 1e-2);
 }
 
 // Exact grid points come first and are not bisected again from their neighbours; a sign change
@@ -115,8 +100,7 @@ TEST(EquationSolver, OrderOfTheTests) {
                   [](auto& a, auto& b) { return a.x < b.x || (a.x == b.x && a.y < b.y); });
         ASSERT_EQ(points.size(), c.expected.size());
         for (std::size_t i = 0; i < points.size(); ++i) {
-            EXPECT_DOUBLE_EQ(points[i].x, c.expected[i].first);
-            EXPECT_DOUBLE_EQ(points[i].y, c.expected[i].second);
+            EXPECT_EQ(std::pair(points[i].x, points[i].y), c.expected[i]) << i;
         }
     }
 }
@@ -124,9 +108,8 @@ TEST(EquationSolver, OrderOfTheTests) {
 TEST(EquationSolver, EmptyGridAndDegenerateSteps) {
     const Solved empty = solve("x^2+y^2+1", square(2, 500));
     ASSERT_TRUE(empty.completed);
-    EXPECT_EQ(empty.curve.count(), 0);
-    EXPECT_EQ(empty.curve.yMin, kNoLowestY);
-    EXPECT_EQ(empty.curve.yMax, kNoHighestY);
+    EXPECT_EQ(std::tuple(empty.curve.count(), empty.curve.yMin, empty.curve.yMax),
+              std::tuple(0, kNoLowestY, kNoHighestY));
     // Steps too small to move x on must end the walk, not loop for ever.
     const Solved stuck = solve("x-y", {1e16, 1e16 + 2, -1, 1, 500, 10, 5});
     EXPECT_TRUE(stuck.completed);
@@ -153,8 +136,7 @@ TEST(EquationSolver, StopLeavesThePreviousSolutions) {
                                              });
         EXPECT_FALSE(completed);
         ASSERT_EQ(curve.count(), 1);
-        EXPECT_EQ(curve.solutions[0].x, 7);
-        EXPECT_EQ(curve.yMin, 8);
+        EXPECT_EQ(std::tuple(curve.solutions[0].x, curve.yMin), std::tuple(7, 8));
     }
 }
 
@@ -168,8 +150,7 @@ TEST(EquationView, RangesAndPixels) {
     curve.yMax = 1;
     // Cut to 10 times the 4-wide X range.
     const YRange cut = equationYRange(curve, 1);
-    EXPECT_EQ(cut.end, 1);
-    EXPECT_EQ(cut.begin, -3);
+    EXPECT_EQ(std::pair(cut.begin, cut.end), std::pair(-3.0, 1.0));
 
     GraphView view;
     setViewSize(view, 530, 480);
@@ -183,8 +164,7 @@ TEST(EquationView, RangesAndPixels) {
     EXPECT_EQ(pixels[0].x, static_cast<int>(view.toPixelX(-1)));
     EXPECT_EQ(pixels[1].y, static_cast<int>(view.toPixelY(1)));
     for (const PixelPoint& p : pixels) {
-        EXPECT_GE(p.x, view.left);
-        EXPECT_LT(p.x, view.plotRight());
+        EXPECT_TRUE(p.x >= view.left && p.x < view.plotRight()) << p.x;
     }
 }
 
@@ -204,13 +184,10 @@ TEST(EquationComputation, JobFillsTheCurveAndShowPutsItOnTheView) {
     // The curve on screen is not touched from the worker's side.
     EXPECT_EQ(curve.count(), 0);
     computation.show();
-    EXPECT_EQ(shown, 1);
-    EXPECT_TRUE(curve.shown);
-    EXPECT_EQ(curve.formulaText, "x*y-1");
-    EXPECT_EQ(curve.grid.precisionDigits, 6);
-    EXPECT_EQ(view.wholeXBegin, -4);
-    EXPECT_EQ(view.yBegin, curve.yMin);
-    EXPECT_EQ(view.yEnd, curve.yMax);
+    EXPECT_EQ(std::tuple(shown, curve.shown, curve.formulaText, curve.grid.precisionDigits),
+              std::tuple(1, true, "x*y-1", 6));
+    EXPECT_EQ(std::tuple(view.wholeXBegin, view.yBegin, view.yEnd),
+              std::tuple(-4, curve.yMin, curve.yMax));
 }
 
 // Every solution, and the ring of a point marked on it, is inside the plotting area on a wide, a
@@ -240,12 +217,6 @@ TEST(EquationView, EverySolutionIsOnScreenAfterOpeningAndRestore) {
         EXPECT_NEAR(view.toPixelX(1) - view.toPixelX(0), view.toPixelY(0) - view.toPixelY(1), 1e-9);
     }
 }
-
-}  // namespace
-}  // namespace curvemill
-
-namespace curvemill {
-namespace {
 
 // An equation that holds everywhere fills the grid: the run keeps kMostSolutions and says so.
 // Its dots merge into one run per row of touching pixels, a repeated pixel adding nothing.

@@ -1,4 +1,6 @@
+// Curves on the plotting area: pen runs, area polygons and the stretches without a value.
 #include <cmath>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -6,6 +8,7 @@
 #include "GeometryFixture.h"
 #include "graph2d/AreaPolygons.h"
 #include "graph2d/CurveRuns.h"
+#include "graph2d/IndefiniteStretches.h"
 
 namespace curvemill {
 namespace {
@@ -62,10 +65,7 @@ TEST(CurveRuns, FarValuesAreClampedAndNeverOverflow) {
                                     point(4, NAN), point(5, 0), point(6, 1)});
     for (const auto& run : runs) {
         for (const PixelPoint& p : run) {
-            EXPECT_GE(p.y, 40);
-            EXPECT_LE(p.y, 340);
-            EXPECT_GE(p.x, 64);
-            EXPECT_LE(p.x, 466);
+            EXPECT_TRUE(p.y >= 40 && p.y <= 340 && p.x >= 64 && p.x <= 466) << p.x << "," << p.y;
         }
     }
     EXPECT_FALSE(runs.empty());
@@ -132,12 +132,48 @@ TEST(AreaPolygons, LongAreasRestartAndOutsideColumnsAreLeftOut) {
         EXPECT_LE(polygon.points.size(), static_cast<std::size_t>(kMaxAreaPolygonPoints));
         EXPECT_TRUE(polygon.aboveAxis);
         for (const PixelPoint& p : polygon.points) {
-            EXPECT_GE(p.x, 65);
-            EXPECT_LE(p.x, 465);
+            EXPECT_TRUE(p.x >= 65 && p.x <= 465) << p.x;
         }
     }
     EXPECT_EQ(polygons.front().points.front().x, 65);
     EXPECT_GE(polygons.back().points.back().x, 464);
+}
+
+// One record per character at x = its position: '.' defined, 'I' indefinite.
+Curve patternCurve(const std::string& pattern) {
+    std::vector<PlotPoint> points;
+    for (std::size_t i = 0; i < pattern.size(); ++i) {
+        points.push_back(point(static_cast<double>(i), 0, false, pattern[i] == 'I'));
+    }
+    return curveOf(points);
+}
+
+TEST(IndefiniteStretches, ReachFromEdgeToEdgeOrToTheRangesEnds) {
+    const struct {
+        std::string pattern;
+        std::vector<std::pair<double, double>> stretches;
+    } cases[] = {
+        {"....", {}},       {"II..", {{-1, 2}}},
+        {"..II", {{1, 9}}}, {".I..III.", {{0, 2}, {3, 7}}},
+        {"III", {{-1, 9}}}, {"", {}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.pattern);
+        const std::vector<XStretch> found = indefiniteStretches(patternCurve(c.pattern), -1, 9);
+        ASSERT_EQ(found.size(), c.stretches.size());
+        for (std::size_t i = 0; i < found.size(); ++i) {
+            EXPECT_EQ(found[i].begin, c.stretches[i].first);
+            EXPECT_EQ(found[i].end, c.stretches[i].second);
+        }
+    }
+}
+
+TEST(IndefiniteStretches, ACountBeyondTheRecordsIsNotRead) {
+    Curve curve = patternCurve(".I");
+    curve.pointCount = 50;
+    const std::vector<XStretch> found = indefiniteStretches(curve, 0, 9);
+    ASSERT_EQ(found.size(), 1u);
+    EXPECT_EQ(found[0].end, 9.0);
 }
 
 }  // namespace

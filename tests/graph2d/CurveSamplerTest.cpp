@@ -1,19 +1,16 @@
 // Sampling a function: regular samples, turning points, poles, indefinite stretches and stopping.
+#include <algorithm>
 #include <atomic>
 #include <cmath>
 #include <functional>
-#include <string>
-#include <utility>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "engine/DisplayFormat.h"
-#include "engine/Formula.h"
-#include "engine/Preparation.h"
 #include "graph2d/CurveSampler.h"
 #include "graph2d/DerivativeCurve.h"
-#include "graph2d/DrawStep.h"
 #include "tests/support/SampledGraph.h"
 
 namespace curvemill {
@@ -33,15 +30,11 @@ std::vector<int> indicesWhere(const Curve& c, const std::function<bool(const Plo
 }
 
 TEST(CurveSampler, MonotonicCurvesGetRegularSamplesPlusFinalRecord) {
-    const struct {
-        const char* text;
-        double yMin;
-        double yMax;
-    } cases[] = {
-        {"x", -1, 2}, {"e^x", std::exp(-1.0), std::exp(2.0)}, {"-2*x+1", -3, 3}, {"3.5", 3.5, 3.5}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.text);
-        SampledGraph s(c.text, -1.0, 2.0);
+    for (const auto& [text, yMin, yMax] :
+         {std::tuple("x", -1.0, 2.0), std::tuple("e^x", std::exp(-1.0), std::exp(2.0)),
+          std::tuple("-2*x+1", -3.0, 3.0), std::tuple("3.5", 3.5, 3.5)}) {
+        SCOPED_TRACE(text);
+        SampledGraph s(text, -1.0, 2.0);
         ASSERT_TRUE(s.completed);
         const Curve& m = s.graph.main;
         // The loop steps x by dx = 3/10000 while x <= 2; rounding may add one pass.
@@ -50,46 +43,65 @@ TEST(CurveSampler, MonotonicCurvesGetRegularSamplesPlusFinalRecord) {
         for (int i = 0; i + 1 < m.pointCount; ++i) {
             const PlotPoint& p = m.points[i];
             ASSERT_NEAR(p.x, -1.0 + i * 3.0 / 10000, 1e-9) << i;
-            ASSERT_EQ(p.peakKind, 0) << i;
-            ASSERT_EQ(p.isBreak, 0) << i;
-            ASSERT_EQ(p.isVertex, i % 10 == 0 ? 1 : 0) << i;
+            ASSERT_EQ(std::tuple(p.peakKind, p.isBreak, p.isVertex),
+                      std::tuple(0, 0, i % 10 == 0 ? 1 : 0))
+                << i;
         }
         EXPECT_EQ(double{m.points[m.pointCount - 1].x}, 2.0);
-        EXPECT_DOUBLE_EQ(m.yMin, c.yMin);
-        EXPECT_DOUBLE_EQ(m.yMax, c.yMax);
+        EXPECT_DOUBLE_EQ(m.yMin, yMin);
+        EXPECT_DOUBLE_EQ(m.yMax, yMax);
         EXPECT_EQ(s.span(), std::make_pair(-1.0, 2.0));
         // Each whole percent once; the last regular sample lies within one step of X_END.
         ASSERT_FALSE(s.percents.empty());
         EXPECT_EQ(s.percents.front(), 0);
         EXPECT_GE(s.percents.back(), 99);
-        for (std::size_t i = 1; i < s.percents.size(); ++i) {
-            ASSERT_GT(s.percents[i], s.percents[i - 1]);
-        }
+        EXPECT_EQ(std::adjacent_find(s.percents.begin(), s.percents.end(), std::greater_equal<>()),
+                  s.percents.end());
     }
 }
 
-TEST(CurveSampler, TurningPointsAreRefinedFromBothSidesAndMarked) {
-    SampledGraph s("sin(x)", -10.0, 10.0);
-    ASSERT_TRUE(s.completed);
-    const Curve& c = s.graph.main;
-    // Turning points of sin in [-10, 10]: (k + 1/2) * pi for k = -3 .. 2, each bracketed twice.
-    for (const int kind : {kRefinedMaximum, kRefinedMinimum}) {
-        const auto marked = indicesWhere(c, [&](const PlotPoint& p) { return p.peakKind == kind; });
-        ASSERT_EQ(marked.size(), 2u * 3) << kind;
-        for (std::size_t k = 0; k < marked.size(); k += 2) {
-            const double x1 = c.points[marked[k]].x;
-            const double x2 = c.points[marked[k + 1]].x;
-            const double turn = std::round(x1 / kPi - 0.5) * kPi + kPi / 2;
-            // sin is flat to 1e-16 within 1e-8 of its top, which bounds what any bracket can see.
-            EXPECT_LE(x1, x2);
-            EXPECT_NEAR(x1, turn, 2e-8);
-            EXPECT_NEAR(x2, turn, 2e-8);
+// At any density every turning point is bracketed from both sides and marked, a maximum or a
+// minimum, and a curve flat to rounding (many turns, none of them real) gets no mark.
+TEST(CurveSampler, DenseSamplesStillMarkEveryTurningPoint) {
+    const double h = kPi / 2;
+    const struct {
+        const char* text;
+        double a, b;
+        int points;
+        double yMax;
+        std::vector<double> maxima, minima;
+    } cases[] = {
+        {"sin(x)", -10, 10, 10000, 1, {-3 * h, h, 5 * h}, {-5 * h, -h, 3 * h}},
+        {"sin(x)", -5, 5, 100000, 1, {-3 * h, h}, {-h, 3 * h}},
+        {"sin(x)", -5, 5, 400000, 1, {-3 * h, h}, {-h, 3 * h}},
+        {"x^3-3*x", -3, 3, 100000, 18, {-1}, {1}},
+        {"sin(x)^2+cos(x)^2", -5, 5, 100000, 1, {}, {}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.text << " at " << c.points);
+        SampledGraph s(c.text, c.a, c.b, c.points);
+        ASSERT_TRUE(s.completed);
+        const Curve& m = s.graph.main;
+        for (const auto& [kind, expected] :
+             {std::pair{kRefinedMaximum, c.maxima}, std::pair{kRefinedMinimum, c.minima}}) {
+            const auto marked =
+                indicesWhere(m, [kind](const PlotPoint& p) { return p.peakKind == kind; });
+            ASSERT_EQ(marked.size(), 2 * expected.size()) << int{kind};
+            for (std::size_t k = 0; k < expected.size(); ++k) {
+                const double x1 = m.points[marked[2 * k]].x;
+                const double x2 = m.points[marked[2 * k + 1]].x;
+                // sin is flat to 1e-16 within 1e-8 of its top, which bounds what any bracket sees.
+                EXPECT_LE(x1, x2);
+                EXPECT_NEAR(x1, expected[k], 2e-8);
+                EXPECT_NEAR(x2, expected[k], 2e-8);
+            }
         }
-    }
-    EXPECT_DOUBLE_EQ(c.yMax, 1.0);
-    EXPECT_DOUBLE_EQ(c.yMin, -1.0);
-    for (int i = 1; i < c.pointCount; ++i) {
-        ASSERT_GE(double{c.points[i].x}, double{c.points[i - 1].x}) << i;
+        EXPECT_DOUBLE_EQ(m.yMax, c.yMax);
+        // Refined records keep x ascending. (The flat row is left out: its searches on rounding
+        // noise may step back by a fraction of a sample, which no drawing shows.)
+        for (int i = 1; i < m.pointCount && !c.maxima.empty(); ++i) {
+            ASSERT_GE(double{m.points[i].x}, double{m.points[i - 1].x}) << i;
+        }
     }
 }
 
@@ -128,48 +140,37 @@ TEST(CurveSampler, IndefiniteStretchesGetEdgesAndSpans) {
     const Curve& c = from.graph.main;
     const auto before = indicesWhere(c, indefinite);
     ASSERT_FALSE(before.empty());
-    const int first = before.back() + 1;
-    EXPECT_GE(double{c.points[first].x}, 0.0);
-    EXPECT_LT(double{c.points[first].x}, 1e-12);
-    EXPECT_LT(double{c.points[first].x}, double{c.points[first + 1].x} - 1e-12);
-    EXPECT_EQ(from.span(), std::make_pair(double{c.points[first].x}, 1.0));
+    const double first = c.points[before.back() + 1].x;
+    EXPECT_TRUE(first >= 0.0 && first < 1e-12) << first;
+    EXPECT_LT(first, double{c.points[before.back() + 2].x} - 1e-12);
+    EXPECT_EQ(from.span(), std::make_pair(first, 1.0));
 
     SampledGraph upTo("Sqr(-x)", -1.0, 1.0);
     const auto after = indicesWhere(upTo.graph.main, indefinite);
     ASSERT_GT(after.size(), 0u);
     ASSERT_GT(after[0], 0);
     const double edge = upTo.graph.main.points[after[0] - 1].x;
-    EXPECT_LE(edge, 0.0);
-    EXPECT_GT(edge, -1e-12);
+    EXPECT_TRUE(edge <= 0.0 && edge > -1e-12) << edge;
     EXPECT_EQ(upTo.span(), std::make_pair(-1.0, edge));
 }
 
 TEST(CurveSampler, EdgeSearchWalksEverySubStepToTheBoundary) {
-    const struct {
-        const char* text;
-        double a, b;
-        double yMin, yMax;
-        // The defined x nearest to the indefinite stretch that starts right of it.
-        double edge;
-    } cases[] = {
-        {"asin(x)", -2, 2, -kPi / 2, kPi / 2, 1.0},
-        {"acos(x/2)", -3, 3, 0.0, kPi, 2.0},
-        {"Sqr(sin(x))", -10, 10, std::sqrt(5e-324), 1.0, 5e-324},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.text);
-        SampledGraph s(c.text, c.a, c.b);
+    // The last column: the defined x nearest to the indefinite stretch that starts right of it.
+    for (const auto& [text, a, b, yMin, yMax, edge] :
+         {std::tuple("asin(x)", -2.0, 2.0, -kPi / 2, kPi / 2, 1.0),
+          std::tuple("acos(x/2)", -3.0, 3.0, 0.0, kPi, 2.0),
+          std::tuple("Sqr(sin(x))", -10.0, 10.0, std::sqrt(5e-324), 1.0, 5e-324)}) {
+        SCOPED_TRACE(text);
+        SampledGraph s(text, a, b);
         const Curve& m = s.graph.main;
-        EXPECT_EQ(m.yMin, c.yMin);
-        EXPECT_EQ(m.yMax, c.yMax);
+        EXPECT_EQ(std::pair(m.yMin, m.yMax), std::pair(yMin, yMax));
         double nearest = INFINITY;
-        for (int i = 0; i < m.pointCount; ++i) {
-            const double x = m.points[i].x;
-            if (!m.points[i].isIndefinite && std::fabs(x - c.edge) < std::fabs(nearest - c.edge)) {
-                nearest = x;
+        for (const PlotPoint& p : m) {
+            if (!p.isIndefinite && std::fabs(p.x - edge) < std::fabs(nearest - edge)) {
+                nearest = p.x;
             }
         }
-        EXPECT_EQ(nearest, c.edge);
+        EXPECT_EQ(nearest, edge);
     }
 }
 
@@ -182,20 +183,17 @@ TEST(CurveSampler, OnlyAPairFarAboveTheAxisIsABreak) {
     EXPECT_EQ(c.points[peak[0]].peakKind, kRefinedMaximum);
 }
 
-TEST(CurveSampler, NarrowRangeIsSampledEvenly) {
+TEST(CurveSampler, NarrowRangeIsSampledEvenlyAndRefusedRangesStillEnd) {
     const double a = 1e6;
     const double b = std::nextafter(std::nextafter(a, 2e6), 2e6);
     SampledGraph s("x*2", a, b);
     ASSERT_TRUE(s.completed);
     const Curve& c = s.graph.main;
     ASSERT_EQ(c.pointCount, 3);
-    EXPECT_EQ(double{c.points[0].x}, a);
-    EXPECT_EQ(double{c.points[2].x}, b);
-    EXPECT_EQ(c.yMin, 2 * a);
-    EXPECT_EQ(c.yMax, 2 * b);
-}
+    EXPECT_EQ(std::pair(double{c.points[0].x}, double{c.points[2].x}), std::pair(a, b));
+    EXPECT_EQ(std::pair(c.yMin, c.yMax), std::pair(2 * a, 2 * b));
 
-TEST(CurveSampler, RangesTheDialogWouldRefuseStillEnd) {
+    // Ranges the dialog would refuse.
     const std::pair<double, double> ranges[] = {
         {-INFINITY, INFINITY}, {0.0, INFINITY}, {1.0, -1.0}, {2.0, 2.0}, {NAN, 1.0},
         {-1e308, 1e308}};
@@ -234,7 +232,7 @@ TEST(CurveSampler, StopRemovesTheSecondFunctionButLeavesTheMainCurve) {
     }
 }
 
-TEST(CurveSampler, DerivativeAndDrawingStep) {
+TEST(CurveSampler, DerivativeHasOneRecordFewer) {
     SampledGraph s("x^2", -2.0, 2.0);
     ASSERT_TRUE(buildDerivativeCurve(s.graph, s.formula, {}));
     const Curve& d = s.graph.derivative;
@@ -244,57 +242,6 @@ TEST(CurveSampler, DerivativeAndDrawingStep) {
     }
     EXPECT_NEAR(d.yMin, -4.0, 1e-3);
     EXPECT_NEAR(d.yMax, 4.0, 1e-3);
-
-    Curve& main = s.graph.main;
-    const auto isVertex = [](const PlotPoint& p) { return p.isVertex != 0; };
-    applyOptimizeDrawing(main, false);
-    EXPECT_EQ(indicesWhere(main, isVertex).size(), static_cast<std::size_t>(main.pointCount));
-    applyOptimizeDrawing(main, true);
-    const auto vertices = indicesWhere(main, isVertex);
-    // Every tenth record, the lowest one and the last one are kept, and not much else.
-    int lowest = 0;
-    for (int i = 0; i < main.pointCount; ++i) {
-        ASSERT_TRUE(i % 10 != 0 || main.points[i].isVertex) << i;
-        lowest = main.points[i].y < main.points[lowest].y ? i : lowest;
-    }
-    EXPECT_EQ(main.points[lowest].isVertex, 1);
-    EXPECT_EQ(vertices.back(), main.pointCount - 1);
-    EXPECT_LE(vertices.size(), static_cast<std::size_t>(main.pointCount / 10 + 6));
-}
-
-// At any density every turning point is marked, a maximum or a minimum, and a curve flat to
-// rounding (many turns, none of them real) gets no mark.
-TEST(CurveSampler, DenseSamplesStillMarkEveryTurningPoint) {
-    const struct {
-        const char* text;
-        double a, b;
-        int points;
-        std::vector<double> maxima, minima;
-    } cases[] = {
-        {"sin(x)", -5, 5, 100000, {-3 * kPi / 2, kPi / 2}, {-kPi / 2, 3 * kPi / 2}},
-        {"sin(x)", -5, 5, 400000, {-3 * kPi / 2, kPi / 2}, {-kPi / 2, 3 * kPi / 2}},
-        {"x^3-3*x", -3, 3, 100000, {-1}, {1}},
-        {"sin(x)^2+cos(x)^2", -5, 5, 100000, {}, {}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.text << " at " << c.points);
-        Formula formula;
-        ASSERT_TRUE(prepareFormula(formula, c.text, 'f'));
-        TwoDGraph graph;
-        graph.xBegin = c.a;
-        graph.xEnd = c.b;
-        graph.pointsPerRun = c.points;
-        ASSERT_TRUE(sampleCurve(graph, formula, {}));
-        for (const auto& [kind, expected] :
-             {std::pair{kRefinedMaximum, c.maxima}, std::pair{kRefinedMinimum, c.minima}}) {
-            const auto marked =
-                indicesWhere(graph.main, [kind](const PlotPoint& p) { return p.peakKind == kind; });
-            ASSERT_EQ(marked.size(), 2 * expected.size()) << int{kind};
-            for (std::size_t k = 0; k < expected.size(); ++k) {
-                EXPECT_NEAR(double{graph.main.points[marked[2 * k]].x}, expected[k], 1e-6);
-            }
-        }
-    }
 }
 
 }  // namespace

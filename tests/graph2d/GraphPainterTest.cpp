@@ -3,9 +3,14 @@
 #include <QImage>
 #include <QPainter>
 
+#include <functional>
+
 #include <gtest/gtest.h>
 
 #include "GeometryFixture.h"
+#include "engine/Formula.h"
+#include "engine/Preparation.h"
+#include "graph2d/DerivativeCurve.h"
 #include "graph2d/ui/GraphPainter.h"
 #include "graph2d/ui/GraphPens.h"
 
@@ -24,15 +29,16 @@ class GraphPainterTest : public ::testing::Test {
         }
     }
 
-    // Draws `graph` unsmoothed into a 530 x 380 image (times `ratio` device pixels) whose
-    // plotting area shows x 0..10, y -3.75..3.75.
-    QImage render(TwoDGraph& graph, bool areaPainted = false, double ratio = 1.0,
-                  bool indefiniteMarked = false) {
+    // Draws `graph` unsmoothed and without a grid, unless `adjust` says otherwise, into a 530 x
+    // 380 image (times `ratio` device pixels) whose plotting area shows x 0..10, y -3.75..3.75.
+    QImage render(TwoDGraph& graph, double ratio = 1.0,
+                  const std::function<void(GraphView&)>& adjust = {}) {
         view_ = testView();
-        view_.areaPainted = areaPainted;
-        view_.indefiniteMarked = indefiniteMarked;
         view_.gridOn = false;
         view_.smoothLines = false;
+        if (adjust) {
+            adjust(view_);
+        }
         QImage image(530 * ratio, 380 * ratio, QImage::Format_RGB32);
         image.setDevicePixelRatio(ratio);
         image.fill(Qt::black);
@@ -41,46 +47,30 @@ class GraphPainterTest : public ::testing::Test {
         return image;
     }
 
-    static int countColour(const QImage& image, QColor colour, QRect area) {
+    static int count(const QImage& image, QRect area, const std::function<bool(QColor)>& test) {
         int n = 0;
         for (int y = area.top(); y <= area.bottom(); ++y) {
             for (int x = area.left(); x <= area.right(); ++x) {
-                n += image.pixelColor(x, y) == colour;
+                n += test(image.pixelColor(x, y));
             }
         }
         return n;
     }
+    static int countColour(const QImage& image, QColor colour, QRect area) {
+        return count(image, area, [colour](QColor c) { return c == colour; });
+    }
 
     GraphView view_;
 };
-
-TEST_F(GraphPainterTest, CurveAppearsInItsColourOnWhite) {
-    TwoDGraph graph;
-    setCurve(graph.main, {point(0, -2), point(10, 2)});
-    graph.mainFormulaText = std::string("x");
-    const QImage image = render(graph);
-    // The line passes through (2.5, -1): column 165, row 230.
-    EXPECT_EQ(image.pixelColor(165, 230), graph_colors::kMainFunction);
-    EXPECT_EQ(image.pixelColor(265, 120), QColor(Qt::white));
-    EXPECT_EQ(image.pixelColor(2, 2), QColor(Qt::white));
-    // The title is written in its colour in the top margin.
-    EXPECT_GT(countColour(image, graph_colors::kTitle, QRect(65, 0, 300, 39)), 10);
-}
 
 // The area's value stays in the top margin, clear of the plotting area and of the picture's right
 // edge, at any pixel ratio.
 TEST_F(GraphPainterTest, AreaValueStaysInTheTopMargin) {
     // The title's dark blue, smoothed into the white at its glyphs' edges, stays bluish.
     const auto titleInk = [](const QImage& image, QRect area) {
-        int n = 0;
-        for (int y = area.top(); y <= area.bottom(); ++y) {
-            for (int x = area.left(); x <= area.right(); ++x) {
-                const QColor c = image.pixelColor(x, y);
-                n += c.blue() > c.red() + 20;
-            }
-        }
-        return n;
+        return count(image, area, [](QColor c) { return c.blue() > c.red() + 20; });
     };
+    const auto painted = [](GraphView& view) { view.areaPainted = true; };
     for (const char* formula : {"x", "sin(x)/x*80+cos(x)/x*12-tan(x/3)"}) {
         for (double ratio : {1.0, 2.0}) {
             SCOPED_TRACE(std::string(formula) + " at ratio " + std::to_string(ratio));
@@ -94,9 +84,9 @@ TEST_F(GraphPainterTest, AreaValueStaysInTheTopMargin) {
             const QRect titleRows(r(65), 0, r(400), r(40) - 1);
             // Blanks take the value's place in the fixed-pitch font: the same layout, no glyphs.
             graph.areaText = std::string(value.size(), ' ');
-            const QImage bare = render(graph, true, ratio);
+            const QImage bare = render(graph, ratio, painted);
             graph.areaText = value;
-            const QImage withArea = render(graph, true, ratio);
+            const QImage withArea = render(graph, ratio, painted);
             EXPECT_EQ(titleInk(withArea, plotTop), 0);
             EXPECT_EQ(titleInk(withArea, rightMargin), 0);
             // Ten pixels and more per character of the value, not a clipped sliver of it.
@@ -122,7 +112,7 @@ TEST_F(GraphPainterTest, AreaAcrossTheAxisIsPaintedInBothColours) {
     graph.areaFirst = 0;
     graph.areaLast = 100;
     graph.areaText = std::string("S(0, 10) = 0");
-    const QImage image = render(graph, true);
+    const QImage image = render(graph, 1.0, [](GraphView& view) { view.areaPainted = true; });
     // Left of x = 5 the area lies below the axis (row 190), right of it above.
     EXPECT_EQ(image.pixelColor(view_.toPixelX(3), 200), graph_colors::kAreaBelow);
     EXPECT_EQ(image.pixelColor(view_.toPixelX(7), 180), graph_colors::kAreaAbove);
@@ -142,7 +132,7 @@ TEST_F(GraphPainterTest, IndefiniteStretchIsHatchedOnlyWhenMarked) {
         return QRect(left, 45, static_cast<int>(view_.toPixelX(to)) - left, 290);
     };
     const QColor hatch = graph_colors::kIndefiniteHatch;
-    QImage image = render(graph, false, 1.0, true);
+    QImage image = render(graph, 1.0, [](GraphView& view) { view.indefiniteMarked = true; });
     EXPECT_GT(countColour(image, hatch, columns(3.1, 5.9)), 200);
     EXPECT_EQ(countColour(image, hatch, columns(0.2, 2.9)), 0);
     EXPECT_EQ(countColour(image, hatch, columns(6.1, 9.8)), 0);
@@ -159,7 +149,7 @@ TEST_F(GraphPainterTest, DenseTargetsAreDrawnInTheirOwnPixels) {
     const auto topRow = [this](double y) {
         TwoDGraph graph;
         setCurve(graph.main, {point(0, y), point(10, y)});
-        const QImage image = render(graph, false, 2.0);
+        const QImage image = render(graph, 2.0);
         for (int row = 0; row < image.height(); ++row) {
             if (image.pixelColor(600, row) == graph_colors::kMainFunction) {
                 return row;
@@ -198,6 +188,54 @@ TEST_F(GraphPainterTest, CurveAlongAnAxisStaysInSight) {
     setCurve(graph.main, {point(0, 0), point(1e-9, 2)});
     const QImage image = render(graph);
     EXPECT_GT(countColour(image, graph_colors::kMainFunction, QRect(65, 115, 1, 70)), 60);
+}
+
+// Every curve in its colour on white, drawn over the grid, and the title in its colour above it;
+// the derivative has one record fewer than the main curve and ends at its last record but one.
+// Where curves overlap, the last letter of the display order is on top.
+TEST_F(GraphPainterTest, EveryCurveInItsColourOverTheGridInTheDisplayOrder) {
+    TwoDGraph graph;
+    graph.xBegin = 0;
+    graph.xEnd = 10;
+    Formula formula;
+    ASSERT_TRUE(prepareFormula(formula, "x^2/20", 'f'));
+    setCurve(graph.main, line(11, 0, 10, [](int i) { return i * i / 20.0; }));
+    ASSERT_TRUE(buildDerivativeCurve(graph, formula, {}));  // y = x/10 at x = 0 .. 9
+    setCurve(graph.integral, line(11, 0, 10, [](int) { return -2.0; }));
+    setCurve(graph.second, line(11, 0, 10, [](int) { return -1.0; }));
+    graph.mainFormulaText = "x^2/20";
+    const QImage image = render(graph, 1.0, [](GraphView& view) {
+        view.gridOn = true;
+        view.gridStepX = view.gridStepY = 1.0;
+    });
+    const auto near = [&](QColor colour, double x, double y) {
+        const QPoint p(view_.toPixelX(x), view_.toPixelY(y));
+        return countColour(image, colour, QRect(p - QPoint(1, 2), QSize(3, 5))) > 0;
+    };
+    EXPECT_EQ(image.pixelColor(2, 2), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(view_.toPixelX(3.5), view_.toPixelY(2.5)), QColor(Qt::white));
+    EXPECT_GT(countColour(image, graph_colors::kTitle, QRect(65, 0, 300, 39)), 10);
+    EXPECT_TRUE(near(graph_colors::kGrid, 3, 2.5));
+    EXPECT_TRUE(near(graph_colors::kMainFunction, 3, 0.45));
+    EXPECT_TRUE(near(graph_colors::kDerivative, 8.7, 0.87));
+    EXPECT_EQ(
+        countColour(image, graph_colors::kDerivative, QRect(view_.toPixelX(9.2), 40, 60, 300)), 0);
+    // On the grid lines at x = 3, y = -2 and y = -1.
+    EXPECT_EQ(image.pixelColor(view_.toPixelX(3), view_.toPixelY(-2)), graph_colors::kIntegral);
+    EXPECT_EQ(image.pixelColor(view_.toPixelX(3), view_.toPixelY(-1)),
+              graph_colors::kSecondFunction);
+
+    for (Curve* curve : {&graph.main, &graph.derivative, &graph.integral}) {
+        *curve = graph.second;
+    }
+    for (const auto& [order, top] : {std::pair("fdiF", graph_colors::kSecondFunction),
+                                     std::pair("Fidf", graph_colors::kMainFunction),
+                                     std::pair("fFdi", graph_colors::kIntegral),
+                                     std::pair("Fifd", graph_colors::kDerivative)}) {
+        const QImage drawn =
+            render(graph, 1.0, [&](GraphView& view) { view.displayOrder = order; });
+        EXPECT_EQ(drawn.pixelColor(view_.toPixelX(5), view_.toPixelY(-1)), top) << order;
+    }
 }
 
 }  // namespace

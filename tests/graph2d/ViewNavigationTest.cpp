@@ -1,16 +1,21 @@
+// The 2D view: its layout, zoom, stretch, scroll, resize and the mouse.
 #include <cmath>
 #include <string>
 #include <tuple>
+#include <utility>
 
 #include <gtest/gtest.h>
 
 #include "GeometryFixture.h"
 #include "engine/DisplayFormat.h"
 #include "graph2d/CoordinateText.h"
+#include "graph2d/CurveHit.h"
 #include "graph2d/MouseDrag.h"
 #include "graph2d/PartialGraph.h"
+#include "graph2d/ScrollBars.h"
 #include "graph2d/TwoDSettings.h"
 #include "graph2d/ViewResize.h"
+#include "graph2d/ViewYRange.h"
 #include "graph2d/ViewZoom.h"
 
 namespace curvemill {
@@ -24,7 +29,19 @@ GraphView tallView() {
     return view;
 }
 
-TEST(WheelZoom, KeepsThePointUnderTheMouseAndTheMenuLimits) {
+// The menu zooms keep the visible centre, the wheel the point under the mouse; both stop at the
+// same limits.
+TEST(ViewZoom, KeepsTheCentreOrThePointUnderTheMouseAndStopsAtTheLimits) {
+    GraphView view = testView();
+    const auto centreX = [&view] { return view.graphX(view.left + view.visibleWidth() / 2); };
+    const double centre = centreX();
+    ASSERT_TRUE(zoomIn(view, ZoomAxis::kX) && zoomIn(view, ZoomAxis::kX));
+    EXPECT_EQ(view.contentWidth, 1600.0);
+    EXPECT_DOUBLE_EQ(centreX(), centre);
+    ASSERT_TRUE(zoomOut(view, ZoomAxis::kX) && zoomOut(view, ZoomAxis::kX));
+    EXPECT_EQ(std::tuple(view.xZoom, view.yZoom, view.scrollX), std::tuple(1.0, 1.0, 0.0));
+    EXPECT_DOUBLE_EQ(centreX(), centre);
+
     const std::tuple<ZoomAxis, double, double, double> cases[] = {
         {ZoomAxis::kBoth, kWheelNotchFactor, 100, 80},
         {ZoomAxis::kBoth, 1 / kWheelNotchFactor, 300, 200},
@@ -43,7 +60,6 @@ TEST(WheelZoom, KeepsThePointUnderTheMouseAndTheMenuLimits) {
         EXPECT_DOUBLE_EQ(view.contentWidth, view.contentWidthAtZoom1 * view.xZoom);
     }
 
-    GraphView view = testView();
     for (int notch = 0; notch < 7; ++notch) {
         zoomAbout(view, ZoomAxis::kX, kWheelNotchFactor, 130, 100);
     }
@@ -54,26 +70,15 @@ TEST(WheelZoom, KeepsThePointUnderTheMouseAndTheMenuLimits) {
     EXPECT_EQ(view.scrollX, 0.0);
     while (zoomAbout(view, ZoomAxis::kBoth, kWheelNotchFactor, 200, 200)) {
     }
-    EXPECT_EQ(view.xZoom, 65536.0);
-    EXPECT_FALSE(zoomIn(view, ZoomAxis::kBoth));
-    while (zoomAbout(view, ZoomAxis::kY, 0.1, 200, 200)) {
-    }
-    EXPECT_EQ(view.yZoom, 0.00390625);
-    EXPECT_FALSE(zoomAbout(view, ZoomAxis::kY, 0.0, 200, 200));
-}
-
-TEST(FitToWindow, ShowsTheWholeYRangeOfATallCurve) {
-    GraphView view = tallView();
-    ASSERT_GT(view.contentHeight, view.visibleHeight());  // the peak is off screen
-    zoomIn(view, ZoomAxis::kX);
-    ASSERT_TRUE(fitToWindow(view));
-    EXPECT_LE(view.visibleYBegin(), -17.4 + 1e-9);
-    EXPECT_GE(view.visibleYEnd(), 80.0 - 1e-9);
-    EXPECT_NEAR(view.contentHeight, view.visibleHeight(), 1e-9);
-    EXPECT_EQ(view.xZoom, 2.0);
-    EXPECT_FALSE(fitToWindow(view));
+    EXPECT_EQ(std::pair(view.xZoom, view.yZoom), std::pair(65536.0, 65536.0));
+    EXPECT_FALSE(zoomIn(view, ZoomAxis::kBoth) || canZoomIn(view, ZoomAxis::kX));
     restoreZoom(view);
-    EXPECT_EQ(view.yZoom, 1.0);
+    EXPECT_EQ(view.contentHeight, view.contentHeightAtZoom1);
+    while (zoomOut(view, ZoomAxis::kY)) {
+    }
+    EXPECT_EQ(std::pair(view.xZoom, view.yZoom), std::pair(1.0, 0.00390625));
+    EXPECT_FALSE(zoomAbout(view, ZoomAxis::kY, 0.1, 200, 200));
+    EXPECT_FALSE(zoomAbout(view, ZoomAxis::kY, 0.0, 200, 200));
 }
 
 TEST(ViewResize, KeepsTheVisibleCentreThroughResizes) {
@@ -101,7 +106,7 @@ TEST(ViewResize, KeepsTheVisibleCentreThroughResizes) {
     EXPECT_EQ(fresh.scrollX, 0.0);
 }
 
-TEST(Stretch, FillsTheAreaWithTheSelectionAndUndoesAfterOtherZooms) {
+TEST(Stretch, FillsTheAreaWithTheSelectionStacksFiveDeepAndUndoesExactly) {
     const PixelRect selections[] = {{100, 60, 180, 140}, {65, 40, 465, 90}, {300, 250, 460, 335}};
     for (const PixelRect& s : selections) {
         SCOPED_TRACE(testing::Message()
@@ -124,10 +129,18 @@ TEST(Stretch, FillsTheAreaWithTheSelectionAndUndoesAfterOtherZooms) {
         EXPECT_DOUBLE_EQ(view.xZoom, 1.0);
         EXPECT_FALSE(stack.undo(view));
     }
-    GraphView deep = testView();
+    GraphView view = testView();
     StretchStack stack;
-    deep.xZoom = 40000;
-    EXPECT_FALSE(stack.stretch(deep, 100, 100, 200, 200));  // would pass 65536
+    for (int i = 0; i < StretchStack::kLevels; ++i) {
+        ASSERT_TRUE(stack.stretch(view, 100, 100, 400, 300));
+    }
+    EXPECT_FALSE(stack.stretch(view, 100, 100, 400, 300));
+    EXPECT_FALSE(StretchStack().stretch(view, 100, 100, 100, 300));  // no height
+    while (stack.undo(view)) {
+    }
+    EXPECT_EQ(std::tuple(view.xZoom, view.yZoom, view.scrollX), std::tuple(1.0, 1.0, 0.0));
+    view.xZoom = 40000;
+    EXPECT_FALSE(stack.stretch(view, 100, 100, 200, 200));  // would pass 65536
     EXPECT_EQ(stack.depth(), 0);
 }
 
@@ -169,35 +182,30 @@ TEST(CoordinateText, PlainOrPiUnitsAsTheAxesShow) {
     EXPECT_EQ(text.size() - text.rfind('.') - 1, 3u) << text;
 }
 
-TwoDGraph graphWithExtent(double xBegin, double xEnd, double yMin, double yMax) {
-    TwoDGraph graph;
-    graph.xBegin = xBegin;
-    graph.xEnd = xEnd;
-    setCurve(graph.main, {point(xBegin, yMin), point(xEnd, yMax)});
-    graph.main.yMin = yMin;
-    graph.main.yMax = yMax;
-    return graph;
-}
-
+// Every tenth record, the lowest one and the last one are vertices when drawing is optimized.
 TEST(TwoDSettings, OptimizeDrawingAndTheDisplayOrder) {
-    TwoDGraph graph = graphWithExtent(0, 10, 0, 30);
-    setCurve(graph.main, line(25, 0, 10, [](int i) { return i; }));
+    TwoDGraph graph;
+    setCurve(graph.main, line(25, 0, 10, [](int i) { return std::abs(i - 13); }));
+    const auto vertices = [&graph] {
+        std::string out;
+        for (const PlotPoint& p : graph.main) {
+            out += p.isVertex ? '1' : '0';
+        }
+        return out;
+    };
     GraphView view = testView();
     TwoDSettings settings;
     settings.optimizeDrawing = false;
     settings.displayOrder = "Fidf";
     EXPECT_FALSE(applyGraphSettings(graph, view, settings));
     EXPECT_EQ(graph.drawStep, 1);
+    EXPECT_EQ(vertices(), std::string(25, '1'));
     EXPECT_EQ(view.displayOrder, "Fidf");
     settings.optimizeDrawing = true;
     settings.maxYRatio = 3;
     EXPECT_TRUE(applyGraphSettings(graph, view, settings));
     EXPECT_EQ(graph.drawStep, 10);
-    std::string vertices;
-    for (const PlotPoint& p : graph.main) {
-        vertices += p.isVertex ? '1' : '0';
-    }
-    EXPECT_EQ(vertices, "1000000000100000000010001");
+    EXPECT_EQ(vertices(), "1000000000100100000010001");
 
     DisplayOrderPicker picker("fdiF");
     picker.reset();
@@ -226,18 +234,25 @@ TEST(PartialGraph, CutsEveryCurveAcrossTheVisiblePart) {
     EXPECT_EQ(partial.graph().areaLast, 30);
 }
 
-// Restore leads back to the very view a new graph opens with, scrolled to the x axis.
-TEST(Restore, ReturnsToTheOpeningView) {
+// Fit to Window shows the whole Y range of a tall curve; Restore leads back to the very view a new
+// graph opens with, scrolled to the x axis.
+TEST(Restore, ReturnsToTheOpeningViewAfterFitToWindow) {
     GraphView opened = tallView();
     scrollToXAxis(opened);
     ASSERT_GT(opened.scrollY, 0.0);
+    ASSERT_GT(opened.contentHeight, opened.visibleHeight());  // the peak is off screen
     GraphView view = opened;
-    zoomIn(view, ZoomAxis::kBoth);
+    zoomIn(view, ZoomAxis::kX);
+    ASSERT_TRUE(fitToWindow(view));
+    EXPECT_LE(view.visibleYBegin(), -17.4 + 1e-9);
+    EXPECT_GE(view.visibleYEnd(), 80.0 - 1e-9);
+    EXPECT_NEAR(view.contentHeight, view.visibleHeight(), 1e-9);
+    EXPECT_EQ(view.xZoom, 2.0);
+    EXPECT_FALSE(fitToWindow(view));
     view.scrollY = 0.0;
     restoreZoom(view);
-    EXPECT_EQ(view.scrollY, opened.scrollY);
-    EXPECT_EQ(view.scrollX, opened.scrollX);
-    EXPECT_EQ(view.contentHeight, opened.contentHeight);
+    EXPECT_EQ(std::tuple(view.scrollX, view.scrollY, view.contentHeight, view.yZoom),
+              std::tuple(opened.scrollX, opened.scrollY, opened.contentHeight, 1.0));
 }
 
 // A printed page is laid out at its own proportions around the screen's centre, with the
@@ -252,6 +267,114 @@ TEST(PageView, FillsThePageAroundTheSameCentre) {
     EXPECT_EQ(page.marginY, 500);
     const auto centre = [](const GraphView& v) { return v.graphY(v.top + v.visibleHeight() / 2); };
     EXPECT_NEAR(centre(page), centre(view), page.pixelRatio / page.ppu);  // a layout pixel
+}
+
+TEST(ScrollBars, OffsetsStayWithinTheEnlargedGraph) {
+    GraphView view = testView();
+    EXPECT_FALSE(horizontalScrollBar(view, true).enabled);
+    zoomIn(view, ZoomAxis::kX);  // 800 wide in a 400-pixel area, scrolled to the middle
+    const ScrollBarState bar = horizontalScrollBar(view, true);
+    EXPECT_TRUE(bar.enabled);
+    EXPECT_FALSE(horizontalScrollBar(view, false).enabled);
+    EXPECT_EQ(std::tuple(bar.maximum, bar.page, bar.position), std::tuple(800, 400, 200));
+    EXPECT_EQ(verticalScrollBar(view, true).maximum, 300);
+
+    using enum ScrollAction;
+    const std::tuple<ScrollAction, int, double> steps[] = {
+        {kLineForward, 0, 202}, {kPageForward, 0, 400}, {kLineForward, 0, 400},
+        {kToPosition, 7, 7},    {kPageBack, 0, 0},      {kLineBack, 0, 0}};
+    for (const auto& [action, position, offset] : steps) {
+        scrollHorizontally(view, action, position);
+        EXPECT_EQ(view.scrollX, offset);
+    }
+    scrollVertically(view, ScrollAction::kLineBack);
+    EXPECT_EQ(view.scrollY, 0.0);
+}
+
+TEST(CurveHit, NearestCurveWithinFivePixels) {
+    const GraphView view = testView();
+    TwoDGraph graph;
+    setCurve(graph.main, {point(1, 0), point(2, 1)});
+    setCurve(graph.derivative, {point(1, 0), point(2, 2)});
+    // (2, 1) is at column 145, row 150; (2, 2) at row 110.
+    CurveHit hit = curveUnderMouse(graph, view, 148, 154);
+    EXPECT_EQ(hit.name, "FUNCTION");
+    EXPECT_EQ(curveTooltip(hit), "FUNCTION x=2.000000 y=1.000000");
+    EXPECT_EQ(curveUnderMouse(graph, view, 146, 112).name, "DERIVATIVE");
+    // Equally near both: the main curve is searched first and keeps the hit.
+    EXPECT_EQ(curveUnderMouse(graph, view, 105, 190).name, "FUNCTION");
+    EXPECT_EQ(curveUnderMouse(graph, view, 145, 130).name, "");
+}
+
+TEST(ViewYRange, TallRangesAreCutAroundTheAxis) {
+    // X range 20 and ratio 10: at most 200 high, h = 100.
+    // Rows: stays, shoots up, shoots down / wholly high, wholly low, both ways / exactly R high,
+    // high end exactly h.
+    const std::pair<YRange, YRange> cases[] = {
+        {{-1, 1}, {-1, 1}},       {{-10, 1e6}, {-10, 190}},     {{-1e6, 10}, {-190, 10}},
+        {{150, 1e6}, {150, 350}}, {{-1e6, -150}, {-350, -150}}, {{-1e6, 1e6}, {-100, 100}},
+        {{-50, 150}, {-50, 150}}, {{-1e6, 100}, {-100, 100}}};
+    for (const auto& [extent, expected] : cases) {
+        SCOPED_TRACE(testing::Message() << extent.begin << " .. " << extent.end);
+        const YRange r = clampYRange(extent, -10.0, 10.0, 10);
+        EXPECT_EQ(std::pair(r.begin, r.end), std::pair(expected.begin, expected.end));
+    }
+}
+
+TEST(ViewYRange, EveryExistingCurveWidensTheRange) {
+    TwoDGraph graph;
+    graph.xBegin = 0.0;
+    graph.xEnd = 10.0;
+    for (auto [c, lo, hi] : {std::tuple{&graph.main, -1, 1}, std::tuple{&graph.derivative, -3, 0},
+                             std::tuple{&graph.integral, 0, 4}}) {
+        setCurve(*c, {point(0, lo), point(10, hi)});
+        c->yMin = lo;
+        c->yMax = hi;
+    }
+    graph.second.yMin = -50;  // no records: the second function does not exist
+    YRange r = viewYRange(graph);
+    EXPECT_EQ(std::pair(r.begin, r.end), std::pair(-3.0, 4.0));
+
+    TwoDGraph empty;  // nothing defined was met: still a finite range
+    r = viewYRange(empty);
+    EXPECT_TRUE(std::isfinite(r.begin) && std::isfinite(r.end) && r.begin < r.end);
+}
+
+TEST(GraphView, FullResetMapsTheRangeAndInvertsForTheMouse) {
+    TwoDGraph graph;
+    graph.xBegin = -10.0;
+    graph.xEnd = 10.0;
+    graph.main.points.resize(2);
+    graph.main.pointCount = 2;
+    graph.main.yMin = -20.0;
+    graph.main.yMax = 80.0;
+    GraphView view;
+    setViewSize(view, 530, 380);  // 400 x 300 plotting area, 20 pixels per unit
+    view.xZoom = 4.0;
+    resetView(view, graph);
+    EXPECT_EQ(view.xZoom, 1.0);
+    EXPECT_EQ(view.ppu, 20.0);
+    EXPECT_EQ(view.graphHeight, 2000.0);  // taller than the area: it scrolls
+    EXPECT_EQ(view.toPixelY(80.0), view.top);
+    EXPECT_GT(view.gridStepX, 0.0);
+    for (double x : {-10.0, -3.3, 7.25}) {
+        EXPECT_NEAR(view.graphX(view.toPixelX(x)), x, 1e-12);
+        EXPECT_NEAR(view.graphY(view.toPixelY(x)), x, 1e-12);
+    }
+
+    graph.main.yMin = 0.5;  // a flat graph is centred at the same scale
+    graph.main.yMax = 1.5;
+    resetView(view, graph);
+    EXPECT_EQ(view.toPixelY(1.0), view.top + 150.0);
+    EXPECT_EQ(view.visibleYEnd() - view.visibleYBegin(), 15.0);
+
+    fitGraphHeight(view);  // already fits: unchanged
+    EXPECT_EQ(view.yZoom, 1.0);
+    graph.main.yMin = -20.0;
+    graph.main.yMax = 80.0;
+    resetView(view, graph);
+    fitGraphHeight(view);
+    EXPECT_EQ(view.toPixelY(-20.0), view.plotBottom());
 }
 
 }  // namespace

@@ -53,17 +53,13 @@ class EquationToolsTest : public QObject {
 
         QSignalSpy marked(&dialog, &EquationSolutionsDialog::pointMarked);
         table->selectRow(1);
-        QCOMPARE(marked.size(), 1);
-        QCOMPARE(marked[0][0].toBool(), true);
-        QCOMPARE(marked[0][1].toDouble(), -2.0);
-        QCOMPARE(marked[0][2].toDouble(), 0.5);
+        QCOMPARE(QList<QVariantList>(marked), (QList<QVariantList>{{true, -2.0, 0.5}}));
         table->selectionModel()->select(table->model()->index(2, 0),
                                         QItemSelectionModel::Select | QItemSelectionModel::Rows);
         QCOMPARE(dialog.selectedText(), u"pi*-0.6366197724\t0.5\npi*0.3183098862\t3\n"_s);
         QSignalSpy squares(&dialog, &EquationSolutionsDialog::squaresToggled);
         control<QCheckBox>(dialog, solutions_ids::kSquares)->click();
-        QCOMPARE(squares.size(), 1);
-        QCOMPARE(squares[0][0].toBool(), true);
+        QCOMPARE(QList<QVariantList>(squares), (QList<QVariantList>{{true}}));
         dialog.hide();
         QCOMPARE(marked.last()[0].toBool(), false);
 
@@ -73,19 +69,8 @@ class EquationToolsTest : public QObject {
         QCOMPARE(control<QLabel>(dialog, solutions_ids::kCount)->text(), u"0 solution points"_s);
     }
 
-    void informationFindsXForYAndRefusesBadEntries_data() {
-        QTest::addColumn<int>("box");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("not a number") << equation_information_ids::kYForX << u"x"_s
-                                      << u"ERROR IN Y EDIT BOX:\nNUMBER IS NOT A CONSTANT"_s;
-        QTest::newRow("x outside") << equation_information_ids::kXForY << u"-7"_s
-                                   << u"X IS OUTSIDE THE RANGE OF FUNCTION"_s;
-    }
+    // The messages are the core's: one refusal proves the wiring, through the other button.
     void informationFindsXForYAndRefusesBadEntries() {
-        QFETCH(int, box);
-        QFETCH(QString, typed);
-        QFETCH(QString, message);
         Formula formula;
         QVERIFY(prepareFormula(formula, "x*x-y", 'e'));
         GraphView view;
@@ -95,15 +80,12 @@ class EquationToolsTest : public QObject {
         EquationInformationPanel panel(formula, view, worker);
         panel.show();
         auto* list = control<QListWidget>(panel, equation_information_ids::kList);
-        const int button = box == equation_information_ids::kYForX
-                               ? equation_information_ids::kFindX
-                               : equation_information_ids::kFindY;
-
         ModalAnswer refusal;
-        retype(panel, box, typed);
-        QTest::mouseClick(control<QPushButton>(panel, button), Qt::LeftButton);
+        retype(panel, equation_information_ids::kXForY, u"-7"_s);
+        QTest::mouseClick(control<QPushButton>(panel, equation_information_ids::kFindY),
+                          Qt::LeftButton);
         QVERIFY(refusal.seen);
-        QVERIFY2(refusal.text.startsWith(message), qPrintable(refusal.text));
+        QCOMPARE(refusal.text, u"X IS OUTSIDE THE RANGE OF FUNCTION"_s);
         QVERIFY(!panel.isRunning());
 
         QSignalSpy finished(&panel, &EquationInformationPanel::scanFinished);

@@ -1,6 +1,5 @@
 #include <QCheckBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -31,38 +30,32 @@ class TwoDCustomizationDialogTest : public QObject {
     }
 
   private Q_SLOTS:
-    void ratioSpin_data() {
-        QTest::addColumn<double>("yMin");
-        QTest::addColumn<double>("yMax");
-        QTest::addColumn<int>("ratio");
-        QTest::addColumn<int>("top");
-        QTest::addColumn<QString>("yRange");
-        QTest::newRow("shorter than wide") << -1.0 << 1.0 << 10 << 1 << u"Y Range: -1 to 1"_s;
-        QTest::newRow("a pole") << -1e300 << 1e300 << 10 << 20 << u"Y Range: -100 to 100"_s;
-        QTest::newRow("ratio 3") << -30.0 << 30.0 << 10 << 3 << u"Y Range: -30 to 30"_s;
-        QTest::newRow("ratio 3.2") << -32.0 << 32.0 << 2 << 4 << u"Y Range: -20 to 20"_s;
-        QTest::newRow("nothing defined") << 1e100 << -1e100 << 10 << 1 << u"Y Range: -1 to 1"_s;
-    }
     void ratioSpin() {
-        QFETCH(double, yMin);
-        QFETCH(double, yMax);
-        QFETCH(int, ratio);
-        QFETCH(int, top);
-        QFETCH(QString, yRange);
-        const TwoDGraph graph = graphOf(yMin, yMax);
-        TwoDSettings settings;
-        settings.maxYRatio = ratio;
-        TwoDCustomizationDialog dialog(graph, settings, false);
-        auto* spin = control<QSpinBox>(dialog, ids::kRatioSpin);
-        QCOMPARE(spin->minimum(), 1);
-        QCOMPARE(spin->maximum(), top);
-        QCOMPARE(spin->isEnabled(), top > 1);
-        QCOMPARE(spin->value(), std::min(ratio, top));
-        QCOMPARE(dialog.openingRatio(), std::min(ratio, top));
-        QCOMPARE(control<QLineEdit>(dialog, ids::kRatioEdit)->text(),
-                 QString::number(std::min(ratio, top)));
-        QCOMPARE(control<QLabel>(dialog, ids::kXRangeLabel)->text(), u"X Range: 0 to 20"_s);
-        QCOMPARE(control<QLabel>(dialog, ids::kYRangeLabel)->text(), yRange);
+        const struct {
+            double yMin, yMax;
+            int ratio, top;
+            QString yRange;
+        } rows[] = {
+            {-1, 1, 10, 1, u"Y Range: -1 to 1"_s},               // shorter than wide
+            {-1e300, 1e300, 10, 20, u"Y Range: -100 to 100"_s},  // a pole
+            {-30, 30, 10, 3, u"Y Range: -30 to 30"_s},
+            {-32, 32, 2, 4, u"Y Range: -20 to 20"_s},
+            {1e100, -1e100, 10, 1, u"Y Range: -1 to 1"_s},  // nothing defined
+        };
+        for (const auto& [yMin, yMax, ratio, top, yRange] : rows) {
+            const TwoDGraph graph = graphOf(yMin, yMax);
+            TwoDSettings settings;
+            settings.maxYRatio = ratio;
+            TwoDCustomizationDialog dialog(graph, settings, false);
+            auto* spin = control<QSpinBox>(dialog, ids::kRatioSpin);
+            QCOMPARE(spin->minimum(), 1);
+            QCOMPARE(spin->maximum(), top);
+            QCOMPARE(spin->isEnabled(), top > 1);
+            QCOMPARE(spin->value(), std::min(ratio, top));
+            QCOMPARE(dialog.openingRatio(), std::min(ratio, top));
+            QCOMPARE(control<QLabel>(dialog, ids::kXRangeLabel)->text(), u"X Range: 0 to 20"_s);
+            QCOMPARE(control<QLabel>(dialog, ids::kYRangeLabel)->text(), yRange);
+        }
     }
 
     void spinRewritesTheYRangeAtOnce() {
