@@ -98,30 +98,18 @@ class TwoVariableWindowTest : public QObject {
         QCOMPARE(settings.surfaceXPoints, 100);
     }
 
-    void okShowsTheFirstFailureInOrder_data() {
-        QTest::addColumn<QStringList>("texts");
-        QTest::addColumn<QString>("message");
-        QTest::addColumn<int>("focused");
-        QTest::newRow("y order") << QStringList{u"-1"_s, u"1"_s, u"2"_s, u"1"_s, u"z+"_s}
-                                 << u"Y BEG MUST BE LESS THAN Y END"_s << ids::kYEnd;
-    }
-    void okShowsTheFirstFailureInOrder() {
-        QFETCH(QStringList, texts);
-        QFETCH(QString, message);
-        QFETCH(int, focused);
+    // Which refusal comes first is the core's table; one refusal shows the window's wiring.
+    void okShowsTheFirstFailureAndSelectsItsBox() {
         auto window = makeWindow(TwoVariableMode::kEquation);
-        fill(*window, texts);
+        fill(*window, {u"-1"_s, u"1"_s, u"2"_s, u"1"_s, u"z+"_s});
         ModalAnswer answer;
-        QLineEdit* box = control<QLineEdit>(*window, focused);
+        QLineEdit* box = control<QLineEdit>(*window, ids::kYEnd);
         pressOk(*window);
-        const bool selectedWhole = box->hasSelectedText() && box->selectedText() == box->text();
-        QVERIFY(answer.seen);
+        QVERIFY(box->hasSelectedText() && box->selectedText() == box->text());
         QCOMPARE(answer.icon, QMessageBox::Critical);
-        QVERIFY2(answer.text.startsWith(message), qPrintable(answer.text));
-        QVERIFY(selectedWhole);
+        QCOMPARE(answer.text, u"Y BEG MUST BE LESS THAN Y END"_s);
         QCOMPARE(window->focusWidget(), box);
-        QVERIFY(!window->isRunning());
-        QVERIFY(history.entries.empty());
+        QVERIFY(!window->isRunning() && history.entries.empty());
         QCOMPARE(settings.kind, '\0');
     }
 
