@@ -184,30 +184,25 @@ class LiteralRun {
         fail("unbalanced exponent bracket");
     }
 
+    // Each '^' in turn raises the chain's value so far, which then stands at the base as 'v'.
     double power(int open, int close) {
         running_ = operand(open + 1);
-        for (;;) {
-            int caret = open + 1;
-            while (caret < close && text_[caret] != '^') {
-                ++caret;
-            }
-            if (caret >= close) {
-                return running_;
-            }
+        for (char* caret;
+             (caret = std::find(text_ + open + 1, text_ + close, '^')) != text_ + close;) {
+            const int at = static_cast<int>(caret - text_);
             const double base = operand(open + 1);
-            const double exponent = operand(caret + 1);
-            if (!(base > 0.0)) {
-                const bool whole = exponent == static_cast<double>(truncateToInt32(exponent));
-                if (!whole || exponentDependsOnVariables(caret + 1)) {
-                    indefinite_ = true;
-                }
+            const double exponent = operand(at + 1);
+            const bool whole = exponent == static_cast<double>(truncateToInt32(exponent));
+            if (!(base > 0.0) && (!whole || exponentDependsOnVariables(at + 1))) {
+                indefinite_ = true;
             }
             if (!indefinite_) {
                 running_ = powerOf(base, exponent);
             }
             text_[open + 1] = 'v';
-            text_[caret] = '@';
+            *caret = '@';
         }
+        return running_;
     }
 
     double factorial(int open) {
