@@ -45,35 +45,25 @@ constexpr std::array<Point, 7> kPointsXY{
 // or an empty text.
 std::string compareAt(Formula& formula, int slotIndex, ExpressionSlot& literalSlot, Point p) {
     const double fast = formula.evaluate(p.x, slotIndex, p.y);
-    const bool fastIndefinite = formula.indefinite;
     const auto literal = evaluateLiterally(literalSlot, formula.logFactor, p.x, p.y);
     const ExpressionSlot& slot = formula.slots[slotIndex];
-
-    const bool sameText = std::strcmp(slot.text.data(), literalSlot.text.data()) == 0;
-    const bool compareValues = !literal.indefinite && fastIndefinite == literal.indefinite;
-    int differingEntry = -1;
-    for (int i = 0; compareValues && i < slot.length && differingEntry < 0; ++i) {
-        if (!sameBits(slot.values[i], literalSlot.values[i])) {
-            differingEntry = i;
-        }
-    }
-    const bool sameValue = !compareValues || sameBits(fast, literal.value);
-    if (sameText && fastIndefinite == literal.indefinite && sameValue && differingEntry < 0) {
-        return {};
-    }
-
     std::ostringstream out;
     out.precision(17);
-    if (!sameText) {
-        out << "text after evaluation \"" << slot.text.data() << "\" instead of \""
-            << literalSlot.text.data() << "\"";
-    } else if (fastIndefinite != literal.indefinite) {
-        out << "indefinite " << fastIndefinite << " instead of " << literal.indefinite;
-    } else if (!sameValue) {
+    if (std::strcmp(slot.text.data(), literalSlot.text.data()) != 0) {
+        out << "text after evaluation \"" << slot.text.data() << "\"";
+    } else if (formula.indefinite != literal.indefinite) {
+        out << "indefinite " << formula.indefinite << " instead of " << literal.indefinite;
+    } else if (!literal.indefinite && !sameBits(fast, literal.value)) {
         out << "value " << fast << " instead of " << literal.value;
-    } else {
-        out << "values[" << differingEntry << "] " << slot.values[differingEntry] << " instead of "
-            << literalSlot.values[differingEntry];
+    }
+    for (int i = 0; out.tellp() == 0 && !literal.indefinite && i < slot.length; ++i) {
+        if (!sameBits(slot.values[i], literalSlot.values[i])) {
+            out << "values[" << i << "] " << slot.values[i] << " instead of "
+                << literalSlot.values[i];
+        }
+    }
+    if (out.tellp() == 0) {
+        return {};
     }
     out << " at x=" << p.x << " y=" << p.y << " for \"" << literalSlot.text.data() << "\"";
     return out.str();

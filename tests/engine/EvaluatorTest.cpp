@@ -4,11 +4,11 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <memory>
 
 #include "engine/DisplayFormat.h"
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
-#include "engine/LogBase.h"
 #include "engine/Preparation.h"
 
 namespace curvemill {
@@ -57,16 +57,7 @@ INSTANTIATE_TEST_SUITE_P(
         EvalCase{"(-3)!", 0, 1}, EvalCase{"40!", 0, 0}, EvalCase{"-x^2", 3, -9},
         EvalCase{"x-2-3", 10, 5}, EvalCase{"-x+2", 1, 1},
         EvalCase{"sin(x)/x*80", kPi / 2, 160 / kPi}, EvalCase{"cos(pi)+tan(0)", 0, -1},
-        EvalCase{"Sqr(-1)+x^2", 1, kIndefinite}));
-
-TEST(Evaluator, LogUsesTheChosenBase) {
-    Formula formula;
-    ASSERT_TRUE(prepareFormula(formula, "log(8)", kModeFunction));
-    ASSERT_TRUE(applyLogBase(formula, true, "2").accepted);
-    EXPECT_NEAR(formula.evaluate(0), 3.0, 1e-15);
-    ASSERT_TRUE(applyLogBase(formula, false, "").accepted);
-    EXPECT_NEAR(formula.evaluate(0), std::log10(8.0), 1e-15);
-}
+        EvalCase{"tan(x)", kPi / 4, 1}, EvalCase{"Sqr(-1)+x^2", 1, kIndefinite}));
 
 TEST(Evaluator, FillsValuesByOpeningBracketKeepsTheTextAndObeysTheStopFlag) {
     Formula formula;
@@ -76,7 +67,6 @@ TEST(Evaluator, FillsValuesByOpeningBracketKeepsTheTextAndObeysTheStopFlag) {
     EXPECT_EQ(slot.values[0], 15);
     EXPECT_EQ(slot.values[3], 10);
     EXPECT_STREQ(slot.text.data(), "(x+(k*x))");
-    EXPECT_STREQ(slot.savedText.data(), "(x+(k*x))");
 
     formula.keepComputing = false;  // the stop flag ends evaluation at once
     EXPECT_EQ(formula.evaluate(2), 0.0);
@@ -112,6 +102,26 @@ TEST(Evaluator, LenientTextsWithStrayBracketsEvaluateWithoutFault) {
         EXPECT_EQ(formula.evaluate(3), c.expected);
         EXPECT_EQ(formula.evaluate(3), c.expected) << "a second run must see the same text";
     }
+}
+
+// A slot copied elsewhere (a dialog keeps one to restore later) evaluates its own formula with its
+// own numbers, never those of the slot it was copied from nor of the one it replaced.
+TEST(SlotCopy, ACopyEvaluatesItsOwnFormulaAfterItsOriginalChangedAndWent) {
+    Formula target;
+    ASSERT_TRUE(prepareFormula(target, "x+100", kModeTwoVariables));
+    {
+        auto source = std::make_unique<Formula>();
+        ASSERT_TRUE(prepareFormula(*source, "x*y-log(x)", kModeTwoVariables));
+        EXPECT_EQ(source->evaluate(1.0, kTwoVariableSlot, 2.0), 2.0);  // resolved for the source
+        target.slots[kTwoVariableSlot] = source->slots[kTwoVariableSlot];
+        ASSERT_TRUE(prepareFormula(*source, "x-y", kModeTwoVariables));
+        source->evaluate(7.0, kTwoVariableSlot, 7.0);
+    }
+    EXPECT_EQ(target.evaluate(10.0, kTwoVariableSlot, 3.0), 29.0);
+    ExpressionSlot moved = std::move(target.slots[kTwoVariableSlot]);
+    target.slots[kSpareSlot] = std::move(moved);
+    EXPECT_EQ(target.evaluate(100.0, kSpareSlot, 0.5), 48.0);
+    EXPECT_EQ(target.slots[kSpareSlot].values[0], 48.0);
 }
 
 }  // namespace

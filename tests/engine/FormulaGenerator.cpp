@@ -35,7 +35,7 @@ std::string FormulaGenerator::next(bool withY) {
     std::string text;
     do {
         produced_ = 0;
-        text = expression(1 + static_cast<int>(pick(4)));
+        text = chain(1 + static_cast<int>(pick(4)), true);
     } while (text.size() > 99);
     if (chance(4)) {
         text.erase(pick(text.size()), 1);
@@ -48,32 +48,22 @@ std::string FormulaGenerator::next(bool withY) {
     return text;
 }
 
-std::string FormulaGenerator::expression(int depth) {
-    std::string text = chance(20) ? "-" : "";
-    text += term(depth);
-    for (std::size_t n = pick(depth + 2); n > 0 && produced_ < kBudget; --n) {
-        text += chance(50) ? "+" : "-";
-        text += term(depth);
-    }
-    return text;
-}
-
-std::string FormulaGenerator::term(int depth) {
-    std::string text = powerChain(depth);
-    for (std::size_t n = pick(3); n > 0 && produced_ < kBudget; --n) {
-        text += chance(50) ? "*" : "/";
-        text += powerChain(depth);
+// A sum of products (`sum`) or a product of power chains, with a leading minus now and then.
+std::string FormulaGenerator::chain(int depth, bool sum) {
+    std::string text = sum && chance(20) ? "-" : "";
+    text += sum ? chain(depth, false) : powerChain(depth);
+    for (std::size_t n = pick(sum ? depth + 2 : 3); n > 0 && produced_ < kBudget; --n) {
+        text += chance(50) ? (sum ? "+" : "*") : (sum ? "-" : "/");
+        text += sum ? chain(depth, false) : powerChain(depth);
     }
     return text;
 }
 
 std::string FormulaGenerator::powerChain(int depth) {
     std::string text = atom(depth);
-    if (chance(25)) {
-        for (std::size_t n = 1 + pick(2); n > 0; --n) {
-            text += "^";
-            text += atom(depth - 1);
-        }
+    for (std::size_t n = chance(25) ? 1 + pick(2) : 0; n > 0; --n) {
+        text += "^";
+        text += atom(depth - 1);
     }
     if (chance(8)) {
         text += chance(80) ? "!" : "!!";
@@ -87,11 +77,11 @@ std::string FormulaGenerator::atom(int depth) {
         return leaf();
     }
     if (choice < 77) {
-        return kFunctions[pick(kFunctions.size())] + expression(depth - 1) + ")";
+        return kFunctions[pick(kFunctions.size())] + chain(depth - 1, true) + ")";
     }
     if (choice < 93) {
         std::string text(1, '(');  // appending sidesteps a false -Wrestrict of GCC 12
-        text += expression(depth - 1);
+        text += chain(depth - 1, true);
         return text += ')';
     }
     produced_ += 8;
@@ -104,13 +94,7 @@ std::string FormulaGenerator::leaf() {
     if (choice < 40) {
         return number();
     }
-    if (choice < 70) {
-        return "x";
-    }
-    if (choice < 85 && withY_) {
-        return "y";
-    }
-    return choice < 93 ? "pi" : "e";
+    return choice < 70 ? "x" : choice < 85 && withY_ ? "y" : choice < 93 ? "pi" : "e";
 }
 
 std::string FormulaGenerator::number() {

@@ -19,8 +19,7 @@ class FormulaGenerator {
     std::size_t pick(std::size_t n) { return static_cast<std::size_t>(rng_() % n); }
     bool chance(int percent) { return pick(100) < static_cast<std::size_t>(percent); }
 
-    std::string expression(int depth);
-    std::string term(int depth);
+    std::string chain(int depth, bool sum);
     std::string powerChain(int depth);
     std::string atom(int depth);
     std::string leaf();

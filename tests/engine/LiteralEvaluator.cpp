@@ -1,5 +1,7 @@
 #include "LiteralEvaluator.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -26,16 +28,20 @@ double powerOf(double base, double exponent) {
 }
 
 bool isOperatorStop(char c) {
-    return c == ')' || c == '+' || c == '-' || c == '*' || c == '/' || c == '^' || c == '!';
+    return c != '\0' && std::strchr(")+-*/^!", c) != nullptr;
 }
+
+// Function codes in the order of LiteralRun::function's results.
+constexpr char kFunctionCodes[] = "sctTSClLq";
 
 class LiteralRun {
   public:
     LiteralRun(ExpressionSlot& slot, double logFactor, double x, double y)
-        : slot_(slot), text_(slot.text.data()), logFactor_(logFactor), x_(x), y_(y) {}
+        : slot_(slot), text_(slot.text.data()), logFactor_(logFactor), x_(x), y_(y) {
+        std::copy(slot.text.begin(), slot.text.end(), saved_.begin());
+    }
 
     LiteralResult run() {
-        std::memcpy(slot_.savedText.data(), slot_.text.data(), slot_.text.size());
         int start = 0;
         for (;;) {
             if (start > slot_.length - 1) {
@@ -53,40 +59,25 @@ class LiteralRun {
             while (selector < close && !isOperatorStop(text_[selector])) {
                 ++selector;
             }
-            switch (text_[selector]) {
-                case ')':
-                    slot_.values[open] = operand(open + 1);
-                    break;
-                case '+':
-                case '-':
-                    slot_.values[open] = sum(open, close);
-                    break;
-                case '*':
-                case '/':
-                    slot_.values[open] = product(open, close);
-                    break;
-                case '^':
-                    slot_.values[open] = power(open, close);
-                    break;
-                default:
-                    slot_.values[open] = factorial(open);
-                    break;
-            }
+            const char op = text_[selector];
+            slot_.values[open] = op == ')'                ? operand(open + 1)
+                                 : op == '+' || op == '-' ? sum(open, close)
+                                 : op == '*' || op == '/' ? product(open, close)
+                                 : op == '^'              ? power(open, close)
+                                                          : factorial(open);
             if (open == 0) {
-                std::memcpy(slot_.text.data(), slot_.savedText.data(), slot_.text.size());
+                std::memcpy(slot_.text.data(), saved_.data(), saved_.size());
                 return {slot_.values[0], indefinite_};
             }
             text_[open] = 'f';
-            for (int i = open + 1; i <= close; ++i) {
-                text_[i] = '@';
-            }
+            std::fill(text_ + open + 1, text_ + close + 1, '@');
             start = close + 1;
         }
     }
 
   private:
     [[noreturn]] void fail(const std::string& why) const {
-        throw std::logic_error(why + " in \"" + std::string(slot_.savedText.data()) + "\"");
+        throw std::logic_error(why + " in \"" + std::string(saved_.data()) + "\"");
     }
 
     int findForward(int from, char wanted) const {
@@ -99,67 +90,34 @@ class LiteralRun {
     }
 
     double function(char code, double v) {
-        switch (code) {
-            case 's':
-                return std::sin(v);
-            case 'c':
-                return std::cos(v);
-            case 't':
-                return std::tan(v);
-            case 'T':
-                return std::atan(v);
-            case 'S':
-                domain(std::fabs(v) <= 1.0);
-                return std::asin(v);
-            case 'C':
-                domain(std::fabs(v) <= 1.0);
-                return std::acos(v);
-            case 'l':
-                domain(v > 0.0);
-                return std::log(v);
-            case 'L':
-                domain(v > 0.0);
-                return std::log10(v) * logFactor_;
-            case 'q':
-                domain(v > 0.0);
-                return std::sqrt(v);
-            default:
-                return 0.0;
-        }
-    }
-
-    void domain(bool inside) {
-        if (!inside) {
+        const bool unit = code == 'S' || code == 'C';
+        const bool positive = code == 'l' || code == 'L' || code == 'q';
+        if ((unit && !(std::fabs(v) <= 1.0)) || (positive && !(v > 0.0))) {
             indefinite_ = true;
         }
+        const double results[] = {
+            std::sin(v),  std::cos(v),  std::tan(v), std::atan(v),
+            std::asin(v), std::acos(v), std::log(v), std::log10(v) * logFactor_,
+            std::sqrt(v)};
+        return results[std::strchr(kFunctionCodes, code) - kFunctionCodes];
     }
 
     double operand(int j) {
         const char c = text_[j];
-        switch (c) {
-            case 'x':
-                return x_;
-            case 'y':
-                return y_;
-            case 'k':
-                return slot_.constants[j];
-            case 'f':
-                return slot_.values[j];
-            case 'v':
-                return running_;
-            case '!':
-                // The check lets "(!)" through: the factorial then finds itself where its operand
-                // should be. The algorithm gives that no value; like the fast evaluator we read 0.
-                return 0.0;
-            default:
-                if (c == '\0' || std::strchr("sctTSClLq", c) == nullptr) {
-                    fail(std::string("unexpected operand '") + c + "'");
-                }
-                if (text_[j + 1] != 'f') {
-                    fail("function without a computed argument");
-                }
-                return function(c, slot_.values[j + 1]);
+        // '!' stands where an operand should when the check let "(!)" through: the algorithm gives
+        // it no value; like the fast evaluator we read 0.
+        static constexpr char kPlain[] = "xykfv!";
+        if (c != '\0' && std::strchr(kPlain, c) != nullptr) {
+            const double plain[] = {x_, y_, slot_.constants[j], slot_.values[j], running_, 0.0};
+            return plain[std::strchr(kPlain, c) - kPlain];
         }
+        if (c == '\0' || std::strchr(kFunctionCodes, c) == nullptr) {
+            fail(std::string("unexpected operand '") + c + "'");
+        }
+        if (text_[j + 1] != 'f') {
+            fail("function without a computed argument");
+        }
+        return function(c, slot_.values[j + 1]);
     }
 
     // Position of the next of the two operator characters after `from`, or `close`.
@@ -171,10 +129,12 @@ class LiteralRun {
         return i;
     }
 
+    // Operands of a sum or product run from just after the bracket (or a leading minus) to each
+    // operator: skipTo() lands on `close` after the last one.
     double sum(int open, int close) {
         double total = 0.0;
-        int j = text_[open + 1] == '-' ? open + 2 : open + 1;
-        for (;;) {
+        for (int j = text_[open + 1] == '-' ? open + 2 : open + 1; j <= close;
+             j = skipTo(j, close, '+', '-') + 1) {
             // volatile: negate, then add, as written. A compiler may otherwise fold t + (-v) into
             // t - v, which hands a NaN's sign on unchanged where the negation would flip it.
             volatile double term = operand(j);
@@ -182,93 +142,67 @@ class LiteralRun {
                 term = -term;
             }
             total += term;
-            const int next = skipTo(j, close, '+', '-');
-            if (next >= close) {
-                return total;
-            }
-            j = next + 1;
         }
+        return total;
     }
 
+    // Division by zero gives 1e10 as the factor, unless the product so far is zero too.
     double product(int open, int close) {
         double result = 1.0;
-        int j = open + 1;
-        for (;;) {
+        for (int j = open + 1; j <= close; j = skipTo(j, close, '*', '/') + 1) {
             double factor = operand(j);
-            if (text_[j - 1] == '/') {
-                if (factor == 0.0) {
-                    if (result == 0.0) {
-                        indefinite_ = true;
-                        result = 1.0;
-                    } else {
-                        factor = 1e10;
-                    }
-                } else {
-                    factor = 1.0 / factor;
-                }
+            const bool divides = text_[j - 1] == '/';
+            if (divides && factor != 0.0) {
+                factor = 1.0 / factor;
+            } else if (divides && result != 0.0) {
+                factor = 1e10;
+            } else if (divides) {
+                indefinite_ = true;
+                result = 1.0;
             }
             result *= factor;
-            const int next = skipTo(j, close, '*', '/');
-            if (next >= close) {
-                return result;
-            }
-            j = next + 1;
         }
+        return result;
     }
 
-    // Whether the exponent that starts at `j` in savedText mentions x or y.
+    // Whether the exponent that starts at `j` in the text as prepared mentions x or y.
     bool exponentDependsOnVariables(int j) const {
-        const char* saved = slot_.savedText.data();
-        const char c = saved[j];
-        if (c == 'k') {
-            return false;
+        const char* saved = saved_.data();
+        if (saved[j] == 'k' || saved[j] == 'x' || saved[j] == 'y') {
+            return saved[j] != 'k';
         }
-        if (c == 'x' || c == 'y') {
-            return true;
-        }
-        int i = c == '(' ? j : j + 1;
+        int i = saved[j] == '(' ? j : j + 1;
         if (saved[i] != '(') {
             fail("exponent is neither a constant, a variable nor a bracket");
         }
-        int depth = 0;
-        for (; i < kSlotCapacity && saved[i] != '\0'; ++i) {
-            if (saved[i] == '(') {
-                ++depth;
-            } else if (saved[i] == ')') {
-                if (--depth == 0) {
-                    return false;
-                }
-            } else if (saved[i] == 'x' || saved[i] == 'y') {
-                return true;
+        for (int depth = 0; i < kSlotCapacity && saved[i] != '\0'; ++i) {
+            depth += int{saved[i] == '('} - int{saved[i] == ')'};
+            if (depth == 0 || saved[i] == 'x' || saved[i] == 'y') {
+                return depth != 0;
             }
         }
         fail("unbalanced exponent bracket");
     }
 
+    // Each '^' in turn raises the chain's value so far, which then stands at the base as 'v'.
     double power(int open, int close) {
         running_ = operand(open + 1);
-        for (;;) {
-            int caret = open + 1;
-            while (caret < close && text_[caret] != '^') {
-                ++caret;
-            }
-            if (caret >= close) {
-                return running_;
-            }
+        for (char* caret;
+             (caret = std::find(text_ + open + 1, text_ + close, '^')) != text_ + close;) {
+            const int at = static_cast<int>(caret - text_);
             const double base = operand(open + 1);
-            const double exponent = operand(caret + 1);
-            if (!(base > 0.0)) {
-                const bool whole = exponent == static_cast<double>(truncateToInt32(exponent));
-                if (!whole || exponentDependsOnVariables(caret + 1)) {
-                    indefinite_ = true;
-                }
+            const double exponent = operand(at + 1);
+            const bool whole = exponent == static_cast<double>(truncateToInt32(exponent));
+            if (!(base > 0.0) && (!whole || exponentDependsOnVariables(at + 1))) {
+                indefinite_ = true;
             }
             if (!indefinite_) {
                 running_ = powerOf(base, exponent);
             }
             text_[open + 1] = 'v';
-            text_[caret] = '@';
+            *caret = '@';
         }
+        return running_;
     }
 
     double factorial(int open) {
@@ -283,6 +217,8 @@ class LiteralRun {
 
     ExpressionSlot& slot_;
     char* text_;
+    // The text as prepared: the run rewrites text_ and restores it from here at the end.
+    std::array<char, kSlotCapacity> saved_{};
     double logFactor_;
     double x_;
     double y_;

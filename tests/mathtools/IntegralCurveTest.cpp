@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "mathtools/IntegralCurve.h"
+#include "tests/support/CurveBuilders.h"
 #include "tests/support/SampledGraph.h"
 
 namespace curvemill {
@@ -77,52 +78,37 @@ TEST(IntegralCurve, StartsAgainAfterAStretchWithNoValue) {
     EXPECT_LT(worstError(integral, exact), 1e-5);
 }
 
-// Hand-made records: y = 1 at x = 0, 1, 2, ..., with the flags of the rows.
-struct RestartCase {
-    const char* name;
-    std::vector<int> breaks;
-    std::vector<int> indefinite;
-    std::vector<double> expected;  // NAN where the record has no value
-};
-
+// Hand-made records: y = 1 at x = 0, 1, 2, ...; flags '.' plain, 'b' break, 'n' no value.
 TEST(IntegralCurve, RestartRule) {
-    const double n = NAN;
-    const RestartCase cases[] = {
-        {"no flags", {}, {}, {0, 1, 2, 3, 4, 5}},
-        {"jump between 2 and 3", {2, 3}, {}, {0, 1, 2, 0, 1, 2}},
-        {"one-sided break is no jump", {2}, {}, {0, 1, 2, 3, 4, 5}},
-        {"break before a gap", {1}, {2}, {0, 1, n, 0, 1, 2}},
-        {"gap of two", {}, {2, 3}, {0, 1, n, n, 0, 1}},
-        {"nothing defined first", {}, {0}, {n, 0, 1, 2, 3, 4}},
-        {"jump right after a gap", {3, 4}, {2}, {0, 1, n, 0, 0, 1}},
+    const double n = NAN;  // no value
+    const struct {
+        const char* flags;
+        std::vector<double> expected;
+    } cases[] = {
+        {"......", {0, 1, 2, 3, 4, 5}}, {"..bb..", {0, 1, 2, 0, 1, 2}},  // a jump between 2 and 3
+        {"..b...", {0, 1, 2, 3, 4, 5}},  // a one-sided break is no jump
+        {".bn...", {0, 1, n, 0, 1, 2}},  // a break before a gap
+        {"..nn..", {0, 1, n, n, 0, 1}}, {"n.....", {n, 0, 1, 2, 3, 4}},
+        {"..nbb.", {0, 1, n, 0, 0, 1}},  // a jump right after a gap
     };
-    for (const RestartCase& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.flags);
         TwoDGraph graph;
         graph.xBegin = 0;
         graph.xEnd = 5;
-        graph.main.points.resize(c.expected.size());
-        graph.main.pointCount = static_cast<int>(c.expected.size());
-        for (std::size_t i = 0; i < c.expected.size(); ++i) {
-            graph.main.points[i].x = static_cast<double>(i);
-            graph.main.points[i].y = 1.0;
+        std::vector<PlotPoint> records;
+        for (int i = 0; c.flags[i] != '\0'; ++i) {
+            const bool gap = c.flags[i] == 'n';  // its y must never be added in
+            records.push_back(point(i, gap ? 1e308 : 1.0, c.flags[i] == 'b', gap));
         }
-        for (int i : c.breaks) {
-            graph.main.points[i].isBreak = 1;
-        }
-        for (int i : c.indefinite) {
-            graph.main.points[i].isIndefinite = 1;
-            graph.main.points[i].y = 1e308;  // never to be added in
-        }
+        setCurve(graph.main, records);
         Formula formula;
         ASSERT_TRUE(buildIntegralCurve(graph, formula, {}));
         for (std::size_t i = 0; i < c.expected.size(); ++i) {
             const PlotPoint& r = graph.integral.points[i];
             EXPECT_EQ(r.isBreak, graph.main.points[i].isBreak) << i;
-            if (std::isnan(c.expected[i])) {
-                EXPECT_TRUE(r.isIndefinite) << i;
-            } else {
-                EXPECT_FALSE(r.isIndefinite) << i;
+            EXPECT_EQ(bool(r.isIndefinite), std::isnan(c.expected[i])) << i;
+            if (!r.isIndefinite) {
                 EXPECT_EQ(double{r.y}, c.expected[i]) << i;
             }
         }

@@ -3,7 +3,6 @@
 
 #include <atomic>
 #include <cmath>
-#include <vector>
 
 #include "engine/NumberEntry.h"
 #include "mathtools/Integral.h"
@@ -45,27 +44,18 @@ TEST(Integral, MatchesClosedFormsQuickAndPrecise) {
         SampledGraph g(c.formula, c.xBegin, c.xEnd);
         IntegralState state = interval(c.from, c.to);
         ASSERT_TRUE(canIntegrate(g.graph.main, g.formula, state));
-        integrateQuick(g.graph.main, g.formula, state);
+        // That close, the quick value's estimate must call it precise enough.
+        EXPECT_TRUE(integrateQuick(g.graph.main, g.formula, state));
         const double tolerance = 1e-7 * (c.to - c.from) + 1e-12;
         EXPECT_NEAR(state.value, c.exact, tolerance);
         ASSERT_TRUE(integratePrecise(g.graph.main, g.formula, state, {}));
         EXPECT_NEAR(state.value, c.exact, tolerance);
     }
-}
-
-TEST(Integral, QuickEstimateAcceptsALineAndRefusesASteepExponential) {
-    const struct {
-        const char* formula;
-        double to;
-        bool preciseEnough;
-    } cases[] = {{"3*x-2", 20, true}, {"e^x", 20, false}, {"sin(x)", 3, true}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.formula);
-        SampledGraph g(c.formula, 0, c.to);
-        IntegralState state = interval(0, c.to);
-        ASSERT_TRUE(canIntegrate(g.graph.main, g.formula, state));
-        EXPECT_EQ(integrateQuick(g.graph.main, g.formula, state), c.preciseEnough);
-    }
+    // e^x over [0, 20] bends too much for the samples' step.
+    SampledGraph steep("e^x", 0, 20);
+    IntegralState state = interval(0, 20);
+    ASSERT_TRUE(canIntegrate(steep.graph.main, steep.formula, state));
+    EXPECT_FALSE(integrateQuick(steep.graph.main, steep.formula, state));
 }
 
 TEST(Integral, IntervalStartingOnASampleHasAnEmptyFirstStrip) {
@@ -134,6 +124,7 @@ TEST(Integral, DialogChecksGiveTheirMessagesInOrder) {
         EXPECT_EQ(acceptIntegralInterval(g.formula, g.graph, from, to, state).value_or(""),
                   c.message);
     }
+    // The texts letter for letter; everywhere else they are named by their constants.
     EXPECT_EQ(std::string(math_messages::kCannotIntegrate),
               "INTEGRAL CANNOT BE CALCULATED, \nSINCE THIS INTERVAL CONTAINS\nINDEFINITE AND/OR "
               "INFINITE NUMBERS");
@@ -141,40 +132,23 @@ TEST(Integral, DialogChecksGiveTheirMessagesInOrder) {
               "Integral Is   265.335615072411. \n  Do You Want To Calculate It More Precisely?");
 }
 
-TEST(Integral, StopDuringThePreciseRunLeavesNoAreaAndZero) {
+// The dialog's test sees the area and the zero after a stop; here, that the stop comes at once.
+TEST(Integral, StopEndsThePreciseRunAtOnceWithZero) {
     SampledGraph g("sin(x)/x*80", 0.5, 10, 100000);
     IntegralState state = interval(0.5, 10);
     ASSERT_TRUE(canIntegrate(g.graph.main, g.formula, state));
-    GraphView view;
-    integrateQuick(g.graph.main, g.formula, state);
-    showIntegralArea(g.graph, view, state);
-
     std::atomic<bool> stop{false};
-    std::vector<int> percents;
+    int last = -1;
     SamplingControl control;
     control.stopRequested = &stop;
     control.progress = [&](int percent) {
-        percents.push_back(percent);
+        last = percent;
         stop = percent >= 40;
     };
     EXPECT_FALSE(integratePrecise(g.graph.main, g.formula, state, control));
     EXPECT_EQ(state.value, 0.0);
     EXPECT_EQ(state.resultText, "");
-    EXPECT_EQ(percents.back(), 40);
-    finishPreciseIntegral(g.graph, view, state, false);
-    EXPECT_FALSE(view.areaPainted);
-    EXPECT_LT(g.graph.areaLast, g.graph.areaFirst);
-
-    stop = false;
-    percents.clear();
-    control.progress = [&](int percent) { percents.push_back(percent); };
-    ASSERT_TRUE(integratePrecise(g.graph.main, g.formula, state, control));
-    EXPECT_EQ(percents.back(), 100);
-    finishPreciseIntegral(g.graph, view, state, true);
-    EXPECT_TRUE(view.areaPainted);
-    EXPECT_EQ(g.graph.areaFirst, state.firstIndex);
-    EXPECT_EQ(g.graph.areaLast, state.lastIndex);
-    EXPECT_EQ(g.graph.areaText.rfind("S(0.5, 10) = ", 0), 0u) << g.graph.areaText;
+    EXPECT_EQ(last, 40);
 }
 
 TEST(RefinementPool, SpareFirstThenFirstFreeThenNone) {
@@ -190,12 +164,6 @@ TEST(RefinementPool, SpareFirstThenFirstFreeThenNone) {
     EXPECT_EQ(pool.take(), 7);  // then the first free
     EXPECT_EQ(pool.take(), -1);
 }
-
-}  // namespace
-}  // namespace curvemill
-
-namespace curvemill {
-namespace {
 
 // Infinite samples, or a sum beyond the largest double, refuse the integral; a function that
 // never settles to the chord tolerance still ends, with the best value and the bound told.

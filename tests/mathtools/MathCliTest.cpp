@@ -1,7 +1,5 @@
 // The integral, value, extremes and roots commands of curvemill-cli: exact output, exit status.
-// Numbers pinned here were checked against closed forms: 8 for 3x-2 over [1, 3]; e^20-1 plus the
-// trapezoid error h^2/12 (e^20-1) at h = 0.002 for the quick sum of e^x; 6 for the slope of x^2
-// at 3; 0.0200001, the forward difference, for the slope of 0.01x^2 at 1.
+// The numbers are the core's (its tests hold them to closed forms); here they show the formats.
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -9,6 +7,7 @@
 #include <vector>
 
 #include "CliRun.h"
+#include "mathtools/MathMessages.h"
 
 namespace {
 
@@ -32,6 +31,7 @@ void PrintTo(const Row& c, std::ostream* os) {
 
 const std::string kLine = "3*x-2 --x-begin 0 --x-end 4 --points 10000 --from 1 --to 3";
 const std::string kExp = "e^x --x-begin 0 --x-end 20 --points 10000 --from 0 --to 20";
+const std::string kRefused = std::string(curvemill::math_messages::kCannotIntegrate) + "\n";
 const std::string kRange = " --x-begin -5 --x-end 5 --y-begin -5 --y-end 5";
 
 INSTANTIATE_TEST_SUITE_P(
@@ -40,14 +40,9 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"integral " + kLine, "S(1, 3) =  7.999999999999999\nprecise-enough yes\n", 0},
         Row{"integral --precise " + kLine, "S(1, 3) =  7.999999999999999\n", 0},
         Row{"integral " + kExp, "S(0, 20) = 485165356.131509542465210\nprecise-enough no\n", 0},
-        Row{"integral Sqr(x) --x-begin -1 --x-end 1 --from -1 --to 1",
-            "INTEGRAL CANNOT BE CALCULATED, \nSINCE THIS INTERVAL CONTAINS\nINDEFINITE "
-            "AND/OR INFINITE NUMBERS\n",
-            1},
-        Row{"integral 10^400 --x-begin -5 --x-end 5 --from -5 --to 5",
-            "INTEGRAL CANNOT BE CALCULATED, \nSINCE THIS INTERVAL CONTAINS\nINDEFINITE "
-            "AND/OR INFINITE NUMBERS\n",
-            1},
+        // Refused by the interval's check, then by the sum's.
+        Row{"integral Sqr(x) --x-begin -1 --x-end 1 --from -1 --to 1", kRefused, 1},
+        Row{"integral 10^308 --x-begin -5 --x-end 5 --from -5 --to 5", kRefused, 1},
         Row{"integral --precise sin(1/x) --x-begin -5 --x-end 5 --points 10000 --from -5 --to 5",
             "S(-5, 5) = -0.006542144823964\nTHE INTEGRAL DID NOT SETTLE WITHIN 20000000 "
             "EVALUATIONS: THE VALUE SHOWN IS THE BEST FOUND\n",
@@ -58,8 +53,6 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(Value, MathCliTest,
                          ::testing::Values(Row{"value x^2 --x-begin -10 --x-end 10 --at 3",
                                                "y 9\nslope 6.0000001461379355\n", 0},
-                                           Row{"value 0.01*x^2 --x-begin -10 --x-end 10 --at 1",
-                                               "y 0.01\nslope 0.020000100000097665\n", 0},
                                            Row{"value Sqr(x) --x-begin -10 --x-end 10 --at -1",
                                                "y INDEFINITE\nslope INDEFINITE\n", 0},
                                            Row{"value x --x-begin -10 --x-end 10 --at 11",
@@ -84,11 +77,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Row{"roots x*x-y --y 4" + kRange, "-2.000000000000000\n2.000000000000000\n", 0},
         Row{"roots x*x-y --x 2" + kRange, "4.000000000000000\n", 0},
-        // The grid test and the bisection after it both catch each root.
-        Row{"roots x*x-y --y 0.01" + kRange,
-            "-0.100000000000000\n-0.100039062500000\n"
-            "0.100000000000001\n0.099960937500001\n",
-            0},
+        // The default grid finds the roots +-0.1 (see RootScan); five steps miss them.
         Row{"roots x*x-y --y 0.01 --steps 5" + kRange, "", 0},
         Row{"roots x*x-y --y 9" + kRange, "Y IS OUTSIDE THE CURRENTLY SELECTED RANGE:\n-5 TO 5\n",
             1},

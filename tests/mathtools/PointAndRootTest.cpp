@@ -81,15 +81,15 @@ TEST(RootScan, FindsEveryRootOfTheRangeInTheOrderFound) {
         EXPECT_TRUE(r.completed);
         EXPECT_LE(r.solutions.size(), c.most);
         EXPECT_GE(r.solutions.size(), c.near.size());
+        const auto near = [&c](const std::vector<double>& in, double v) {
+            return std::any_of(in.begin(), in.end(),
+                               [&](double n) { return std::fabs(v - n) < c.within; });
+        };
         for (double s : r.solutions) {
-            const bool close = std::any_of(c.near.begin(), c.near.end(),
-                                           [&](double n) { return std::fabs(s - n) < c.within; });
-            EXPECT_TRUE(close) << s;
+            EXPECT_TRUE(near(c.near, s)) << s;
         }
         for (double n : c.near) {
-            EXPECT_TRUE(std::any_of(r.solutions.begin(), r.solutions.end(), [&](double s) {
-                return std::fabs(s - n) < c.within;
-            })) << n;
+            EXPECT_TRUE(near(r.solutions, n)) << n;
         }
     }
 }

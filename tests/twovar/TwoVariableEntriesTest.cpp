@@ -12,38 +12,22 @@ namespace {
 // wire it.
 TEST(TwoVariableEntries, TheFirstFailureInTheWindowsOrder) {
     const std::string ok = "x^2+y^2-1";
+    using B = TwoVariableBox;
+    // A number box's own message is NumberEntry's; here, that it names its box.
     const struct {
         TwoVariableTexts texts;
-        const char* message;  // nullptr: accepted; a formula message is matched by its start
-        TwoVariableBox box;
+        const char* message;  // nullptr: accepted; matched by its start
+        B box;
         bool explained;
     } cases[] = {
-        {{"x", "(", "1", "0", ok},
-         "ERROR IN X_BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT",
-         TwoVariableBox::kXBegin,
-         true},
-        {{"1", "x", "1", "0", ok},
-         "ERROR IN X_END EDIT BOX:\nNUMBER IS NOT A CONSTANT",
-         TwoVariableBox::kXEnd,
-         true},
-        {{"pi", "pi", "y", "0", ok}, "X BEG MUST BE LESS THAN X END", TwoVariableBox::kXEnd, false},
-        {{"-pi", "2*pi", "x", "0", ok},
-         "ERROR IN Y BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT",
-         TwoVariableBox::kYBegin,
-         true},
-        {{"-1", "1", "1", "x", ok},
-         "ERROR IN Y END EDIT BOX:\nNUMBER IS NOT A CONSTANT",
-         TwoVariableBox::kYEnd,
-         true},
-        {{"-1", "1", "2", "1", "z+"},
-         "Y BEG MUST BE LESS THAN Y END",
-         TwoVariableBox::kYEnd,
-         false},
-        {{"-1", "1", "-1", "1", "x+*y"},
-         "ERROR IN FORMULA EDIT BOX:\n",
-         TwoVariableBox::kFormula,
-         true},
-        {{"-1", "pi", "-2", "1/2", ok}, nullptr, TwoVariableBox::kXBegin, true},
+        {{"x", "(", "1", "0", ok}, "ERROR IN X_BEG EDIT BOX:\n", B::kXBegin, true},
+        {{"1", "x", "1", "0", ok}, "ERROR IN X_END EDIT BOX:\n", B::kXEnd, true},
+        {{"pi", "pi", "y", "0", ok}, "X BEG MUST BE LESS THAN X END", B::kXEnd, false},
+        {{"-pi", "2*pi", "x", "0", ok}, "ERROR IN Y BEG EDIT BOX:\n", B::kYBegin, true},
+        {{"-1", "1", "1", "x", ok}, "ERROR IN Y END EDIT BOX:\n", B::kYEnd, true},
+        {{"-1", "1", "2", "1", "z+"}, "Y BEG MUST BE LESS THAN Y END", B::kYEnd, false},
+        {{"-1", "1", "-1", "1", "x+*y"}, "ERROR IN FORMULA EDIT BOX:\n", B::kFormula, true},
+        {{"-1", "pi", "-2", "1/2", ok}, nullptr, B::kXBegin, true},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.texts.xBegin + " | " + c.texts.xEnd + " | " + c.texts.yBegin + " | " +

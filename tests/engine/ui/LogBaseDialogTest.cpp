@@ -1,4 +1,5 @@
 #include <cmath>
+#include <string>
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -39,47 +40,38 @@ class LogBaseDialogTest : public QObject {
 
     // From base 7: "ten" picks base 10, anything else is typed as another base; Escape cancels.
     // Which texts are refused, and with what, is the LogBase table's; one row shows the box.
-    void choosingTheBase_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<QString>("message");
-        QTest::addColumn<double>("base");
-        QTest::newRow("valid") << u"2"_s << int(Qt::Key_Return) << u""_s << 2.0;
-        QTest::newRow("base ten") << u"ten"_s << int(Qt::Key_Return) << u""_s << 10.0;
-        QTest::newRow("cancelled") << u"3"_s << int(Qt::Key_Escape) << u""_s << 7.0;
-        QTest::newRow("letters") << u"two"_s << int(Qt::Key_Return) << u"ENTER A VALID NUMBER"_s
-                                 << 7.0;
-    }
     void choosingTheBase() {
-        QFETCH(QString, typed);
-        QFETCH(int, key);
-        QFETCH(QString, message);
-        QFETCH(double, base);
-        Formula formula;
-        formula.logBase = 7.0;
-        formula.logFactor = 1.0 / std::log10(7.0);
-        LogBaseDialog dialog(formula);
-        dialog.show();
-        if (typed == u"ten"_s) {
-            QTest::mouseClick(control(dialog, kLogBaseTenRadio), Qt::LeftButton);
-        } else {
-            retype(dialog, kLogBaseEdit, typed);
-        }
-        ModalAnswer answer;
-        QTest::keyClick(&dialog, Qt::Key(key));
-        if (message.isEmpty()) {
-            QVERIFY(!answer.seen);
-            QVERIFY(!dialog.isVisible());
-        } else {
-            QTRY_VERIFY(answer.seen);
-            QCOMPARE(answer.text, message);
-            QCOMPARE(answer.icon, QMessageBox::Critical);
-            QVERIFY(dialog.isVisible());
-            QCOMPARE(dialog.focusWidget(), control(dialog, kLogBaseEdit));
-        }
-        QCOMPARE(formula.logBase, base);
-        if (message.isEmpty() && base > 0.0) {
-            QVERIFY(qAbs(formula.logFactor - 1.0 / std::log10(base)) < 1e-12);
+        const struct {
+            const char* typed;
+            Qt::Key key;
+            const char* message;
+            double base;
+        } rows[] = {{"2", Qt::Key_Return, "", 2.0},
+                    {"ten", Qt::Key_Return, "", 10.0},
+                    {"3", Qt::Key_Escape, "", 7.0},
+                    {"two", Qt::Key_Return, "ENTER A VALID NUMBER", 7.0}};
+        for (const auto& row : rows) {
+            Formula formula;
+            formula.logBase = 7.0;
+            formula.logFactor = 1.0 / std::log10(7.0);
+            LogBaseDialog dialog(formula);
+            dialog.show();
+            if (row.typed == std::string("ten")) {
+                QTest::mouseClick(control(dialog, kLogBaseTenRadio), Qt::LeftButton);
+            } else {
+                retype(dialog, kLogBaseEdit, QString::fromLatin1(row.typed));
+            }
+            ModalAnswer answer;
+            QTest::keyClick(&dialog, row.key);
+            QTRY_COMPARE(answer.text, QString::fromLatin1(row.message));
+            QCOMPARE(dialog.isVisible(), *row.message != '\0');
+            QCOMPARE(formula.logBase, row.base);
+            if (*row.message != '\0') {
+                QCOMPARE(answer.icon, QMessageBox::Critical);
+                QCOMPARE(dialog.focusWidget(), control(dialog, kLogBaseEdit));
+            } else if (row.key == Qt::Key_Return) {
+                QVERIFY(qAbs(formula.logFactor - 1.0 / std::log10(row.base)) < 1e-12);
+            }
         }
     }
 };

@@ -15,7 +15,20 @@ using namespace curvemill::testing;
 
 namespace {
 const char kStarter[] = "Starter Procedure";
+
+// A job that runs until it is asked to stop, then says so in `ended`.
+Job untilStopped(std::atomic<bool>* ended = nullptr) {
+    return [ended](const JobContext& context) {
+        while (!context.stopRequested()) {
+            std::this_thread::yield();
+        }
+        if (ended != nullptr) {
+            *ended = true;
+        }
+        return false;
+    };
 }
+}  // namespace
 
 class WorkerTest : public QObject {
     Q_OBJECT
@@ -57,12 +70,7 @@ class WorkerTest : public QObject {
     void aSecondRequestIsRefusedAndStopEndsTheFirst() {
         Worker worker(reporter);
         QSignalSpy finished(&worker, &Worker::finished);
-        QVERIFY(worker.start(kStarter, keepComputing, [](const JobContext& context) {
-            while (!context.stopRequested()) {
-                std::this_thread::yield();
-            }
-            return false;
-        }));
+        QVERIFY(worker.start(kStarter, keepComputing, untilStopped()));
         bool secondRan = false;
         QVERIFY(!worker.start(kStarter, keepComputing, [&](const JobContext&) {
             secondRan = true;
@@ -94,13 +102,7 @@ class WorkerTest : public QObject {
         std::atomic<bool> ended{false};
         {
             Worker worker(reporter);
-            QVERIFY(worker.start(kStarter, keepComputing, [&](const JobContext& context) {
-                while (!context.stopRequested()) {
-                    std::this_thread::yield();
-                }
-                ended = true;
-                return false;
-            }));
+            QVERIFY(worker.start(kStarter, keepComputing, untilStopped(&ended)));
         }
         QVERIFY(ended.load());
         QVERIFY(keepComputing.load());
@@ -116,13 +118,7 @@ class WorkerTest : public QObject {
         {
             WindowJob other(worker, &window, {}, [&](bool) { ++ends; });
             WindowJob job(worker, &window, {}, [&](bool) { ++ends; });
-            QVERIFY(job.start(kStarter, keepComputing, [&](const JobContext& context) {
-                while (!context.stopRequested()) {
-                    std::this_thread::yield();
-                }
-                jobReturned = true;
-                return false;
-            }));
+            QVERIFY(job.start(kStarter, keepComputing, untilStopped(&jobReturned)));
             QVERIFY(job.running() && !other.running());
             QVERIFY(!other.start(kStarter, keepComputing, [](const JobContext&) { return true; }));
         }

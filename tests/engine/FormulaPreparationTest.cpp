@@ -1,8 +1,8 @@
-// Precedence bracketing, number encoding and the room the slot needs for the longest formulas.
+// Preparing a typed formula: the syntax check with every message and the deliberate quirks,
+// precedence bracketing, number encoding and the room the slot needs for the longest formulas.
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <numeric>
 #include <string>
 #include <utility>
 #include <vector>
@@ -15,6 +15,78 @@
 
 namespace curvemill {
 namespace {
+
+// Texts that give one message (nullptr: accepted) in one mode.
+struct CheckGroup {
+    char mode;
+    bool lenient;
+    const char* message;
+    std::vector<const char*> texts;
+};
+
+TEST(FormulaCheck, GivesEachMessage) {
+    const CheckGroup groups[] = {
+        {'f',
+         false,
+         nullptr,
+         {"sin(x)/x*80", "2*x", "x^(-2)", "-x", "5!", "x!!", "x!*2", "0.5", "2.", "Sqr(x)"}},
+        {'f', false, kMsgBoxIsEmpty, {""}},
+        {'f',
+         false,
+         kMsgInvalidEntry,
+         {"sinx", "2x", "x2", "xpi", "1.2.3", ".5", "2.+1", "SIN(x)", "sqr(x)", "lg(x)", "p",
+          "abs(x)", "2sin(x)", "y", "x,1"}},
+        {'f', false, kMsgWrongBeforeBracket, {"()", "(x+)"}},
+        {'f', false, kMsgWrongAfterBracket, {"(x)2", "(*x)"}},
+        {'f', false, kMsgBracketsDoNotMatch, {"(x+1", "x+1)", ")(x"}},
+        {'f', false, kMsgTwoOperators, {"x^-2", "*x", "x+", "x*!2"}},
+        {'f', true, nullptr, {"()", "(x+1", "x+1)"}},
+        {'f', true, kMsgWrongBeforeBracket, {")+x", ")"}},
+        {'n', false, nullptr, {"pi/2", "sin(1)", "atan(1)"}},
+        {'n', false, kMsgNotAConstant, {"x"}},
+        {'n', false, kMsgMayNotBeValidConstant, {"2^3", "log(5)", "Sqr(2)", "asin(1)"}},
+        {'e', false, nullptr, {"x*y"}},
+        {'e', false, kMsgInvalidEntry, {"xy"}},
+    };
+    for (const CheckGroup& g : groups) {
+        for (const char* typed : g.texts) {
+            SCOPED_TRACE(testing::Message() << typed << " mode " << g.mode << " " << g.lenient);
+            Formula formula;
+            std::string text = typed;
+            EXPECT_EQ(checkFormula(formula, text, g.mode, g.lenient), g.message == nullptr)
+                << formula.errorText;
+            if (g.message != nullptr) {
+                EXPECT_EQ(formula.errorText, g.message);
+            }
+        }
+    }
+}
+
+TEST(FormulaCheck, FailureLeavesSlotsAndASilentFailureTheOldMessage) {
+    Formula formula;
+    std::string good = "x+1";
+    ASSERT_TRUE(checkFormula(formula, good, kModeFunction, false));
+    formula.errorText = "PREVIOUS";
+    std::string bang = "!x";  // a leading factorial fails without a message of its own
+    EXPECT_FALSE(checkFormula(formula, bang, kModeFunction, false));
+    EXPECT_EQ(formula.errorText, "PREVIOUS");
+    std::string bad = "x+1+";
+    EXPECT_FALSE(checkFormula(formula, bad, kModeFunction, false));
+    EXPECT_STREQ(formula.slots[kFunctionSlot].text.data(), "x+1");
+}
+
+TEST(FormulaCheck, RemoveBlanksAndOverlongTexts) {
+    std::string text = " sin( x ) ";
+    removeBlanks(text);
+    EXPECT_EQ(text, "sin(x)");
+
+    Formula formula;
+    std::string longest = "x" + std::string(168, '!');
+    std::string overlong = longest + "!";
+    EXPECT_TRUE(checkFormula(formula, longest, kModeFunction, false));
+    EXPECT_FALSE(checkFormula(formula, overlong, kModeFunction, false));
+    EXPECT_EQ(formula.errorText, kMsgInvalidEntry);
+}
 
 TEST(Bracketing, GivesEveryTighterOperatorItsOwnPair) {
     const std::pair<const char*, const char*> cases[] = {{"x", "(x)"},
@@ -47,33 +119,35 @@ TEST(Bracketing, GivesEveryTighterOperatorItsOwnPair) {
     }
 }
 
+// Each 'k' of the text has its value at its position; no other entry keeps an old value.
 TEST(Encoding, ReplacesConstantsAndNumbersByTheirValues) {
-    struct Case {
+    const struct {
         const char* typed;
         const char* encoded;
-        std::vector<std::pair<int, double>> constants;
+        std::vector<double> constants;
+    } cases[] = {
+        {"5", "(k)", {5.0}},
+        {"2.5*pi", "(k*k)", {2.5, kPi}},
+        {"e^x", "(k^x)", {2.718281828459045}},
+        {"12.75+x*100", "(k+(x*k))", {12.75, 100.0}},
+        {"x-2.", "(x-k)", {2.0}},
     };
-    const Case cases[] = {
-        {"5", "(k)", {{1, 5.0}}},
-        {"2.5*pi", "(k*k)", {{1, 2.5}, {3, kPi}}},
-        {"e^x", "(k^x)", {{1, 2.718281828459045}}},
-        {"12.75+x*100", "(k+(x*k))", {{1, 12.75}, {6, 100.0}}},
-        {"x-2.", "(x-k)", {{3, 2.0}}},
-    };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.typed);
         Formula formula;
         formula.slots[kFunctionSlot].constants.fill(7.0);
         ASSERT_TRUE(prepareFormula(formula, c.typed, kModeFunction));
         const ExpressionSlot& slot = formula.slots[kFunctionSlot];
         EXPECT_STREQ(slot.text.data(), c.encoded);
-        double sum = 0;
-        for (const auto& [position, value] : c.constants) {
-            EXPECT_EQ(slot.constants[static_cast<std::size_t>(position)], value) << position;
-            sum += value;
+        std::vector<double> found;
+        for (std::size_t i = 0; i < slot.constants.size(); ++i) {
+            if (slot.text[i] == 'k') {
+                found.push_back(slot.constants[i]);
+            } else {
+                EXPECT_EQ(slot.constants[i], 0.0) << "stale constant at " << i;
+            }
         }
-        const double all = std::accumulate(slot.constants.begin(), slot.constants.end(), 0.0);
-        EXPECT_EQ(all, sum) << "stale constants left in the table";
+        EXPECT_EQ(found, c.constants);
     }
 }
 
