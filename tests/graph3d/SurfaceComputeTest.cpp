@@ -32,8 +32,6 @@ TEST(SurfaceCompute, VerticesFollowAccumulatedStepsAndTheFormulaExactly) {
         x += 0.02;
     }
     EXPECT_TRUE(differsFromMultiplication);
-    EXPECT_EQ(grid.xc, 0);
-    EXPECT_EQ(grid.zc, (grid.zLow + grid.zHigh) / 2);
 }
 
 // A crest (or trough) at y = 0.013 between grid lines 0 and 0.02 moves the vertex at 0.02 to the
@@ -46,8 +44,6 @@ TEST(SurfaceCompute, RidgeAndValleyVerticesMoveToTheBestOfTenSamples) {
         const SurfaceGrid& grid = scene.grid;
         for (int i : {0, 37, 100}) {
             const SurfaceVertex& moved = grid.vertex(i, 51);
-            const SurfaceVertex& before = grid.vertex(i, 50);
-            EXPECT_NEAR(moved.y, before.y + 3 * (grid.vertex(i, 52).y - before.y) / 10, 1e-15);
             EXPECT_NEAR(moved.y, 0.012, 1e-12);
             EXPECT_NEAR(std::fabs(moved.z), 0.001, 1e-9);
             EXPECT_EQ(moved.x, grid.vertex(i, 50).x);

@@ -1,38 +1,13 @@
 // Cell drawing: holes and triangles, skipped lines, pixel squares and the clip, the passes and
 // their far-to-near order.
 #include <cmath>
-#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "SurfaceFixture.h"
-#include "graph3d/SurfaceDrawing.h"
 
 namespace curvemill {
 namespace {
-
-struct Recorded {
-    char kind;  // 'P' polygon, 'L' line, '.' pixel, 'S' square
-    std::vector<ScreenPoint> points;
-    std::uint32_t colour;
-};
-
-class RecordingSink : public SurfaceSink {
-  public:
-    std::vector<Recorded> items;
-    void polygon(const ScreenPoint* c, int n, std::uint32_t colour) override {
-        items.push_back({'P', std::vector<ScreenPoint>(c, c + n), colour});
-    }
-    void line(ScreenPoint a, ScreenPoint b, std::uint32_t colour) override {
-        items.push_back({'L', {a, b}, colour});
-    }
-    void pixel(ScreenPoint p, std::uint32_t colour) override {
-        items.push_back({'.', {p}, colour});
-    }
-    void square(int l, int t, int r, int b, std::uint32_t colour) override {
-        items.push_back({'S', {{l, t}, {r, b}}, colour});
-    }
-};
 
 // A flat 4 x 4 grid whose vertex (i, j) sits at pixel (10 i, 10 j).
 struct LaidOut {
@@ -108,31 +83,31 @@ TEST(SurfaceDrawing, PixelsAreDotsOrSquaresInsideTheClip) {
     EXPECT_EQ(sink.items.size(), 2u);
 }
 
-// Cells drawn by each pass over a 10 x 10 grid: which lines, in which order.
+// Each pass over a 10 x 10 grid: how many lines, which come first and last. The first corner of
+// each cell drawn is its own vertex (i, j); rows are lines of one j, columns of one i.
+const struct {
+    int lines;
+    int firstLine;
+    int lastLine;
+} kPasses[] = {{9, 9, 1}, {9, 1, 9}, {8, 9, 2}, {9, 1, 9}};
+
 TEST(SurfaceDrawing, PassesWalkTheirLinesWithTheirAsymmetry) {
     SurfaceScene scene;
     ASSERT_EQ(computeFor(scene, "x*y", -1, 1, -1, 1, nullptr, 10), SurfaceOutcome::Done);
-    const struct {
-        int pass;
-        int lines;
-        int firstLine;
-        int lastLine;
-    } cases[] = {{1, 9, 9, 1}, {2, 9, 1, 9}, {3, 8, 9, 2}, {4, 9, 1, 9}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.pass);
+    for (int pass = 1; pass <= 4; ++pass) {
+        SCOPED_TRACE(pass);
         DrawingPlan plan = prepareDrawing(scene, 400, 300);
-        plan.pass = c.pass;
-        EXPECT_EQ(lineCount(scene, c.pass), c.lines);
+        plan.pass = pass;
+        const auto& c = kPasses[pass - 1];
+        EXPECT_EQ(lineCount(scene, pass), c.lines);
         RecordingSink sink;
-        drawLines(scene, plan, 0, lineCount(scene, c.pass), sink);
+        drawLines(scene, plan, 0, lineCount(scene, pass), sink);
         ASSERT_EQ(sink.items.size(), std::size_t(c.lines * 9));
-        // The first corner of each cell is its own vertex (i, j).
-        const bool rows = c.pass <= 2;
-        const auto lineOf = [&](const Recorded& r) {
+        const auto lineOf = [&](const RecordingSink::Item& r) {
             for (int i = 0; i <= 10; ++i) {
                 for (int j = 0; j <= 10; ++j) {
                     if (plan.points.at(i, j) == r.points[0]) {
-                        return rows ? j : i;
+                        return pass <= 2 ? j : i;
                     }
                 }
             }
@@ -148,21 +123,22 @@ TEST(SurfaceDrawing, PassesWalkTheirLinesWithTheirAsymmetry) {
 TEST(SurfaceDrawing, FarLinesComeFirstForEveryRotation) {
     SurfaceScene scene;
     ASSERT_EQ(computeFor(scene, "x*y", -1, 1, -2, 2, nullptr, 10), SurfaceOutcome::Done);
+    const SurfaceGrid& g = scene.grid;
     for (const char mode : {'a', 'Q', 'X', 'Y'}) {
         for (int angle = 0; angle < 360; angle += 30) {
             SCOPED_TRACE(testing::Message() << mode << ' ' << angle);
             scene.view.mode = mode;
             setAxisAngle(scene.view, angle);
-            const int pass = choosePass(scene.view, scene.grid);
-            const Vec3 eye = eyeInGridSpace(scene.view, scene.grid);
-            const SurfaceGrid& g = scene.grid;
+            const int pass = choosePass(scene.view, g);
+            const Vec3 eye = eyeInGridSpace(scene.view, g);
             const bool rows = pass <= 2;
-            const double first =
-                rows ? g.vertex(0, pass == 1 ? 9 : 1).y : g.vertex(pass == 3 ? 9 : 1, 0).x;
-            const double last =
-                rows ? g.vertex(0, pass == 1 ? 1 : 9).y : g.vertex(pass == 3 ? 2 : 9, 0).x;
+            const auto at = [&](int line) {
+                return rows ? g.vertex(0, line).y : g.vertex(line, 0).x;
+            };
             const double e = rows ? eye.y : eye.x;
-            EXPECT_GT(std::fabs(e - first), std::fabs(e - last)) << "pass " << pass;
+            EXPECT_GT(std::fabs(e - at(kPasses[pass - 1].firstLine)),
+                      std::fabs(e - at(kPasses[pass - 1].lastLine)))
+                << "pass " << pass;
             const double across = rows ? eye.x - g.xc : eye.y - g.yc;
             const double along = rows ? eye.y - g.yc : eye.x - g.xc;
             if (across < 0 && std::fabs(along) > 1e-9) {

@@ -45,8 +45,9 @@ class GridBoxLayout : public ::testing::Test {
 };
 
 // Seen from beyond (X_END, Y_END) and above, the faces at X_BEG, Y_BEG and the bottom are the
-// back faces; turned half round about z, the faces at X_END and Y_END are.
-TEST_F(GridBoxLayout, GridLinesLieOnTheBackFaces) {
+// back faces; turned half round about z, the faces at X_END and Y_END are. Either way the labels
+// name every axis and keep the values of the shared corner.
+TEST_F(GridBoxLayout, GridLinesLieOnTheBackFacesAndTheAxesAreNamed) {
     const SurfaceGrid& g = scene.grid;
     const auto onFace = [](const BoxLine& l, char axis, double v) {
         const auto c = [axis](Vec3 p) { return axis == 'x' ? p.x : axis == 'y' ? p.y : p.z; };
@@ -72,12 +73,17 @@ TEST_F(GridBoxLayout, GridLinesLieOnTheBackFaces) {
             EXPECT_TRUE(onFace(line, 'x', backX) || onFace(line, 'y', backY) ||
                         onFace(line, 'z', g.zLow));
         }
-        // Seen from above, the values lie on the floor.
+        // Seen from above, the values lie on the floor. Each axis is named once, and the corner
+        // the x and y rows share carries both values.
+        std::string names;
+        int yValues = 0;
         for (const BoxLabel& label : box.labels) {
-            if (label.axis != 'z') {
-                EXPECT_EQ(label.anchor.z, g.zLow) << label.text;
-            }
+            EXPECT_TRUE(label.axis == 'z' || label.anchor.z == g.zLow) << label.text;
+            names += label.axisName ? label.text : "";
+            yValues += label.axis == 'y' && !label.axisName;
         }
+        EXPECT_EQ(names, "xyz");
+        EXPECT_EQ(yValues, 5);
         EXPECT_EQ(edges, 12);
         // x: 5 values on two faces, y: 5 on two, z: 5 on two.
         EXPECT_EQ(gridLines, 30);
@@ -116,19 +122,6 @@ TEST_F(GridBoxLayout, CornersAndLabelsProjectLikeTheSurface) {
     }
     EXPECT_EQ(xLabels, 5);
     EXPECT_EQ(box.labels.front().text, "-1.0");
-}
-
-// Each axis is named once, and the corner the x and y rows share carries both values.
-TEST_F(GridBoxLayout, AxesAreNamedAndTheSharedCornerKeepsBothValues) {
-    const GridBox box = layoutGridBox(scene.view, scene.grid);
-    std::string names;
-    int yValues = 0;
-    for (const BoxLabel& label : box.labels) {
-        names += label.axisName ? label.text : "";
-        yValues += label.axis == 'y' && !label.axisName;
-    }
-    EXPECT_EQ(names, "xyz");
-    EXPECT_EQ(yValues, 5);
 }
 
 }  // namespace

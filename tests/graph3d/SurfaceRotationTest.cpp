@@ -1,26 +1,14 @@
 // Turning the figure: the angle conventions of both rotation routes, drags and the animation.
 #include <cmath>
+#include <vector>
 
 #include <gtest/gtest.h>
 
+#include "SurfaceFixture.h"
 #include "graph3d/SurfaceRotation.h"
 
 namespace curvemill {
 namespace {
-
-SurfaceGrid cubeGrid() {
-    SurfaceGrid grid;
-    grid.xBegin = grid.yBegin = grid.zLow = -1;
-    grid.xEnd = grid.yEnd = grid.zHigh = 1;
-    grid.xc = grid.yc = grid.zc = 0;
-    return grid;
-}
-
-void expectNear(Vec3 a, Vec3 b, double tolerance) {
-    EXPECT_NEAR(a.x, b.x, tolerance);
-    EXPECT_NEAR(a.y, b.y, tolerance);
-    EXPECT_NEAR(a.z, b.z, tolerance);
-}
 
 TEST(SurfaceRotation, QuarterTurnsAreRightHandedByBothRoutes) {
     const SurfaceGrid grid = cubeGrid();
@@ -43,7 +31,7 @@ TEST(SurfaceRotation, QuarterTurnsAreRightHandedByBothRoutes) {
         SurfaceView view;
         applyRotation(view, c.angles);
         EXPECT_EQ(view.mode, c.mode);
-        expectNear(rotatePoint(view, grid, c.from), c.to, 1e-12);
+        EXPECT_LT(distance(rotatePoint(view, grid, c.from), c.to), 1e-12);
     }
 }
 
@@ -95,47 +83,43 @@ TEST(SurfaceRotation, DragOfKnownLengthGivesItsAnglesAndCarriesTheNearSideAlong)
 TEST(SurfaceRotation, AFullTurnOfTheAnimationReturnsTheProjectionToItsStart) {
     const SurfaceGrid grid = cubeGrid();
     const Placement placement{200, 400, 300};
-    const Vec3 corners[] = {{-1, -1, -1}, {1, -1, 1}, {1, 1, -1}, {-1, 1, 1}, {0.3, -0.7, 0.2}};
     const struct {
         RotationAxis axis;
         double speed;
-        double framesPerSecond;
         RotationAngles from;
     } cases[] = {
-        {RotationAxis::kZ, 30, 25, {}},
-        {RotationAxis::kX, -45, 60, {10, 0, 5}},
-        {RotationAxis::kY, 7, 33, {0, 40, 0}},
-        {RotationAxis::kZ, 720, 50, {20, -30, 100}},
+        {RotationAxis::kZ, 30, {}},
+        {RotationAxis::kX, -45, {10, 0, 5}},
+        {RotationAxis::kY, 7, {0, 40, 0}},
+        {RotationAxis::kZ, 720, {20, -30, 100}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.speed);
-        SurfaceView view;
-        setUpView(view, grid);
-        applyRotation(view, c.from);
-        PlanePoint start[std::size(corners)];
-        for (std::size_t k = 0; k < std::size(corners); ++k) {
-            start[k] = projectPoint(view, grid, corners[k], placement);
-        }
         RotationAnimation animation;
         animation.start(c.from, c.axis, c.speed);
-        const double turn = 360.0 / std::abs(c.speed);
-        double largestMove = 0;
-        double t = 0;
-        for (int frame = 0; t < turn; ++frame) {
-            t = std::min(turn, frame / c.framesPerSecond);
-            applyRotation(view, animation.anglesAt(t));
-            for (std::size_t k = 0; k < std::size(corners); ++k) {
-                const PlanePoint p = projectPoint(view, grid, corners[k], placement);
-                largestMove = std::max(largestMove, std::hypot(p.x - start[k].x, p.y - start[k].y));
+        // The corners' projections at a time of the turn, laid end to end.
+        const auto projected = [&](double seconds) {
+            SurfaceView view;
+            setUpView(view, grid);
+            applyRotation(view, animation.anglesAt(seconds));
+            std::vector<double> points;
+            for (const Vec3 corner : {Vec3{-1, -1, -1}, {1, -1, 1}, {1, 1, -1}, {0.3, -0.7, 0.2}}) {
+                const PlanePoint p = projectPoint(view, grid, corner, placement);
+                points.insert(points.end(), {p.x, p.y});
             }
-        }
+            return points;
+        };
+        const double turn = 360.0 / std::abs(c.speed);
+        const std::vector<double> start = projected(0);
+        const std::vector<double> half = projected(turn / 2);
+        const std::vector<double> end = projected(turn);
         // The figure really went round, then came back to the pixel it started from.
-        EXPECT_GT(largestMove, 50);
-        for (std::size_t k = 0; k < std::size(corners); ++k) {
-            const PlanePoint p = projectPoint(view, grid, corners[k], placement);
-            EXPECT_NEAR(p.x, start[k].x, 1e-9);
-            EXPECT_NEAR(p.y, start[k].y, 1e-9);
+        double moved = 0;
+        for (std::size_t k = 0; k < start.size(); ++k) {
+            EXPECT_NEAR(end[k], start[k], 1e-9);
+            moved += std::abs(half[k] - start[k]);
         }
+        EXPECT_GT(moved, 50);
     }
 }
 
