@@ -186,10 +186,7 @@ class ThreeDCustomizationDialogTest : public QObject {
 
     // Each ball is painted by the cells' own colour rule, lit from the upper left.
     void samplesFollowTheColourRule() {
-        SurfaceLight light;
-        light.ownRed = 20;
-        light.ownGreen = 40;
-        light.ownBlue = 200;
+        SurfaceLight light{.ownRed = 20, .ownGreen = 40, .ownBlue = 200};
         for (const char scheme : {'r', 'g', 'b', 'c', 'm', 'y', '1', 'o'}) {
             light.scheme = scheme;
             QSet<QRgb> rule;
