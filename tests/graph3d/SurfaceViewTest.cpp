@@ -16,8 +16,6 @@ TEST(SurfaceView, EyeStandsBeyondTheFarCornerAboveTheFigure) {
     SurfaceView view;
     setUpView(view, grid);
     EXPECT_LT(distance(view.eye, {5.0825, 5.0825, 4.4641}), 1e-4);
-    EXPECT_NEAR(view.u, std::sqrt(0.5), 1e-15);
-    EXPECT_NEAR(view.w, std::sqrt(0.5), 1e-15);
     // The aim point lies on the picture plane.
     EXPECT_NEAR(view.normal.x * view.aimX + view.normal.y * view.aimY + view.planeConstant, 0,
                 1e-12);
@@ -158,9 +156,7 @@ TEST(SurfaceRotation, DragOfKnownLengthGivesItsAnglesAndCarriesTheNearSideAlong)
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << c.dx << "," << c.dy);
         const RotationAngles a = draggedAngles(c.atPress, c.dx, c.dy);
-        EXPECT_NEAR(a.x, c.expected.x, 1e-12);
-        EXPECT_NEAR(a.y, c.expected.y, 1e-12);
-        EXPECT_NEAR(a.z, c.expected.z, 1e-12);
+        EXPECT_LT(distance({a.x, a.y, a.z}, {c.expected.x, c.expected.y, c.expected.z}), 1e-12);
     }
     // The corner nearest the eye moves the way the mouse went.
     const SurfaceGrid grid = cubeGrid();

@@ -75,7 +75,6 @@ class RotationDialogTest : public QObject {
     }
 
     void stepButtonsTurnAboutTheChosenAxisAndResetUndoesAll() {
-        QCOMPARE(find<QDoubleSpinBox>("stepSpin")->value(), kRotationStepDegrees);
         setAxis(find<QComboBox>("stepAxisCombo"), RotationAxis::kX);
         find<QDoubleSpinBox>("stepSpin")->setValue(100);
         find<QPushButton>("stepForwardButton")->click();
