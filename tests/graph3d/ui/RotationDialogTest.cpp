@@ -36,8 +36,9 @@ class RotationDialogTest : public QObject {
     std::unique_ptr<RotationDialog> dialog;
 
     template <typename T>
-    T* find(const QString& name) {  // a missing control fails the test at its first use
-        return dialog->findChild<T*>(name);
+    T* find(const QString& name) {
+        T* w = dialog->findChild<T*>(name);
+        return w != nullptr ? w : (qFatal("no control %s", qPrintable(name)), nullptr);
     }
 
   private Q_SLOTS:
