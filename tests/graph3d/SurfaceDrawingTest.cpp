@@ -1,38 +1,15 @@
 // Cell drawing: holes and triangles, skipped lines, pixel squares and the clip, the passes and
-// their far-to-near order.
+// their far-to-near order; the box around the surface.
+#include <algorithm>
 #include <cmath>
-#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "SurfaceFixture.h"
-#include "graph3d/SurfaceDrawing.h"
+#include "graph3d/SurfaceGridBox.h"
 
 namespace curvemill {
 namespace {
-
-struct Recorded {
-    char kind;  // 'P' polygon, 'L' line, '.' pixel, 'S' square
-    std::vector<ScreenPoint> points;
-    std::uint32_t colour;
-};
-
-class RecordingSink : public SurfaceSink {
-  public:
-    std::vector<Recorded> items;
-    void polygon(const ScreenPoint* c, int n, std::uint32_t colour) override {
-        items.push_back({'P', std::vector<ScreenPoint>(c, c + n), colour});
-    }
-    void line(ScreenPoint a, ScreenPoint b, std::uint32_t colour) override {
-        items.push_back({'L', {a, b}, colour});
-    }
-    void pixel(ScreenPoint p, std::uint32_t colour) override {
-        items.push_back({'.', {p}, colour});
-    }
-    void square(int l, int t, int r, int b, std::uint32_t colour) override {
-        items.push_back({'S', {{l, t}, {r, b}}, colour});
-    }
-};
 
 // A flat 4 x 4 grid whose vertex (i, j) sits at pixel (10 i, 10 j).
 struct LaidOut {
@@ -108,31 +85,31 @@ TEST(SurfaceDrawing, PixelsAreDotsOrSquaresInsideTheClip) {
     EXPECT_EQ(sink.items.size(), 2u);
 }
 
-// Cells drawn by each pass over a 10 x 10 grid: which lines, in which order.
+// Each pass over a 10 x 10 grid: how many lines, which come first and last. The first corner of
+// each cell drawn is its own vertex (i, j); rows are lines of one j, columns of one i.
+const struct {
+    int lines;
+    int firstLine;
+    int lastLine;
+} kPasses[] = {{9, 9, 1}, {9, 1, 9}, {8, 9, 2}, {9, 1, 9}};
+
 TEST(SurfaceDrawing, PassesWalkTheirLinesWithTheirAsymmetry) {
     SurfaceScene scene;
     ASSERT_EQ(computeFor(scene, "x*y", -1, 1, -1, 1, nullptr, 10), SurfaceOutcome::Done);
-    const struct {
-        int pass;
-        int lines;
-        int firstLine;
-        int lastLine;
-    } cases[] = {{1, 9, 9, 1}, {2, 9, 1, 9}, {3, 8, 9, 2}, {4, 9, 1, 9}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.pass);
+    for (int pass = 1; pass <= 4; ++pass) {
+        SCOPED_TRACE(pass);
         DrawingPlan plan = prepareDrawing(scene, 400, 300);
-        plan.pass = c.pass;
-        EXPECT_EQ(lineCount(scene, c.pass), c.lines);
+        plan.pass = pass;
+        const auto& c = kPasses[pass - 1];
+        EXPECT_EQ(lineCount(scene, pass), c.lines);
         RecordingSink sink;
-        drawLines(scene, plan, 0, lineCount(scene, c.pass), sink);
+        drawLines(scene, plan, 0, lineCount(scene, pass), sink);
         ASSERT_EQ(sink.items.size(), std::size_t(c.lines * 9));
-        // The first corner of each cell is its own vertex (i, j).
-        const bool rows = c.pass <= 2;
-        const auto lineOf = [&](const Recorded& r) {
+        const auto lineOf = [&](const RecordingSink::Item& r) {
             for (int i = 0; i <= 10; ++i) {
                 for (int j = 0; j <= 10; ++j) {
                     if (plan.points.at(i, j) == r.points[0]) {
-                        return rows ? j : i;
+                        return pass <= 2 ? j : i;
                     }
                 }
             }
@@ -148,21 +125,22 @@ TEST(SurfaceDrawing, PassesWalkTheirLinesWithTheirAsymmetry) {
 TEST(SurfaceDrawing, FarLinesComeFirstForEveryRotation) {
     SurfaceScene scene;
     ASSERT_EQ(computeFor(scene, "x*y", -1, 1, -2, 2, nullptr, 10), SurfaceOutcome::Done);
+    const SurfaceGrid& g = scene.grid;
     for (const char mode : {'a', 'Q', 'X', 'Y'}) {
         for (int angle = 0; angle < 360; angle += 30) {
             SCOPED_TRACE(testing::Message() << mode << ' ' << angle);
             scene.view.mode = mode;
             setAxisAngle(scene.view, angle);
-            const int pass = choosePass(scene.view, scene.grid);
-            const Vec3 eye = eyeInGridSpace(scene.view, scene.grid);
-            const SurfaceGrid& g = scene.grid;
+            const int pass = choosePass(scene.view, g);
+            const Vec3 eye = eyeInGridSpace(scene.view, g);
             const bool rows = pass <= 2;
-            const double first =
-                rows ? g.vertex(0, pass == 1 ? 9 : 1).y : g.vertex(pass == 3 ? 9 : 1, 0).x;
-            const double last =
-                rows ? g.vertex(0, pass == 1 ? 1 : 9).y : g.vertex(pass == 3 ? 2 : 9, 0).x;
+            const auto at = [&](int line) {
+                return rows ? g.vertex(0, line).y : g.vertex(line, 0).x;
+            };
             const double e = rows ? eye.y : eye.x;
-            EXPECT_GT(std::fabs(e - first), std::fabs(e - last)) << "pass " << pass;
+            EXPECT_GT(std::fabs(e - at(kPasses[pass - 1].firstLine)),
+                      std::fabs(e - at(kPasses[pass - 1].lastLine)))
+                << "pass " << pass;
             const double across = rows ? eye.x - g.xc : eye.y - g.yc;
             const double along = rows ? eye.y - g.yc : eye.x - g.xc;
             if (across < 0 && std::fabs(along) > 1e-9) {
@@ -171,6 +149,121 @@ TEST(SurfaceDrawing, FarLinesComeFirstForEveryRotation) {
             }
         }
     }
+}
+
+// The box around a surface: tidy values, back faces chosen from the eye, and the projection of
+// its corners and labels by the same route as the surface's vertices.
+TEST(SurfaceGridBox, ValuesAtTidySteps) {
+    const struct {
+        double begin, end;
+        std::vector<double> values;
+        int decimals;
+    } cases[] = {
+        {-1, 1, {-1, -0.5, 0, 0.5, 1}, 1},
+        {0, 100, {0, 20, 40, 60, 80, 100}, 0},
+        {-3, 3, {-3, -2, -1, 0, 1, 2, 3}, 0},
+        {0.13, 0.21, {0.14, 0.16, 0.18, 0.20}, 2},
+        {1, 1, {}, 0},
+        {2, 1, {}, 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(::testing::Message() << c.begin << " .. " << c.end);
+        int decimals = -1;
+        const std::vector<double> values = boxValues(c.begin, c.end, decimals);
+        ASSERT_EQ(values.size(), c.values.size());
+        for (std::size_t k = 0; k < values.size(); ++k) {
+            EXPECT_NEAR(values[k], c.values[k], 1e-12);
+        }
+        EXPECT_EQ(decimals, c.decimals);
+    }
+}
+
+class GridBoxLayout : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        ASSERT_EQ(computeFor(scene, "x*y", -1, 1, -2, 2, nullptr, 10), SurfaceOutcome::Done);
+    }
+    SurfaceScene scene;
+};
+
+// Seen from beyond (X_END, Y_END) and above, the faces at X_BEG, Y_BEG and the bottom are the
+// back faces; turned half round about z, the faces at X_END and Y_END are. Either way the labels
+// name every axis and keep the values of the shared corner.
+TEST_F(GridBoxLayout, GridLinesLieOnTheBackFacesAndTheAxesAreNamed) {
+    const SurfaceGrid& g = scene.grid;
+    const auto onFace = [](const BoxLine& l, char axis, double v) {
+        const auto c = [axis](Vec3 p) { return axis == 'x' ? p.x : axis == 'y' ? p.y : p.z; };
+        return c(l.from) == v && c(l.to) == v;
+    };
+    for (int turn = 0; turn < 2; ++turn) {
+        SCOPED_TRACE(turn);
+        if (turn == 1) {
+            scene.view.mode = 'Q';
+            setAxisAngle(scene.view, 180);
+        }
+        const double backX = turn == 0 ? g.xBegin : g.xEnd;
+        const double backY = turn == 0 ? g.yBegin : g.yEnd;
+        const GridBox box = layoutGridBox(scene.view, g);
+        int edges = 0;
+        int gridLines = 0;
+        for (const BoxLine& line : box.lines) {
+            if (line.edge) {
+                ++edges;
+                continue;
+            }
+            ++gridLines;
+            EXPECT_TRUE(onFace(line, 'x', backX) || onFace(line, 'y', backY) ||
+                        onFace(line, 'z', g.zLow));
+        }
+        // Seen from above, the values lie on the floor. Each axis is named once, and the corner
+        // the x and y rows share carries both values.
+        std::string names;
+        int yValues = 0;
+        for (const BoxLabel& label : box.labels) {
+            EXPECT_TRUE(label.axis == 'z' || label.anchor.z == g.zLow) << label.text;
+            names += label.axisName ? label.text : "";
+            yValues += label.axis == 'y' && !label.axisName;
+        }
+        EXPECT_EQ(names, "xyz");
+        EXPECT_EQ(yValues, 5);
+        EXPECT_EQ(edges, 12);
+        // x: 5 values on two faces, y: 5 on two, z: 5 on two.
+        EXPECT_EQ(gridLines, 30);
+    }
+}
+
+TEST_F(GridBoxLayout, CornersAndLabelsProjectLikeTheSurface) {
+    const SurfaceGrid& g = scene.grid;
+    scene.view.mode = 'P';
+    setRotationMatrix(scene.view, 20, -35, 60);
+    const Placement placement = fitFigure(scene.view, g, 640, 480);
+    const GridBox box = layoutGridBox(scene.view, g);
+    const ProjectedGridBox projected = projectGridBox(scene.view, g, placement);
+    ASSERT_EQ(projected.lines.size(), box.lines.size());
+    ASSERT_EQ(projected.labels.size(), box.labels.size());
+    for (std::size_t k = 0; k < box.lines.size(); ++k) {
+        const PlanePoint a = projectPoint(scene.view, g, box.lines[k].from, placement);
+        EXPECT_DOUBLE_EQ(projected.lines[k].from.x, a.x);
+        EXPECT_DOUBLE_EQ(projected.lines[k].from.y, a.y);
+    }
+    const PlanePoint middle = projectPoint(scene.view, g, {g.xc, g.yc, g.zc}, placement);
+    int xLabels = 0;
+    for (std::size_t k = 0; k < box.labels.size(); ++k) {
+        const BoxLabel& label = box.labels[k];
+        const PlanePoint at = projectPoint(scene.view, g, label.anchor, placement);
+        EXPECT_DOUBLE_EQ(projected.labels[k].anchor.x, at.x);
+        EXPECT_DOUBLE_EQ(projected.labels[k].anchor.y, at.y);
+        // The text moves away from the figure, never across it.
+        const PlanePoint out = projected.labels[k].outward;
+        EXPECT_GT(out.x * (at.x - middle.x) + out.y * (at.y - middle.y), 0) << label.text;
+        xLabels += label.axis == 'x' && !label.axisName;
+        // Turned this way the figure is seen from below: the values go along the lid.
+        if (label.axis == 'x') {
+            EXPECT_EQ(label.anchor.z, g.zHigh);
+        }
+    }
+    EXPECT_EQ(xLabels, 5);
+    EXPECT_EQ(box.labels.front().text, "-1.0");
 }
 
 }  // namespace

@@ -2,12 +2,15 @@
 #pragma once
 
 #include <atomic>
+#include <cmath>
 #include <string>
+#include <vector>
 
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
 #include "engine/Preparation.h"
 #include "graph3d/SurfaceCompute.h"
+#include "graph3d/SurfaceDrawing.h"
 #include "graph3d/SurfaceScene.h"
 
 namespace curvemill {
@@ -38,5 +41,40 @@ inline SurfaceOutcome computeFor(SurfaceScene& scene, const std::string& text, d
     }
     return outcome;
 }
+
+// The grid of the box -1..1 on every axis, centred on the origin, with no vertices.
+inline SurfaceGrid cubeGrid() {
+    SurfaceGrid grid;
+    grid.xBegin = grid.yBegin = grid.zLow = -1;
+    grid.xEnd = grid.yEnd = grid.zHigh = 1;
+    grid.xc = grid.yc = grid.zc = 0;
+    return grid;
+}
+
+inline double distance(Vec3 a, Vec3 b) {
+    return std::sqrt(dot(a - b, a - b));
+}
+
+// Keeps what a drawing hands over, in order.
+struct RecordingSink : SurfaceSink {
+    struct Item {
+        char kind;  // 'P' polygon, 'L' line, '.' pixel, 'S' square
+        std::vector<ScreenPoint> points;
+        std::uint32_t colour;
+    };
+    std::vector<Item> items;
+    void polygon(const ScreenPoint* c, int n, std::uint32_t colour) override {
+        items.push_back({'P', std::vector<ScreenPoint>(c, c + n), colour});
+    }
+    void line(ScreenPoint a, ScreenPoint b, std::uint32_t colour) override {
+        items.push_back({'L', {a, b}, colour});
+    }
+    void pixel(ScreenPoint p, std::uint32_t colour) override {
+        items.push_back({'.', {p}, colour});
+    }
+    void square(int l, int t, int r, int b, std::uint32_t colour) override {
+        items.push_back({'S', {{l, t}, {r, b}}, colour});
+    }
+};
 
 }  // namespace curvemill

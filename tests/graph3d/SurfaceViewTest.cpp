@@ -1,42 +1,28 @@
-// The eye, the rotations, the projection and the fit to a target.
+// The eye, the rotations, the projection and the fit to a target; the angle conventions of both
+// rotation routes, drags and the animation.
 #include <cmath>
+#include <vector>
 
 #include <gtest/gtest.h>
 
-#include "graph3d/SurfaceView.h"
+#include "SurfaceFixture.h"
+#include "graph3d/SurfaceRotation.h"
 
 namespace curvemill {
 namespace {
 
-SurfaceGrid squareGrid() {
-    SurfaceGrid grid;
-    grid.xBegin = -1;
-    grid.xEnd = 1;
-    grid.yBegin = -1;
-    grid.yEnd = 1;
-    grid.zLow = -1;
-    grid.zHigh = 1;
-    grid.xc = grid.yc = grid.zc = 0;
-    return grid;
-}
-
 TEST(SurfaceView, EyeStandsBeyondTheFarCornerAboveTheFigure) {
-    const SurfaceGrid grid = squareGrid();
+    const SurfaceGrid grid = cubeGrid();
     SurfaceView view;
     setUpView(view, grid);
-    EXPECT_NEAR(view.eye.x, 1 + 5 * std::sqrt(12.0) * 2 / (std::sqrt(8.0) * 3), 1e-12);
-    EXPECT_NEAR(view.eye.x, 5.0825, 1e-4);
-    EXPECT_NEAR(view.eye.y, 5.0825, 1e-4);
-    EXPECT_NEAR(view.eye.z, 4.4641, 1e-4);
-    EXPECT_NEAR(view.u, std::sqrt(0.5), 1e-15);
-    EXPECT_NEAR(view.w, std::sqrt(0.5), 1e-15);
+    EXPECT_LT(distance(view.eye, {5.0825, 5.0825, 4.4641}), 1e-4);
     // The aim point lies on the picture plane.
     EXPECT_NEAR(view.normal.x * view.aimX + view.normal.y * view.aimY + view.planeConstant, 0,
                 1e-12);
 }
 
 TEST(SurfaceView, RotationsTurnAboutTheCentre) {
-    SurfaceGrid grid = squareGrid();
+    SurfaceGrid grid = cubeGrid();
     grid.xc = 1;
     grid.yc = 2;
     grid.zc = 3;
@@ -54,46 +40,30 @@ TEST(SurfaceView, RotationsTurnAboutTheCentre) {
         SurfaceView view;
         setAxisAngle(view, 90);
         view.mode = c.mode;
-        const Vec3 p = rotatePoint(view, grid, c.from);
-        EXPECT_NEAR(p.x, c.to.x, 1e-12);
-        EXPECT_NEAR(p.y, c.to.y, 1e-12);
-        EXPECT_NEAR(p.z, c.to.z, 1e-12);
+        EXPECT_LT(distance(rotatePoint(view, grid, c.from), c.to), 1e-12);
     }
     SurfaceView matrix;
     setRotationMatrix(matrix, 90, 0, 0);
     EXPECT_EQ(matrix.mode, 'P');
-    const Vec3 p = rotatePoint(matrix, grid, {2, 2, 3});
-    EXPECT_NEAR(p.x, 1, 1e-12);
-    EXPECT_NEAR(p.y, 3, 1e-12);
-    EXPECT_NEAR(p.z, 3, 1e-12);
-    setRotationMatrix(matrix, 0, 0, 0);
-    const Vec3 same = rotatePoint(matrix, grid, {7, -2, 5});
-    EXPECT_NEAR(same.x, 7, 1e-12);
-    EXPECT_NEAR(same.z, 5, 1e-12);
+    EXPECT_LT(distance(rotatePoint(matrix, grid, {2, 2, 3}), {1, 3, 3}), 1e-12);
 }
 
 TEST(SurfaceView, EyeInGridSpaceUndoesTheRotation) {
-    const SurfaceGrid grid = squareGrid();
+    const SurfaceGrid grid = cubeGrid();
     SurfaceView view;
     setUpView(view, grid);
     setAxisAngle(view, 180);
     view.mode = 'Q';
-    const Vec3 e = eyeInGridSpace(view, grid);
-    EXPECT_NEAR(e.x, -view.eye.x, 1e-9);
-    EXPECT_NEAR(e.y, -view.eye.y, 1e-9);
-    EXPECT_NEAR(e.z, view.eye.z, 1e-9);
+    EXPECT_LT(distance(eyeInGridSpace(view, grid), {-view.eye.x, -view.eye.y, view.eye.z}), 1e-9);
     // Turning the figure and then the eye back gives the eye again.
     setRotationMatrix(view, 30, 20, 10);
-    const Vec3 back = rotatePoint(view, grid, eyeInGridSpace(view, grid));
-    EXPECT_NEAR(back.x, view.eye.x, 1e-9);
-    EXPECT_NEAR(back.y, view.eye.y, 1e-9);
-    EXPECT_NEAR(back.z, view.eye.z, 1e-9);
+    EXPECT_LT(distance(rotatePoint(view, grid, eyeInGridSpace(view, grid)), view.eye), 1e-9);
 }
 
 // The figure's box fills nine tenths of the tighter side of any target, centred; zoom scales it
 // about the middle of the target.
 TEST(SurfaceView, FitCentresTheBoxOnEveryTargetAndZoomScalesIt) {
-    SurfaceGrid grid = squareGrid();
+    SurfaceGrid grid = cubeGrid();
     grid.xEnd = 3;  // not square
     grid.xc = 1;
     for (const auto& [width, height] : {std::pair{1920, 1080}, {300, 900}, {4961, 7016}}) {
@@ -124,12 +94,135 @@ TEST(SurfaceView, FitCentresTheBoxOnEveryTargetAndZoomScalesIt) {
 }
 
 TEST(SurfaceView, PixelsStayFiniteForPointsOnTheEyesPlane) {
-    const SurfaceGrid grid = squareGrid();
+    const SurfaceGrid grid = cubeGrid();
     SurfaceView view;
     resetView(view, grid);
     const ScreenPoint s = projectToPixel(view, grid, {view.eye.x - 1, view.eye.y + 1, 0}, {});
     EXPECT_LE(std::abs(s.x), 1 << 24);
     EXPECT_LE(std::abs(s.y), 1 << 24);
+}
+
+TEST(SurfaceRotation, QuarterTurnsAreRightHandedByBothRoutes) {
+    const SurfaceGrid grid = cubeGrid();
+    // A negligible second angle sends the same turn through the matrix instead of the axis mode.
+    constexpr double kNudge = 1e-300;
+    const struct {
+        RotationAngles angles;
+        char mode;
+        Vec3 from;
+        Vec3 to;
+    } cases[] = {
+        {{90, 0, 0}, 'X', {0, 1, 0}, {0, 0, 1}},      {{0, 90, 0}, 'Y', {0, 0, 1}, {1, 0, 0}},
+        {{0, 0, 90}, 'Q', {1, 0, 0}, {0, 1, 0}},      {{-90, 0, 0}, 'X', {0, 0, 1}, {0, 1, 0}},
+        {{0, 0, -90}, 'Q', {0, 1, 0}, {1, 0, 0}},     {{90, 0, kNudge}, 'P', {0, 1, 0}, {0, 0, 1}},
+        {{kNudge, 90, 0}, 'P', {0, 0, 1}, {1, 0, 0}}, {{kNudge, 0, 90}, 'P', {1, 0, 0}, {0, 1, 0}},
+        {{0, 0, 0}, 'a', {1, 2, 3}, {1, 2, 3}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.angles.x << "," << c.angles.y << "," << c.angles.z);
+        SurfaceView view;
+        applyRotation(view, c.angles);
+        EXPECT_EQ(view.mode, c.mode);
+        EXPECT_LT(distance(rotatePoint(view, grid, c.from), c.to), 1e-12);
+    }
+}
+
+TEST(SurfaceRotation, AnglesWrapIntoOneTurn) {
+    const struct {
+        double in;
+        double out;
+    } cases[] = {{0, 0},   {180, 180},  {-180, 180}, {190, -170}, {-190, 170},
+                 {720, 0}, {-540, 180}, {359, -1},   {NAN, 0},    {INFINITY, 0}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.in);
+        EXPECT_NEAR(wrapDegrees(c.in), c.out, 1e-12);
+    }
+    const RotationAngles a = turnedAbout({170, 0, -170}, RotationAxis::kX, 20);
+    EXPECT_NEAR(a.x, -170, 1e-12);
+    EXPECT_NEAR(turnedAbout(a, RotationAxis::kZ, -20).z, 170, 1e-12);
+}
+
+TEST(SurfaceRotation, DragOfKnownLengthGivesItsAnglesAndCarriesTheNearSideAlong) {
+    const struct {
+        RotationAngles atPress;
+        double dx, dy;
+        RotationAngles expected;
+    } cases[] = {
+        {{0, 0, 0}, 90, 0, {0, 0, -45}},
+        {{0, 0, 0}, 0, 60, {30, 0, 0}},
+        {{10, 20, 30}, -40, -20, {0, 20, 50}},
+        {{0, 0, -170}, 40, 0, {0, 0, 170}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.dx << "," << c.dy);
+        const RotationAngles a = draggedAngles(c.atPress, c.dx, c.dy);
+        EXPECT_LT(distance({a.x, a.y, a.z}, {c.expected.x, c.expected.y, c.expected.z}), 1e-12);
+    }
+    // The corner nearest the eye moves the way the mouse went.
+    const SurfaceGrid grid = cubeGrid();
+    SurfaceView view;
+    setUpView(view, grid);
+    const Vec3 nearCorner{1, 1, 1};
+    const double before = projectPoint(view, grid, nearCorner, {}).x;
+    applyRotation(view, draggedAngles({}, 10, 0));
+    EXPECT_GT(projectPoint(view, grid, nearCorner, {}).x, before + 1e-3);
+    applyRotation(view, draggedAngles({}, -10, 0));
+    EXPECT_LT(projectPoint(view, grid, nearCorner, {}).x, before - 1e-3);
+}
+
+TEST(SurfaceRotation, AFullTurnOfTheAnimationReturnsTheProjectionToItsStart) {
+    const SurfaceGrid grid = cubeGrid();
+    const Placement placement{200, 400, 300};
+    const struct {
+        RotationAxis axis;
+        double speed;
+        RotationAngles from;
+    } cases[] = {
+        {RotationAxis::kZ, 30, {}},
+        {RotationAxis::kX, -45, {10, 0, 5}},
+        {RotationAxis::kY, 7, {0, 40, 0}},
+        {RotationAxis::kZ, 720, {20, -30, 100}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.speed);
+        RotationAnimation animation;
+        animation.start(c.from, c.axis, c.speed);
+        // The corners' projections at a time of the turn, laid end to end.
+        const auto projected = [&](double seconds) {
+            SurfaceView view;
+            setUpView(view, grid);
+            applyRotation(view, animation.anglesAt(seconds));
+            std::vector<double> points;
+            for (const Vec3 corner : {Vec3{-1, -1, -1}, {1, -1, 1}, {1, 1, -1}, {0.3, -0.7, 0.2}}) {
+                const PlanePoint p = projectPoint(view, grid, corner, placement);
+                points.insert(points.end(), {p.x, p.y});
+            }
+            return points;
+        };
+        const double turn = 360.0 / std::abs(c.speed);
+        const std::vector<double> start = projected(0);
+        const std::vector<double> half = projected(turn / 2);
+        const std::vector<double> end = projected(turn);
+        // The figure really went round, then came back to the pixel it started from.
+        double moved = 0;
+        for (std::size_t k = 0; k < start.size(); ++k) {
+            EXPECT_NEAR(end[k], start[k], 1e-9);
+            moved += std::abs(half[k] - start[k]);
+        }
+        EXPECT_GT(moved, 50);
+    }
+}
+
+TEST(SurfaceRotation, AnimationHoldsItsSpeedWithinBounds) {
+    RotationAnimation animation;
+    animation.start({}, RotationAxis::kY, 1e9);
+    EXPECT_EQ(animation.degreesPerSecond(), RotationAnimation::kMaxDegreesPerSecond);
+    animation.start({}, RotationAxis::kY, NAN);
+    EXPECT_EQ(animation.degreesPerSecond(), 0);
+    EXPECT_NEAR(animation.anglesAt(1e12).y, 0, 1e-12);
+    animation.start({0, 5, 0}, RotationAxis::kY, 10);
+    // Hours later the angle still lands where speed times time puts it.
+    EXPECT_NEAR(animation.anglesAt(3600 * 5 + 1.5).y, 20, 1e-6);
 }
 
 }  // namespace

@@ -25,17 +25,11 @@ const char kStarter[] = "Equation Window Procedure";
 bool paintsNothing(SurfaceScene& scene) {
     QImage image(300, 200, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::white);
+    const QImage blank = image;
     QPainter painter(&image);
     paintSurface(painter, scene, image.size());
     painter.end();
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixel(x, y) != qRgb(255, 255, 255)) {
-                return false;
-            }
-        }
-    }
-    return true;
+    return image == blank;
 }
 
 }  // namespace
@@ -46,23 +40,27 @@ class SurfaceComputationTest : public QObject {
     testing::RecordingReporter reporter;
 
   private Q_SLOTS:
-    void completedSurfaceIsShownWithProgress() {
+    // A completed surface is shown, with its progress; a new computation discards it, and a
+    // Stop in its first row leaves nothing drawn.
+    void completedSurfaceIsShownAndAStopInTheFirstRowLeavesNothing() {
         Formula formula;
-        QVERIFY(prepareFormula(formula, "sin(x)*cos(y)", kModeTwoVariables));
+        // Slow enough per vertex that the Stop lands long before the first row of 501 ends.
+        QVERIFY(prepareFormula(formula,
+                               "sin(x)*cos(y)+sin(x*y)*cos(x-y)+Sqr(x^2+y^2+1)*sin(x+y)+cos(x*x)",
+                               kModeTwoVariables));
         SurfaceScene scene;
         int shown = 0;
         int cleared = 0;
-        SurfaceComputation computation(
-            formula, scene, {[&] { ++shown; }, [&] { ++cleared; }, [](const std::string&) {}});
+        SurfaceComputation first(formula, scene, {[&] { ++shown; }, [&] { ++cleared; }, {}});
         Worker worker(reporter);
         QSignalSpy finished(&worker, &Worker::finished);
         QSignalSpy progress(&worker, &Worker::progressChanged);
-        computation.discardPrevious();
-        const TwoVariableRequest request{-3, 3, -3, 3, 200, 300, 0, {}};
-        QVERIFY(worker.start(kStarter, formula.keepComputing, computation.makeJob(request)));
+        first.discardPrevious();
+        QVERIFY(worker.start(kStarter, formula.keepComputing,
+                             first.makeJob({-3, 3, -3, 3, 200, 300, 0, {}})));
         QVERIFY(finished.wait(10000));
         QCOMPARE(finished.first().first().toBool(), true);
-        computation.show();
+        first.show();
         QCOMPARE(shown, 1);
         QCOMPARE(cleared, 1);
         QVERIFY(scene.complete);
@@ -71,26 +69,7 @@ class SurfaceComputationTest : public QObject {
         // The last row starts a hair before X_END, where x has been built by addition.
         QVERIFY(progress.last().first().toInt() >= 99);
         QVERIFY(!paintsNothing(scene));
-    }
 
-    void stopInTheFirstRowLeavesNothingDrawn() {
-        Formula formula;
-        // Slow enough per vertex that the Stop lands long before the first row of 501 ends.
-        QVERIFY(prepareFormula(formula,
-                               "sin(x)*cos(y)+sin(x*y)*cos(x-y)+Sqr(x^2+y^2+1)*sin(x+y)+cos(x*x)",
-                               kModeTwoVariables));
-        SurfaceScene scene;
-        SurfaceComputation first(formula, scene, {});
-        // A surface on screen before, which the new computation discards.
-        Worker worker(reporter);
-        QSignalSpy finished(&worker, &Worker::finished);
-        QVERIFY(worker.start(kStarter, formula.keepComputing,
-                             first.makeJob({-1, 1, -1, 1, 100, 100, 0, {}})));
-        QVERIFY(finished.wait(10000));
-        first.show();
-        QVERIFY(!paintsNothing(scene));
-
-        int cleared = 0;
         SurfaceComputation computation(formula, scene, {{}, [&] { ++cleared; }, {}});
         computation.discardPrevious();
         QVERIFY(worker.start(kStarter, formula.keepComputing,
@@ -99,7 +78,7 @@ class SurfaceComputationTest : public QObject {
         QVERIFY(finished.wait(10000));
         QCOMPARE(finished.last().first().toBool(), false);
         computation.abandoned();
-        QCOMPARE(cleared, 2);
+        QCOMPARE(cleared, 3);
         QVERIFY(scene.grid.evaluatedCount < 501);
         QVERIFY(!scene.complete);
         QVERIFY(paintsNothing(scene));
