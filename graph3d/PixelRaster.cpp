@@ -18,62 +18,91 @@ void RasterSurfaceSink::span(int y, int from, int to, std::uint32_t pixel) {
 }
 
 // Clips the segment to the buffer (Liang-Barsky) so that a figure zoomed far beyond the target
-// costs no more than what shows, then steps along it pixel by pixel (Bresenham).
-void RasterSurfaceSink::drawLine(ScreenPoint from, ScreenPoint to, std::uint32_t pixel) {
-    const auto inside = [this](ScreenPoint p) {
-        return p.x >= 0 && p.y >= 0 && p.x < buffer_.width && p.y < buffer_.height;
+// costs no more than what shows.
+bool RasterSurfaceSink::clip(ScreenPoint from, ScreenPoint to, Segment& out) const {
+    const double x0 = from.x, y0 = from.y;
+    const double dx = double(to.x) - from.x, dy = double(to.y) - from.y;
+    double t0 = 0, t1 = 1;
+    const double p[4] = {-dx, dx, -dy, dy};
+    const double q[4] = {x0, buffer_.width - 1 - x0, y0, buffer_.height - 1 - y0};
+    for (int k = 0; k < 4; ++k) {
+        if (p[k] == 0) {
+            if (q[k] < 0) {
+                return false;
+            }
+            continue;
+        }
+        const double r = q[k] / p[k];
+        if (p[k] < 0) {
+            t0 = std::max(t0, r);
+        } else {
+            t1 = std::min(t1, r);
+        }
+    }
+    if (t0 > t1) {
+        return false;
+    }
+    out = {x0 + t0 * dx, y0 + t0 * dy, x0 + t1 * dx, y0 + t1 * dy};
+    return true;
+}
+
+void RasterSurfaceSink::blend(int x, int y, std::uint32_t pixel, double coverage) {
+    if (x < 0 || y < 0 || x >= buffer_.width || y >= buffer_.height) {
+        return;
+    }
+    const auto weight = static_cast<std::uint32_t>(coverage * 256.0 + 0.5);
+    std::uint32_t& target = buffer_.bits[static_cast<std::ptrdiff_t>(y) * buffer_.stride + x];
+    if (weight >= 256 || target == pixel) {
+        target = pixel;
+        return;
+    }
+    if (weight == 0) {
+        return;
+    }
+    const auto mix = [&](int shift) {
+        const std::uint32_t a = pixel >> shift & 0xffu;
+        const std::uint32_t b = target >> shift & 0xffu;
+        return ((a * weight + b * (256 - weight)) >> 8) << shift;
     };
-    int ax = from.x, ay = from.y, bx = to.x, by = to.y;
-    if (!inside(from) || !inside(to)) {
-        const double x0 = from.x, y0 = from.y;
-        const double dx = double(to.x) - from.x, dy = double(to.y) - from.y;
-        double t0 = 0, t1 = 1;
-        const double p[4] = {-dx, dx, -dy, dy};
-        const double q[4] = {x0, buffer_.width - 1 - x0, y0, buffer_.height - 1 - y0};
-        for (int k = 0; k < 4; ++k) {
-            if (p[k] == 0) {
-                if (q[k] < 0) {
-                    return;
-                }
-                continue;
-            }
-            const double r = q[k] / p[k];
-            if (p[k] < 0) {
-                t0 = std::max(t0, r);
-            } else {
-                t1 = std::min(t1, r);
-            }
-        }
-        if (t0 > t1) {
-            return;
-        }
-        ax = static_cast<int>(std::lround(x0 + t0 * dx));
-        ay = static_cast<int>(std::lround(y0 + t0 * dy));
-        bx = static_cast<int>(std::lround(x0 + t1 * dx));
-        by = static_cast<int>(std::lround(y0 + t1 * dy));
+    target = 0xff000000u | mix(16) | mix(8) | mix(0);
+}
+
+// Each pixel along the line gets the share of it that a one-pixel-wide line covers (Wu), so an
+// outline against the background is smooth at any scale; both ends are covered whole, so that a
+// cell thinner than a pixel still shows.
+void RasterSurfaceSink::drawSmoothLine(ScreenPoint from, ScreenPoint to, std::uint32_t pixel) {
+    Segment s;
+    if (!clip(from, to, s)) {
+        return;
     }
-    const int sx = ax < bx ? 1 : -1;
-    const int sy = ay < by ? 1 : -1;
-    const int ex = std::abs(bx - ax);
-    const int ey = -std::abs(by - ay);
-    int error = ex + ey;
-    for (;;) {
-        if (ax >= 0 && ay >= 0 && ax < buffer_.width && ay < buffer_.height) {
-            set(ax, ay, pixel);
-        }
-        if (ax == bx && ay == by) {
-            return;
-        }
-        const int twice = 2 * error;
-        if (twice >= ey) {
-            error += ey;
-            ax += sx;
-        }
-        if (twice <= ex) {
-            error += ex;
-            ay += sy;
-        }
+    const bool steep = std::fabs(s.y1 - s.y0) > std::fabs(s.x1 - s.x0);
+    if (steep) {
+        std::swap(s.x0, s.y0);
+        std::swap(s.x1, s.y1);
     }
+    if (s.x0 > s.x1) {
+        std::swap(s.x0, s.x1);
+        std::swap(s.y0, s.y1);
+    }
+    const auto plot = [&](int major, int minor, double coverage) {
+        if (steep) {
+            blend(minor, major, pixel, coverage);
+        } else {
+            blend(major, minor, pixel, coverage);
+        }
+    };
+    const int first = static_cast<int>(std::lround(s.x0));
+    const int last = static_cast<int>(std::lround(s.x1));
+    const double gradient = s.x1 > s.x0 ? (s.y1 - s.y0) / (s.x1 - s.x0) : 0.0;
+    plot(first, static_cast<int>(std::lround(s.y0)), 1.0);
+    for (int x = first + 1; x < last; ++x) {
+        const double y = s.y0 + gradient * (x - s.x0);
+        const double below = std::floor(y);
+        const double share = y - below;
+        plot(x, static_cast<int>(below), 1.0 - share);
+        plot(x, static_cast<int>(below) + 1, share);
+    }
+    plot(last, static_cast<int>(std::lround(s.y1)), 1.0);
 }
 
 void RasterSurfaceSink::polygon(const ScreenPoint* corners, int count, std::uint32_t colour) {
@@ -87,9 +116,10 @@ void RasterSurfaceSink::polygon(const ScreenPoint* corners, int count, std::uint
         top = std::max(top, 0);
         bottom = std::min(bottom, buffer_.height - 1);
         for (int y = top; y <= bottom; ++y) {
-            // Crossings of the pixel centres' row with the edges; an edge holds its upper end
+            // Crossings of the row of pixel centres with the edges (a point's integer
+            // coordinates name a pixel's centre, as for the lines); an edge holds its upper end
             // and not its lower one, so a shared corner counts once.
-            const double centre = y + 0.5;
+            const double centre = y;
             double crossings[4];
             int found = 0;
             for (int n = 0; n < count && found < 4; ++n) {
@@ -107,20 +137,19 @@ void RasterSurfaceSink::polygon(const ScreenPoint* corners, int count, std::uint
                 }
             }
             for (int n = 0; n + 1 < found; n += 2) {
-                const double from = std::ceil(std::max(crossings[n] - 0.5, -1.0));
-                const double to =
-                    std::ceil(std::min(crossings[n + 1] - 0.5, double(buffer_.width)));
-                span(y, static_cast<int>(from), static_cast<int>(to) - 1, pixel);
+                const double from = std::ceil(std::max(crossings[n], -1.0));
+                const double to = std::floor(std::min(crossings[n + 1], double(buffer_.width)));
+                span(y, static_cast<int>(from), static_cast<int>(to), pixel);
             }
         }
     }
     for (int n = 0; n < count; ++n) {
-        drawLine(corners[n], corners[(n + 1) % count], pixel);
+        drawSmoothLine(corners[n], corners[(n + 1) % count], pixel);
     }
 }
 
 void RasterSurfaceSink::line(ScreenPoint from, ScreenPoint to, std::uint32_t colour) {
-    drawLine(from, to, toPixel(colour));
+    drawSmoothLine(from, to, toPixel(colour));
 }
 
 void RasterSurfaceSink::pixel(ScreenPoint at, std::uint32_t colour) {

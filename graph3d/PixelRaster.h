@@ -18,8 +18,10 @@ struct PixelBuffer {
 };
 
 // Fills like a polygon fill with a one-pixel pen of the same colour: every pixel whose centre is
-// inside the cell, then the cell's outline, so cells thinner than a pixel still show. Everything
-// is clipped to the buffer.
+// inside the cell, then the cell's outline, blended by how much of each pixel it covers, so that
+// the figure's edge is smooth and cells thinner than a pixel still show. Cells are filled hard
+// inside: blended fills would let the background show through between neighbours. Everything is
+// clipped to the buffer.
 class RasterSurfaceSink : public SurfaceSink {
   public:
     explicit RasterSurfaceSink(PixelBuffer buffer) : buffer_(buffer) {}
@@ -37,8 +39,13 @@ class RasterSurfaceSink : public SurfaceSink {
     void set(int x, int y, std::uint32_t pixel) {
         buffer_.bits[static_cast<std::ptrdiff_t>(y) * buffer_.stride + x] = pixel;
     }
+    struct Segment {
+        double x0 = 0, y0 = 0, x1 = 0, y1 = 0;
+    };
+    bool clip(ScreenPoint from, ScreenPoint to, Segment& out) const;
     void span(int y, int from, int to, std::uint32_t pixel);
-    void drawLine(ScreenPoint from, ScreenPoint to, std::uint32_t pixel);
+    void blend(int x, int y, std::uint32_t pixel, double coverage);
+    void drawSmoothLine(ScreenPoint from, ScreenPoint to, std::uint32_t pixel);
 
     PixelBuffer buffer_;
 };
