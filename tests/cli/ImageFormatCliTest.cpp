@@ -1,9 +1,5 @@
 // plot writes the format of the output file's extension, and refuses what it cannot write.
-#include <stdlib.h>
-
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -20,14 +16,6 @@ std::vector<std::string> plot(const std::string& path, std::vector<std::string> 
     return args;
 }
 
-unsigned le32(const std::string& bytes, std::size_t at) {
-    unsigned value = 0;
-    for (int i = 3; i >= 0; --i) {
-        value = value << 8 | static_cast<unsigned char>(bytes[at + i]);
-    }
-    return value;
-}
-
 TEST(CliImageFormats, TheExtensionChoosesTheFormat) {
     const std::string dir = freshFolder(::testing::TempDir());
     ASSERT_FALSE(dir.empty());
@@ -35,11 +23,11 @@ TEST(CliImageFormats, TheExtensionChoosesTheFormat) {
         const char* name;
         std::vector<std::string> extra;
         const char* start;
-        unsigned bmpSize;  // 0: not a bitmap
+        char bits;  // at byte 28 of a bitmap; the layout itself is the core's to test
     } cases[] = {
         {"a.png", {}, "\x89PNG", 0},
-        {"a.BMP", {}, "BM", 54 + 612 * 200},                  // 609 padded to 612
-        {"b.bmp", {"--depth", "8"}, "BM", 1078 + 204 * 200},  // 203 padded to 204
+        {"a.BMP", {}, "BM", 24},
+        {"b.bmp", {"--depth", "8"}, "BM", 8},
         {"a.svg", {}, "<?xml", 0},
         {"a.pdf", {}, "%PDF-", 0},
     };
@@ -49,11 +37,8 @@ TEST(CliImageFormats, TheExtensionChoosesTheFormat) {
         ASSERT_EQ(run.exitCode, 0) << run.out << run.err;
         const std::string file = contents(dir + c.name);
         EXPECT_EQ(file.rfind(c.start, 0), 0u);
-        if (c.bmpSize != 0) {
-            EXPECT_EQ(file.size(), c.bmpSize);
-            EXPECT_EQ(le32(file, 2), c.bmpSize);
-            EXPECT_EQ(le32(file, 18), 203u);
-        }
+        // The width is 203: --size reaches the picture.
+        EXPECT_TRUE(c.bits == 0 || (file.at(28) == c.bits && file.at(18) == char(203)));
     }
 }
 

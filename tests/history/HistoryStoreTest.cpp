@@ -64,17 +64,23 @@ TEST(HistoryStoreTest, AnEntryTheFileCannotHoldIsNotRecorded) {
     EXPECT_EQ(store.entries().at(0).formula, "cos(x)");
 }
 
-TEST(HistoryStoreTest, OverCapacityDropsOldestOfTheSameFormulaNotTheTail) {
-    HistoryStore store;
-    for (int i = 1; i <= HistoryStore::kCapacity; ++i) {
-        store.addLoadedEntry(twoD(named("f", i % 50), i));
-    }
-    // The tail is f0:200; the formula f7 appears at 7, 57, 107, 157 in load order.
+// A full store makes room in the new entry's own formula run when it has one, else at the tail.
+TEST(HistoryStoreTest, OverCapacityDropsFromTheFormulasRunOrTheTail) {
+    const auto full = [](auto formulaOf, bool loaded) {
+        HistoryStore store;
+        for (int i = 1; i <= HistoryStore::kCapacity; ++i) {
+            loaded ? (void)store.addLoadedEntry(twoD(formulaOf(i), i))
+                   : (void)store.addNewEntry(twoD(formulaOf(i), i));
+        }
+        return store;
+    };
+    // The tail is f0:200; f7 is at 7, 57, 107, 157 in load order. The run after the new entry
+    // held only f7:7, so that one goes; the later f7 entries stay.
+    HistoryStore store = full([](int i) { return named("f", i % 50); }, true);
     ASSERT_TRUE(store.addNewEntry(twoD("f7", 1000)));
     ASSERT_EQ(store.size(), HistoryStore::kCapacity);
     EXPECT_EQ(store.entries().back().xEnd, "200");
     EXPECT_EQ(store.entries()[6].xEnd, "1000");
-    // The run after the new entry held only f7:7, so that one went; the later f7 entries stay.
     std::vector<std::string> f7;
     for (const HistoryEntry& e : store.entries()) {
         if (e.formula == "f7") {
@@ -82,26 +88,14 @@ TEST(HistoryStoreTest, OverCapacityDropsOldestOfTheSameFormulaNotTheTail) {
         }
     }
     EXPECT_EQ(f7, (std::vector<std::string>{"1000", "57", "107", "157"}));
-    EXPECT_EQ(store.twoDCount(), HistoryStore::kCapacity);
-}
-
-TEST(HistoryStoreTest, OverCapacityGroupedRunLosesItsLastEntry) {
-    HistoryStore store;
-    for (int i = 1; i <= HistoryStore::kCapacity; ++i) {
-        store.addNewEntry(twoD(i <= 3 ? "g" : named("h", i), i));
-    }
-    // The three g entries are grouped at the tail end, newest first: g:3 g:2 g:1.
+    // Three g entries grouped at the tail, newest first: the run loses its last entry.
+    store = full([](int i) { return i <= 3 ? std::string("g") : named("h", i); }, false);
     store.addNewEntry(twoD("g", 99));
     const std::vector<std::string> all = formulasAndEnds(store);
-    const std::vector<std::string> tail(all.end() - 3, all.end());
-    EXPECT_EQ(tail, (std::vector<std::string>{"g:99", "g:3", "g:2"}));
-}
-
-TEST(HistoryStoreTest, NewFormulaOverCapacityDropsTheTail) {
-    HistoryStore store;
-    for (int i = 1; i <= HistoryStore::kCapacity; ++i) {
-        store.addLoadedEntry(twoD(named("f", i), 1));
-    }
+    EXPECT_EQ(std::vector<std::string>(all.end() - 3, all.end()),
+              (std::vector<std::string>{"g:99", "g:3", "g:2"}));
+    // A new formula drops the tail, and the counters follow.
+    store = full([](int i) { return named("f", i); }, true);
     store.addNewEntry({"x*y", "-1", "1", "-1", "1", kSectionY});
     EXPECT_EQ(store.size(), HistoryStore::kCapacity);
     EXPECT_EQ(store.entries().front().formula, "x*y");

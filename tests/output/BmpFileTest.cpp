@@ -8,14 +8,13 @@
 #include <string>
 #include <vector>
 
-#include <unistd.h>
-
 #include <gtest/gtest.h>
 
 #include "output/BmpExport.h"
 #include "output/BmpLayout.h"
 #include "output/BmpPixels.h"
 #include "output/Palette256.h"
+#include "tests/support/TempDirectory.h"
 
 namespace curvemill {
 namespace {
@@ -69,7 +68,7 @@ TEST(BmpLayout, RowsArePaddedToFourBytes) {
     }
 }
 
-// Every header field against the layout table, for both depths.
+// The sizes, offsets and depth in the header, for both depths.
 TEST(BmpLayout, HeaderFieldsFollowTheLayout) {
     for (const int bits : {24, 8}) {
         SCOPED_TRACE(bits);
@@ -77,30 +76,14 @@ TEST(BmpLayout, HeaderFieldsFollowTheLayout) {
         const std::string file = encodeBmp(picture.pixels(), bits);
         const std::uint32_t palette = bits == 8 ? 1024 : 0;
         const std::uint32_t image = bits == 8 ? 4 * 2 : 12 * 2;
-        const struct {
-            std::size_t at;
-            int size;
-            std::uint32_t value;
-        } fields[] = {{2, 4, image + palette + 54},
-                      {6, 4, 0},
-                      {10, 4, palette + 54},
-                      {14, 4, 40},
-                      {18, 4, 3},
-                      {22, 4, 2},
-                      {26, 2, 1},
-                      {28, 2, static_cast<std::uint32_t>(bits)},
-                      {30, 4, 0},
-                      {34, 4, image},
-                      {38, 4, 0},
-                      {42, 4, 0},
-                      {46, 4, bits == 8 ? 256u : 0u},
-                      {50, 4, 0}};
+        // The rest of the header is read back by an image reader in the output files test.
         ASSERT_EQ(file.size(), image + palette + 54);
         EXPECT_EQ(file.substr(0, 2), "BM");
-        for (const auto& field : fields) {
-            SCOPED_TRACE(field.at);
-            EXPECT_EQ(le(file, field.at, field.size), field.value);
-        }
+        EXPECT_EQ(le(file, 2, 4), file.size());
+        EXPECT_EQ(le(file, 10, 4), palette + 54);
+        EXPECT_EQ(le(file, 28, 2), static_cast<std::uint32_t>(bits));
+        EXPECT_EQ(le(file, 34, 4), image);
+        EXPECT_EQ(le(file, 46, 4), bits == 8 ? 256u : 0u);
     }
 }
 
@@ -131,13 +114,7 @@ TEST(Palette256, EntriesMapToThemselvesAndAnyColourToTheClosest) {
 
 class BmpExportTest : public ::testing::Test {
   protected:
-    void SetUp() override {
-        folder_ = std::filesystem::path(::testing::TempDir()) /
-                  ("bmp_export_" + std::to_string(::getpid()));
-        std::filesystem::create_directories(folder_);
-        path_ = folder_ / "Graph.bmp";
-    }
-    void TearDown() override { std::filesystem::remove_all(folder_); }
+    void SetUp() override { path_ = folder_.path() / "Graph.bmp"; }
 
     ExportOutcome run(int bits, int cancelAt = -1) {
         BmpExportSteps steps;
@@ -152,7 +129,7 @@ class BmpExportTest : public ::testing::Test {
         return exportBmp(path_.string(), bits, steps);
     }
 
-    std::filesystem::path folder_;
+    testing::TempDirectory folder_;
     std::filesystem::path path_;
     Picture picture_ = testPicture(5, 4);
     std::atomic<bool> cancel_{false};
@@ -194,7 +171,7 @@ TEST_F(BmpExportTest, FailuresLeaveNoPictureBehind) {
     EXPECT_EQ(std::filesystem::file_size(path_), 0u);
     // A folder that does not exist: nothing is written anywhere.
     steps.makePicture = [this] { return picture_.pixels(); };
-    const auto missing = folder_ / "none" / "Graph.bmp";
+    const auto missing = folder_.path() / "none" / "Graph.bmp";
     EXPECT_EQ(exportBmp(missing.string(), 8, steps), ExportOutcome::Failed);
     EXPECT_FALSE(std::filesystem::exists(missing));
 }

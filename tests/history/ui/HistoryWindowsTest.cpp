@@ -7,6 +7,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <QToolTip>
 #include <QTreeWidget>
 #include <QtTest>
 #include <filesystem>
@@ -110,6 +111,33 @@ class HistoryWindowsTest : public QObject {
         }
         QCOMPARE(shownHeaders, headers);
         QCOMPARE(shownRow, firstRow);
+    }
+
+    // Hovering a row shows its whole entry, the Y range too for two-range entries; off the rows,
+    // nothing.
+    void listRowsShowTheirEntryAsTooltip() {
+        const std::pair<HistoryWindow::Style, QString> cases[] = {
+            {HistoryWindow::Style::TextList, u"(sin(2*x))  From:-3  To:3"_s},
+            {HistoryWindow::Style::ReportList, u"(x*y)  From:-1  To:1  Y From:-1  To:1"_s}};
+        for (const auto& [style, tip] : cases) {
+            HistoryWindow window(style, store_, reporter_, dir_);
+            window.setShownKind(style == HistoryWindow::Style::TextList ? EntryKind::TwoD
+                                                                        : EntryKind::ThreeD);
+            window.show();
+            QWidget* area = window.view()->mouseArea();
+            const auto hover = [&window, area](int row) {
+                QPoint at(5, 0);
+                while (at.y() < area->height() && window.view()->rowAt(at) != row) {
+                    at.ry() += 1;
+                }
+                QHelpEvent event(QEvent::ToolTip, at, area->mapToGlobal(at));
+                QApplication::sendEvent(area, &event);
+            };
+            hover(window.view()->rowCount() - 1);
+            QCOMPARE(QToolTip::text(), tip);
+            hover(-1);
+            QTRY_VERIFY(QToolTip::text().isEmpty());
+        }
     }
 
     void selectionGreysAndEnablesItemCommands() {

@@ -48,149 +48,143 @@ QStringList otherList(const QWidget& dialog) {
 class SaveToFileDialogTest : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void sizeTextFollowsEveryChoice_data();
-    void sizeTextFollowsEveryChoice();
-    void listsFollowTheSource();
-    void writesInStagesAndRemembersTheName();
-    void cancelWhileWritingLeavesAnEmptyFile();
-    void otherFormatsAndACancelledSaveDialog();
+
+    void sizeTextFollowsEveryChoice_data() {
+        QTest::addColumn<int>("source");
+        QTest::addColumn<int>("compression");
+        QTest::addColumn<int>("size");
+        QTest::addColumn<int>("other");
+        QTest::addColumn<QString>("text");
+        using namespace save_ids;
+        // The sizes come from the export choices; a row per source shows the dialog passes its
+        // choices on. 101 pixels at 8 bits are 101 bytes, padded to 104; at 24 bits 303, to 304.
+        QTest::newRow("screen 8 bits")
+            << kCurrentScreen << kEightBits << kAsIs << 0 << QStringLiteral("6278 Bytes");
+        QTest::newRow("document 25%")
+            << kDocument << kFullColour << kOther << 0 << QStringLiteral("3854 Bytes");
+        QTest::newRow("selection 400%")
+            << kCurrentSelection << kFullColour << kOther << 2 << QStringLiteral("29814 Bytes");
+        QTest::newRow("selection fitted 8 bits")
+            << kCurrentSelection << kEightBits << kFitToScreen << 0 << QStringLiteral("5078 Bytes");
+    }
+
+    void sizeTextFollowsEveryChoice() {
+        QFETCH(int, source);
+        QFETCH(int, compression);
+        QFETCH(int, size);
+        QFETCH(int, other);
+        QFETCH(QString, text);
+        SaveToFileDialog dialog(picture());
+        dialog.show();
+        choose(dialog, source);
+        choose(dialog, compression);
+        choose(dialog, size);
+        control<QComboBox>(dialog, save_ids::kOtherList)->setCurrentIndex(other);
+        QCOMPARE(sizeText(dialog), text);
+    }
+
+    void listsFollowTheSource() {
+        SaveToFileDialog dialog(picture());
+        dialog.show();
+        QCOMPARE(otherList(dialog), (QStringList{"150%", "200%", "400%"}));
+        QVERIFY(!control(dialog, save_ids::kOtherList)->isEnabled());
+        choose(dialog, save_ids::kOther);
+        QVERIFY(control(dialog, save_ids::kOtherList)->isEnabled());
+        control<QComboBox>(dialog, save_ids::kOtherList)->setCurrentIndex(2);
+        choose(dialog, save_ids::kDocument);
+        QCOMPARE(otherList(dialog), (QStringList{"25%", "50%", "75%"}));
+        // The place in the list is kept: 400 % became 75 %.
+        QCOMPARE(dialog.scale(), 0.75);
+        choose(dialog, save_ids::kCurrentSelection);
+        QCOMPARE(otherList(dialog), (QStringList{"150%", "200%", "400%"}));
+        QCOMPARE(dialog.scale(), 4.0);
+
+        // Nothing selected: that source cannot be chosen.
+        SaveToFileDialog plain(picture(false));
+        QVERIFY(!control(plain, save_ids::kCurrentSelection)->isEnabled());
+        QVERIFY(control<QRadioButton>(plain, save_ids::kCurrentScreen)->isChecked());
+        QVERIFY(control<QPushButton>(plain, save_ids::kOk)->isDefault());
+    }
+
+    void writesInStagesAndRemembersTheName() {
+        QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("chosen.bmp"));
+        SaveToFileDialog dialog(picture());
+        QString offered;
+        dialog.setFileNameChooser([&](const QString& suggested) {
+            offered = suggested;
+            return path;
+        });
+        std::vector<int> stages;
+        std::vector<int> barValues;
+        bool locked = true;
+        dialog.setProgressObserver([&](int percent) {
+            stages.push_back(percent);
+            barValues.push_back(control<QProgressBar>(dialog, save_ids::kProgress)->value());
+            // Nothing can be changed while the file is written.
+            locked = locked && !control(dialog, save_ids::kOk)->isEnabled() &&
+                     !control(dialog, save_ids::kDocument)->isEnabled();
+        });
+        dialog.show();
+        choose(dialog, save_ids::kEightBits);
+        const QString shown = sizeText(dialog);
+        QTest::mouseClick(control<QPushButton>(dialog, save_ids::kOk), Qt::LeftButton);
+        QCOMPARE(offered, QStringLiteral("Graph.bmp"));
+        QCOMPARE(stages, (std::vector<int>{10, 20, 30, 40, 50, 100}));
+        QCOMPARE(barValues, stages);
+        QVERIFY(locked);
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        QCOMPARE(dialog.lastOutcome(), ExportOutcome::Written);
+        QCOMPARE(dialog.fileName(), path);
+        QCOMPARE(QString::number(QFile(path).size()) + QStringLiteral(" Bytes"), shown);
+        const QImage back(path);
+        QCOMPARE(back.size(), QSize(101, 50));
+        QCOMPARE(back.pixelColor(50, 25), QColor(Qt::green));  // the screen as shown
+    }
+
+    void cancelWhileWritingLeavesAnEmptyFile() {
+        QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("Graph.bmp"));
+        SaveToFileDialog dialog(picture());
+        dialog.setFileNameChooser([&](const QString&) { return path; });
+        std::vector<int> stages;
+        dialog.setProgressObserver([&](int percent) {
+            stages.push_back(percent);
+            if (percent == 30) {
+                QTest::mouseClick(control<QPushButton>(dialog, save_ids::kCancel), Qt::LeftButton);
+            }
+        });
+        dialog.show();
+        QTest::mouseClick(control<QPushButton>(dialog, save_ids::kOk), Qt::LeftButton);
+        QCOMPARE(stages, (std::vector<int>{10, 20, 30}));
+        QCOMPARE(dialog.lastOutcome(), ExportOutcome::Cancelled);
+        QCOMPARE(dialog.result(), int(QDialog::Rejected));
+        QVERIFY(QFile::exists(path));
+        QCOMPARE(QFile(path).size(), 0);
+    }
+
+    void otherFormatsAndACancelledSaveDialog() {
+        QTemporaryDir folder;
+        const QString png = folder.filePath(QStringLiteral("graph.png"));
+        SaveToFileDialog dialog(picture());
+        dialog.setFileNameChooser([&](const QString&) { return png; });
+        dialog.show();
+        choose(dialog, save_ids::kOther);
+        control<QComboBox>(dialog, save_ids::kOtherList)->setCurrentIndex(1);
+        QTest::mouseClick(control<QPushButton>(dialog, save_ids::kOk), Qt::LeftButton);
+        const QImage back(png, "PNG");
+        QCOMPARE(back.size(), QSize(202, 100));  // drawn again at 200 %
+        QCOMPARE(back.pixelColor(150, 50), QColor(Qt::blue));
+
+        SaveToFileDialog cancelled(picture());
+        cancelled.setFileNameChooser([](const QString&) { return QString(); });
+        cancelled.show();
+        QTest::mouseClick(control<QPushButton>(cancelled, save_ids::kOk), Qt::LeftButton);
+        QCOMPARE(cancelled.result(), int(QDialog::Rejected));
+        QCOMPARE(cancelled.lastOutcome(), ExportOutcome::Cancelled);
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{"graph.png"});
+    }
 };
-
-void SaveToFileDialogTest::sizeTextFollowsEveryChoice_data() {
-    QTest::addColumn<int>("source");
-    QTest::addColumn<int>("compression");
-    QTest::addColumn<int>("size");
-    QTest::addColumn<int>("other");
-    QTest::addColumn<QString>("text");
-    using namespace save_ids;
-    // The sizes come from the export choices; a row per source shows the dialog passes its
-    // choices on. 101 pixels at 8 bits are 101 bytes, padded to 104; at 24 bits 303, to 304.
-    QTest::newRow("screen 8 bits")
-        << kCurrentScreen << kEightBits << kAsIs << 0 << QStringLiteral("6278 Bytes");
-    QTest::newRow("document 25%") << kDocument << kFullColour << kOther << 0
-                                  << QStringLiteral("3854 Bytes");
-    QTest::newRow("selection 400%")
-        << kCurrentSelection << kFullColour << kOther << 2 << QStringLiteral("29814 Bytes");
-    QTest::newRow("selection fitted 8 bits")
-        << kCurrentSelection << kEightBits << kFitToScreen << 0 << QStringLiteral("5078 Bytes");
-}
-
-void SaveToFileDialogTest::sizeTextFollowsEveryChoice() {
-    QFETCH(int, source);
-    QFETCH(int, compression);
-    QFETCH(int, size);
-    QFETCH(int, other);
-    QFETCH(QString, text);
-    SaveToFileDialog dialog(picture());
-    dialog.show();
-    choose(dialog, source);
-    choose(dialog, compression);
-    choose(dialog, size);
-    control<QComboBox>(dialog, save_ids::kOtherList)->setCurrentIndex(other);
-    QCOMPARE(sizeText(dialog), text);
-}
-
-void SaveToFileDialogTest::listsFollowTheSource() {
-    SaveToFileDialog dialog(picture());
-    dialog.show();
-    QCOMPARE(otherList(dialog), (QStringList{"150%", "200%", "400%"}));
-    QVERIFY(!control(dialog, save_ids::kOtherList)->isEnabled());
-    choose(dialog, save_ids::kOther);
-    QVERIFY(control(dialog, save_ids::kOtherList)->isEnabled());
-    control<QComboBox>(dialog, save_ids::kOtherList)->setCurrentIndex(2);
-    choose(dialog, save_ids::kDocument);
-    QCOMPARE(otherList(dialog), (QStringList{"25%", "50%", "75%"}));
-    // The place in the list is kept: 400 % became 75 %.
-    QCOMPARE(dialog.scale(), 0.75);
-    choose(dialog, save_ids::kCurrentSelection);
-    QCOMPARE(otherList(dialog), (QStringList{"150%", "200%", "400%"}));
-    QCOMPARE(dialog.scale(), 4.0);
-
-    // Nothing selected: that source cannot be chosen.
-    SaveToFileDialog plain(picture(false));
-    QVERIFY(!control(plain, save_ids::kCurrentSelection)->isEnabled());
-    QVERIFY(control<QRadioButton>(plain, save_ids::kCurrentScreen)->isChecked());
-    QVERIFY(control<QPushButton>(plain, save_ids::kOk)->isDefault());
-}
-
-void SaveToFileDialogTest::writesInStagesAndRemembersTheName() {
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("chosen.bmp"));
-    SaveToFileDialog dialog(picture());
-    QString offered;
-    dialog.setFileNameChooser([&](const QString& suggested) {
-        offered = suggested;
-        return path;
-    });
-    std::vector<int> stages;
-    std::vector<int> barValues;
-    bool locked = true;
-    dialog.setProgressObserver([&](int percent) {
-        stages.push_back(percent);
-        barValues.push_back(control<QProgressBar>(dialog, save_ids::kProgress)->value());
-        // Nothing can be changed while the file is written.
-        locked = locked && !control(dialog, save_ids::kOk)->isEnabled() &&
-                 !control(dialog, save_ids::kDocument)->isEnabled();
-    });
-    dialog.show();
-    choose(dialog, save_ids::kEightBits);
-    const QString shown = sizeText(dialog);
-    QTest::mouseClick(control<QPushButton>(dialog, save_ids::kOk), Qt::LeftButton);
-    QCOMPARE(offered, QStringLiteral("Graph.bmp"));
-    QCOMPARE(stages, (std::vector<int>{10, 20, 30, 40, 50, 100}));
-    QCOMPARE(barValues, stages);
-    QVERIFY(locked);
-    QCOMPARE(dialog.result(), int(QDialog::Accepted));
-    QCOMPARE(dialog.lastOutcome(), ExportOutcome::Written);
-    QCOMPARE(dialog.fileName(), path);
-    QCOMPARE(QString::number(QFile(path).size()) + QStringLiteral(" Bytes"), shown);
-    const QImage back(path);
-    QCOMPARE(back.size(), QSize(101, 50));
-    QCOMPARE(back.pixelColor(50, 25), QColor(Qt::green));  // the screen as shown
-}
-
-void SaveToFileDialogTest::cancelWhileWritingLeavesAnEmptyFile() {
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("Graph.bmp"));
-    SaveToFileDialog dialog(picture());
-    dialog.setFileNameChooser([&](const QString&) { return path; });
-    std::vector<int> stages;
-    dialog.setProgressObserver([&](int percent) {
-        stages.push_back(percent);
-        if (percent == 30) {
-            QTest::mouseClick(control<QPushButton>(dialog, save_ids::kCancel), Qt::LeftButton);
-        }
-    });
-    dialog.show();
-    QTest::mouseClick(control<QPushButton>(dialog, save_ids::kOk), Qt::LeftButton);
-    QCOMPARE(stages, (std::vector<int>{10, 20, 30}));
-    QCOMPARE(dialog.lastOutcome(), ExportOutcome::Cancelled);
-    QCOMPARE(dialog.result(), int(QDialog::Rejected));
-    QVERIFY(QFile::exists(path));
-    QCOMPARE(QFile(path).size(), 0);
-}
-
-void SaveToFileDialogTest::otherFormatsAndACancelledSaveDialog() {
-    QTemporaryDir folder;
-    const QString png = folder.filePath(QStringLiteral("graph.png"));
-    SaveToFileDialog dialog(picture());
-    dialog.setFileNameChooser([&](const QString&) { return png; });
-    dialog.show();
-    choose(dialog, save_ids::kOther);
-    control<QComboBox>(dialog, save_ids::kOtherList)->setCurrentIndex(1);
-    QTest::mouseClick(control<QPushButton>(dialog, save_ids::kOk), Qt::LeftButton);
-    const QImage back(png, "PNG");
-    QCOMPARE(back.size(), QSize(202, 100));  // drawn again at 200 %
-    QCOMPARE(back.pixelColor(150, 50), QColor(Qt::blue));
-
-    SaveToFileDialog cancelled(picture());
-    cancelled.setFileNameChooser([](const QString&) { return QString(); });
-    cancelled.show();
-    QTest::mouseClick(control<QPushButton>(cancelled, save_ids::kOk), Qt::LeftButton);
-    QCOMPARE(cancelled.result(), int(QDialog::Rejected));
-    QCOMPARE(cancelled.lastOutcome(), ExportOutcome::Cancelled);
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{"graph.png"});
-}
 
 QTEST_MAIN(SaveToFileDialogTest)
 #include "SaveToFileDialogTest.moc"
