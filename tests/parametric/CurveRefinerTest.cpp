@@ -7,6 +7,7 @@
 
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
+#include "parametric/CurveMeasures.h"
 #include "parametric/CurveRefiner.h"
 #include "parametric/ParameterFormula.h"
 
@@ -130,6 +131,40 @@ TEST(CurveRefiner, TheBudgetAndStopEndTheRunWithWhatItHas) {
     const CurveSampling stopped = refineCurve(rose.at, settings, control);
     EXPECT_TRUE(stopped.stopped);
     EXPECT_EQ(stopped.points.size(), 1U);
+}
+
+}  // namespace
+}  // namespace curvemill
+
+namespace curvemill {
+namespace {
+
+TEST(CurveMeasures, LengthAreaAndSlopeOfKnownCurves) {
+    Curve circle("cos(t)", "sin(t)");
+    const CurveMeasures round = measureCurve(circle.at, 0, 2 * kPi, 1e-10, {});
+    ASSERT_TRUE(round.defined);
+    EXPECT_TRUE(round.closed);
+    EXPECT_NEAR(round.area, kPi, 1e-9);
+    EXPECT_NEAR(round.length, 2 * kPi, 1e-9);
+    const CurveMeasures half = measureCurve(circle.at, 0, kPi, 1e-10, {});
+    EXPECT_FALSE(half.closed);
+    EXPECT_NEAR(half.length, kPi, 1e-9);
+
+    Curve cardioid("1+cos(t)");  // polar: encloses 3 pi / 2
+    double swept = 0;
+    ASSERT_TRUE(sweptArea(cardioid.at, 0, 2 * kPi, 1e-12, swept));
+    EXPECT_NEAR(swept, 1.5 * kPi, 1e-9);
+    EXPECT_NEAR(measureCurve(cardioid.at, 0, 2 * kPi, 1e-10, {}).area, 1.5 * kPi, 1e-8);
+
+    const CurveLocal at = curveLocalAt(circle.at, kPi / 3);
+    ASSERT_TRUE(at.defined && at.hasSlope);
+    EXPECT_NEAR(at.dxdt, -std::sin(kPi / 3), 1e-8);
+    EXPECT_NEAR(at.dydt, std::cos(kPi / 3), 1e-8);
+    EXPECT_NEAR(at.slope, -1 / std::tan(kPi / 3), 1e-7);
+    EXPECT_FALSE(curveLocalAt(circle.at, 0).hasSlope);  // straight up at (1, 0)
+
+    Curve secant("1/cos(t)");
+    EXPECT_FALSE(measureCurve(secant.at, 1, 2, 1e-9, {}).defined);  // a pole inside
 }
 
 }  // namespace
