@@ -1,12 +1,61 @@
 #include "parametric/CurveGraph.h"
 
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
 #include "engine/Formula.h"
 #include "parametric/CurveRefiner.h"
 
 namespace curvemill {
 
-const char* CurveGraph::title() const {
-    return form == CurveForm::Polar ? "r = f(t)" : "x = f(t), y = g(t)";
+std::string CurveGraph::title() const {
+    if (form == CurveForm::Polar) {
+        return "r = " + firstText;
+    }
+    return "x = " + firstText + ", y = " + secondText;
+}
+
+namespace {
+
+// The lowest and highest of `values` that are not far outside their middle 90 %.
+std::pair<double, double> bulkRange(std::vector<double>& values) {
+    const auto at = [&values](double share) {
+        const auto n = static_cast<std::ptrdiff_t>(share * static_cast<double>(values.size() - 1));
+        std::nth_element(values.begin(), values.begin() + n, values.end());
+        return values[static_cast<std::size_t>(n)];
+    };
+    const double low = at(0.05);
+    const double high = at(0.95);
+    const double span = high - low;
+    const auto [least, most] = std::minmax_element(values.begin(), values.end());
+    return {std::max(*least, low - 2 * span), std::min(*most, high + 2 * span)};
+}
+
+}  // namespace
+
+CurveBox viewBox(const std::vector<CurvePoint>& points) {
+    if (points.empty()) {
+        return {};
+    }
+    std::vector<double> xs, ys;
+    xs.reserve(points.size());
+    ys.reserve(points.size());
+    for (const CurvePoint& p : points) {
+        xs.push_back(p.x);
+        ys.push_back(p.y);
+    }
+    CurveBox box;
+    std::tie(box.xMin, box.xMax) = bulkRange(xs);
+    std::tie(box.yMin, box.yMax) = bulkRange(ys);
+    const double size = std::max({box.xMax - box.xMin, box.yMax - box.yMin, 1e-9});
+    for (auto [low, high] : {std::pair{&box.xMin, &box.xMax}, std::pair{&box.yMin, &box.yMax}}) {
+        if (*high - *low < size * 1e-6) {
+            *low -= size / 2;
+            *high += size / 2;
+        }
+    }
+    return box;
 }
 
 bool runCurve(Formula& formula, CurveGraph& graph, const SamplingControl& control) {

@@ -24,9 +24,21 @@ struct CurveGraph {
     bool budgetMet = false;
 
     bool exists() const { return !points.empty(); }
-    // "x = f(t), y = g(t)" or "r = f(t)".
-    const char* title() const;
+    // "x = f(t), y = g(t)" or "r = f(t)" with the formulas as typed.
+    std::string title() const;
 };
+
+struct CurveBox {
+    double xMin = -1.0;
+    double xMax = 1.0;
+    double yMin = -1.0;
+    double yMax = 1.0;
+};
+
+// The box a new view shows: all of the curve, except where it runs off toward infinity (a pole):
+// on each axis the values far beyond the bulk of the points (the middle 90 %) are left out. A
+// curve that is a point or a straight line along an axis gets a box as wide as it is long.
+CurveBox viewBox(const std::vector<CurvePoint>& points);
 
 // The view a first sampling refines for: the curve fitted at equal scales into this many device
 // pixels.

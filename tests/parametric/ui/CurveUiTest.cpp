@@ -1,6 +1,9 @@
 // The curve window as a user drives it: a refusal names its box and leaves the function slots as
-// they were; a run fills the graph and closes the window; Stop keeps the curve on screen.
+// they were; a run fills the graph and closes the window; Stop keeps the curve on screen. The
+// painter: the curve where its formulas put it, equal scales, no line across a pole.
+#include <QImage>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QtTest>
@@ -8,6 +11,9 @@
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
 #include "engine/Preparation.h"
+#include "graph2d/GraphView.h"
+#include "graph2d/ui/GraphPainter.h"
+#include "parametric/ui/CurvePainter.h"
 #include "parametric/ui/CurveWindow.h"
 #include "tests/support/DialogControls.h"
 #include "tests/support/ModalAnswer.h"
@@ -19,7 +25,7 @@ using namespace curvemill::testing;
 using namespace Qt::Literals::StringLiterals;
 namespace ids = curvemill::curve_ids;
 
-class CurveWindowTest : public QObject {
+class CurveUiTest : public QObject {
     Q_OBJECT
 
     Formula formula;
@@ -80,7 +86,53 @@ class CurveWindowTest : public QObject {
         QCOMPARE(formula.evaluate(3.0, kFunctionSlot), 1 + std::cos(3.0));
         QVERIFY(again->isVisible());
     }
+
+    void theCurveIsDrawnWhereItLiesAndNotAcrossAPole() {
+        const auto painted = [this](const char* first, const char* second, double t0, double t1) {
+            auto window = open(second ? CurveForm::Parametric : CurveForm::Polar, first,
+                               second ? second : "");
+            retype(*window, ids::kTBegin, QString::number(t0, 'g', 17));
+            retype(*window, ids::kTEnd, QString::number(t1, 'g', 17));
+            QTest::mouseClick(control<QPushButton>(*window, ids::kOk), Qt::LeftButton);
+            [&] { QTRY_VERIFY(!window->isVisible()); }();
+            GraphView view;
+            setViewSize(view, 600, 500);
+            fitViewToCurve(view, graph);
+            QImage image(600, 500, QImage::Format_ARGB32_Premultiplied);
+            image.fill(Qt::white);
+            QPainter painter(&image);
+            GraphPainter graphPainter;
+            CurvePainter().draw(graphPainter, painter, graph, view, {.arrow = false});
+            return std::pair{image, view};
+        };
+        const auto blueNear = [](const QImage& image, double x, double y) {
+            for (int dy = -1; dy <= 1; ++dy) {
+                for (int dx = -1; dx <= 1; ++dx) {
+                    const QColor c = image.pixelColor(int(x) + dx, int(y) + dy);
+                    if (c.blue() - c.red() > 80 && c.blue() - c.green() > 80) {
+                        return true;
+                    }
+                }
+            }
+            return false;
+        };
+        const auto [circle, round] = painted("cos(t)", "sin(t)", 0, 2 * M_PI);
+        for (int k = 0; k < 24; ++k) {
+            const double t = (k + 0.5) * M_PI / 12;  // off the axes, which are drawn on top
+            QVERIFY2(blueNear(circle, round.toPixelX(std::cos(t)), round.toPixelY(std::sin(t))),
+                     qPrintable(QString::number(t)));
+        }
+        // Equal scales: the circle is as wide as it is high.
+        QCOMPARE(round.toPixelX(1) - round.toPixelX(-1), round.toPixelY(-1) - round.toPixelY(1));
+        QVERIFY(!blueNear(circle, round.toPixelX(0), round.toPixelY(0)));
+
+        // r = 1/cos(t) over the pole at pi/2 is the line x = 1 running up, then up again from far
+        // below: nothing may join the two branches across the middle of the view.
+        const auto [secant, line] = painted("1/cos(t)", nullptr, 1.2, 1.9);
+        QVERIFY(blueNear(secant, line.toPixelX(1), line.toPixelY(2.6)));
+        QVERIFY(!blueNear(secant, line.toPixelX(1), line.toPixelY(0)));
+    }
 };
 
-QTEST_MAIN(CurveWindowTest)
-#include "CurveWindowTest.moc"
+QTEST_MAIN(CurveUiTest)
+#include "CurveUiTest.moc"
