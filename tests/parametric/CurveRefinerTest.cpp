@@ -2,11 +2,13 @@
 // the edge of a stretch without values, straightness to the tolerance, budget and Stop.
 #include <cmath>
 #include <numbers>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
+#include "parametric/CurveCsv.h"
 #include "parametric/CurveMeasures.h"
 #include "parametric/CurveRefiner.h"
 #include "parametric/ParameterFormula.h"
@@ -139,7 +141,7 @@ TEST(CurveRefiner, TheBudgetAndStopEndTheRunWithWhatItHas) {
 namespace curvemill {
 namespace {
 
-TEST(CurveMeasures, LengthAreaAndSlopeOfKnownCurves) {
+TEST(CurveMeasures, LengthAreaSlopeAndRecordsOfKnownCurves) {
     Curve circle("cos(t)", "sin(t)");
     const CurveMeasures round = measureCurve(circle.at, 0, 2 * kPi, 1e-10, {});
     ASSERT_TRUE(round.defined);
@@ -162,6 +164,12 @@ TEST(CurveMeasures, LengthAreaAndSlopeOfKnownCurves) {
     EXPECT_NEAR(at.dydt, std::cos(kPi / 3), 1e-8);
     EXPECT_NEAR(at.slope, -1 / std::tan(kPi / 3), 1e-7);
     EXPECT_FALSE(curveLocalAt(circle.at, 0).hasSlope);  // straight up at (1, 0)
+
+    std::ostringstream csv;
+    writeCurveCsv({{0.5, 1.0 / 3, -2, 1}, {1, 0.1, 1e300, 0}}, csv);
+    EXPECT_EQ(csv.str(),
+              "t,x,y,isBreak\n0.5,0.33333333333333331,-2,1\n1,0.10000000000000001,1."
+              "0000000000000001e+300,0\n");
 
     Curve secant("1/cos(t)");
     EXPECT_FALSE(measureCurve(secant.at, 1, 2, 1e-9, {}).defined);  // a pole inside
