@@ -1,5 +1,7 @@
 #include "parametric/ui/CurveWindow.h"
 
+#include <algorithm>
+
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QEvent>
@@ -7,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
@@ -45,7 +48,6 @@ CurveWindow::CurveWindow(CurveForm form, Formula& formula, CurveGraph& graph, Wo
     // Help tells the two kinds apart by this name.
     setObjectName(polar ? QStringLiteral("PolarCurve") : QStringLiteral("ParametricCurve"));
     buildControls();
-    setHistoryHook({});
     setRunning(false);
 }
 
@@ -147,11 +149,7 @@ void CurveWindow::buildControls() {
         QEvent request(QEvent::HelpRequest);
         QCoreApplication::sendEvent(this, &request);
     });
-    connect(historyButton_, &QPushButton::clicked, this, [this] {
-        if (showPreviousEntries_) {
-            showPreviousEntries_();
-        }
-    });
+    connect(historyButton_, &QPushButton::clicked, this, &CurveWindow::showHistory);
     connect(pointsSpin_, &QSpinBox::valueChanged, this, &CurveWindow::updatePointsLabel);
     connect(pointsSpin_->editor(), &QLineEdit::textChanged, this, &CurveWindow::updatePointsLabel);
     connect(usePrompts_, &QCheckBox::toggled, this, &CurveWindow::applyPrompts);
@@ -165,20 +163,52 @@ void CurveWindow::buildControls() {
     updatePointsLabel();
 }
 
-void CurveWindow::setHistoryHook(std::function<void()> showPreviousEntries) {
-    showPreviousEntries_ = std::move(showPreviousEntries);
-    historyButton_->setEnabled(static_cast<bool>(showPreviousEntries_) && !isRunning());
+void CurveWindow::setHistory(const CurveHistory* history) {
+    history_ = history;
+    historyButton_->setEnabled(hasEntriesOfKind() && !isRunning());
 }
 
-void CurveWindow::setEntry(const CurveInput& input) {
-    firstEdit_->setText(QString::fromStdString(input.first));
-    secondEdit_->setText(QString::fromStdString(input.second));
-    tBeginEdit_->setText(QString::fromStdString(input.tBegin));
-    tEndEdit_->setText(QString::fromStdString(input.tEnd));
+bool CurveWindow::hasEntriesOfKind() const {
+    return history_ != nullptr &&
+           std::any_of(history_->entries.begin(), history_->entries.end(),
+                       [this](const CurveEntry& e) { return e.form == form_; });
 }
 
-CurveInput CurveWindow::currentInput() const {
-    return {firstEdit_->text().toStdString(),
+// A menu under the button, newest first: picking an entry fills the boxes with it.
+void CurveWindow::showHistory() {
+    if (history_ == nullptr) {
+        return;
+    }
+    QMenu menu(this);
+    menu.setObjectName(QStringLiteral("CurveHistoryMenu"));
+    for (const CurveEntry& entry : history_->entries) {
+        if (entry.form != form_) {
+            continue;
+        }
+        CurveGraph shown;
+        shown.form = entry.form;
+        shown.firstText = entry.first;
+        shown.secondText = entry.second;
+        const QString text =
+            QStringLiteral("%1   [%2, %3]")
+                .arg(QString::fromStdString(shown.title()), QString::fromStdString(entry.tBegin),
+                     QString::fromStdString(entry.tEnd));
+        // No access keys from the typed text: an "&" there is part of no formula anyway.
+        QAction* action = menu.addAction(QString(text).replace(u'&', QStringLiteral("&&")));
+        connect(action, &QAction::triggered, this, [this, entry] { setEntry(entry); });
+    }
+    menu.exec(historyButton_->mapToGlobal(QPoint(0, historyButton_->height())));
+}
+
+void CurveWindow::setEntry(const CurveEntry& entry) {
+    firstEdit_->setText(QString::fromStdString(entry.first));
+    secondEdit_->setText(QString::fromStdString(entry.second));
+    tBeginEdit_->setText(QString::fromStdString(entry.tBegin));
+    tEndEdit_->setText(QString::fromStdString(entry.tEnd));
+}
+
+CurveEntry CurveWindow::currentInput() const {
+    return {form_, firstEdit_->text().toStdString(),
             form_ == CurveForm::Polar ? std::string() : secondEdit_->text().toStdString(),
             tBeginEdit_->text().toStdString(), tEndEdit_->text().toStdString()};
 }
@@ -226,7 +256,7 @@ void CurveWindow::setRunning(bool running) {
                                          usePrompts_, pointsSpin_, okButton_, cancelButton_}) {
         input->setEnabled(!running);
     }
-    historyButton_->setEnabled(!running && static_cast<bool>(showPreviousEntries_));
+    historyButton_->setEnabled(!running && hasEntriesOfKind());
     stopButton_->setEnabled(running);
     progress_->setVisible(running);
     if (running) {
@@ -239,7 +269,7 @@ void CurveWindow::accept() {
     if (isRunning() || job_.refuseWhileBusy(kBoxCaption)) {
         return;
     }
-    const CurveInput input = currentInput();
+    const CurveEntry input = currentInput();
     // The function graph's slots stay whole until a run completes in their place.
     const ExpressionSlot first = formula_.slots[kFunctionSlot];
     const ExpressionSlot second = formula_.slots[kSecondFunctionSlot];

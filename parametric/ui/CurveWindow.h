@@ -2,9 +2,6 @@
 // starting points, sampled on the worker; built like the Function dialog.
 #pragma once
 
-#include <functional>
-#include <string>
-
 #include <QDialog>
 
 #include "engine/ExpressionSlot.h"
@@ -13,6 +10,7 @@
 #include "graph2d/SamplingControl.h"
 #include "parametric/CurveEntries.h"
 #include "parametric/CurveGraph.h"
+#include "parametric/CurveHistory.h"
 #include "worker/ui/WindowJob.h"
 
 class QCheckBox;
@@ -45,14 +43,6 @@ inline constexpr int kHistory = 1310;
 inline constexpr int kHelp = 1311;
 }  // namespace curve_ids
 
-// The boxes' texts as they stand.
-struct CurveInput {
-    std::string first;
-    std::string second;
-    std::string tBegin;
-    std::string tEnd;
-};
-
 class CurveWindow : public QDialog, public FailureScope {
     Q_OBJECT
   public:
@@ -61,10 +51,11 @@ class CurveWindow : public QDialog, public FailureScope {
 
     ProcedureName procedureName() const override { return kProcCurveWindow; }
     CurveForm form() const { return form_; }
-    // "History": earlier entries of this kind; without a hook the button is grey.
-    void setHistoryHook(std::function<void()> showPreviousEntries);
-    void setEntry(const CurveInput& input);
-    CurveInput currentInput() const;
+    // "History" lists the earlier entries of this window's kind to pick from; without a history
+    // (or with none of this kind) the button is grey.
+    void setHistory(const CurveHistory* history);
+    void setEntry(const CurveEntry& entry);
+    CurveEntry currentInput() const;
     bool isRunning() const { return job_.running(); }
 
   public Q_SLOTS:
@@ -75,7 +66,7 @@ class CurveWindow : public QDialog, public FailureScope {
 
   Q_SIGNALS:
     // An entry was accepted and its run started: the history records it as typed.
-    void entryAccepted(const CurveInput& input);
+    void entryAccepted(const CurveEntry& entry);
     // The worker has ended; `completed` is false when it was stopped.
     void runFinished(bool completed);
     // A run completed: the curve is to be shown.
@@ -87,11 +78,13 @@ class CurveWindow : public QDialog, public FailureScope {
     void applyPrompts(bool on);
     void setRunning(bool running);
     void finishRun(bool completed);
+    bool hasEntriesOfKind() const;
+    void showHistory();
 
     CurveForm form_;
     Formula& formula_;
     CurveGraph& graph_;
-    std::function<void()> showPreviousEntries_;
+    const CurveHistory* history_ = nullptr;
 
     QLineEdit* tBeginEdit_ = nullptr;
     QLineEdit* tEndEdit_ = nullptr;

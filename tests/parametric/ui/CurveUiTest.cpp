@@ -3,6 +3,7 @@
 // painter: the curve where its formulas put it, equal scales, no line across a pole.
 #include <QImage>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPainter>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -73,6 +74,7 @@ class CurveUiTest : public QObject {
         QCOMPARE(graph.form, CurveForm::Polar);
         QVERIFY(graph.points.size() >= 100000U);
         QCOMPARE(graph.points.front().x, 2.0);  // r(0) = 2 at angle 0
+        QCOMPARE(accepted.at(0).at(0).value<CurveEntry>().first, "1+cos(t)");
 
         const std::size_t before = graph.points.size();
         auto again = open(CurveForm::Parametric, "sin(t)*cos(t)^3+t", "cos(t)*sin(t)^3");
@@ -85,6 +87,29 @@ class CurveUiTest : public QObject {
         QCOMPARE(graph.points.size(), before);
         QCOMPARE(formula.evaluate(3.0, kFunctionSlot), 1 + std::cos(3.0));
         QVERIFY(again->isVisible());
+    }
+
+    void historyOffersTheEntriesOfTheWindowsKind() {
+        CurveHistory history;
+        history.record({CurveForm::Parametric, "cos(t)", "sin(t)", "0", "pi"});
+        history.record({CurveForm::Polar, "1+cos(t)", "", "0", "2*pi"});
+        auto window = open(CurveForm::Parametric, "t", "t");
+        QVERIFY(!control(*window, ids::kHistory)->isEnabled());
+        window->setHistory(&history);
+        QStringList offered;
+        QTimer::singleShot(50, [&offered] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            QVERIFY(menu != nullptr);
+            for (const QAction* action : menu->actions()) {
+                offered << action->text();
+            }
+            menu->actions().front()->trigger();
+            menu->close();
+        });
+        QTest::mouseClick(control<QPushButton>(*window, ids::kHistory), Qt::LeftButton);
+        QCOMPARE(offered, QStringList{u"x = cos(t), y = sin(t)   [0, pi]"_s});
+        QCOMPARE(control<QLineEdit>(*window, ids::kSecondFormula)->text(), u"sin(t)"_s);
+        QCOMPARE(control<QLineEdit>(*window, ids::kTEnd)->text(), u"pi"_s);
     }
 
     void theCurveIsDrawnWhereItLiesAndNotAcrossAPole() {
