@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QtTest>
@@ -15,6 +16,7 @@
 #include "graph2d/GraphView.h"
 #include "graph2d/ui/GraphPainter.h"
 #include "parametric/ui/CurvePainter.h"
+#include "parametric/ui/CurveToolDialogs.h"
 #include "parametric/ui/CurveWindow.h"
 #include "tests/support/DialogControls.h"
 #include "tests/support/ModalAnswer.h"
@@ -87,6 +89,36 @@ class CurveUiTest : public QObject {
         QCOMPARE(graph.points.size(), before);
         QCOMPARE(formula.evaluate(3.0, kFunctionSlot), 1 + std::cos(3.0));
         QVERIFY(again->isVisible());
+    }
+
+    void mathToolsMeasureTheCurveOnScreen() {
+        auto window = open(CurveForm::Parametric, "cos(t)", "sin(t)");
+        QTest::mouseClick(control<QPushButton>(*window, ids::kOk), Qt::LeftButton);
+        QTRY_VERIFY(!window->isVisible());
+        namespace tool = curvemill::curve_tool_ids;
+
+        CurveMathDialog math(formula, graph, worker);
+        math.show();
+        QTest::mouseClick(control<QPushButton>(math, tool::kOk), Qt::LeftButton);
+        const auto result = [&math] {
+            return control<QPlainTextEdit>(math, tool::kResult)->toPlainText();
+        };
+        QTRY_VERIFY(!result().isEmpty());
+        QVERIFY2(result().startsWith(u"length=6.28318530717"_s), qPrintable(result()));
+        QVERIFY2(result().contains(u"\narea=3.1415926535"_s), qPrintable(result()));
+
+        CurveInformationDialog information(formula, graph);
+        information.show();
+        retype(information, tool::kT, u"pi/3"_s);
+        QTest::mouseClick(control<QPushButton>(information, tool::kOk), Qt::LeftButton);
+        const QString read = control<QPlainTextEdit>(information, tool::kResult)->toPlainText();
+        QVERIFY2(read.startsWith(u"x=0.5\ny=0.866025403784439\ndx/dt=-0.86602540"_s),
+                 qPrintable(read));
+        ModalAnswer outside;
+        retype(information, tool::kT, u"7"_s);
+        QTest::mouseClick(control<QPushButton>(information, tool::kOk), Qt::LeftButton);
+        QTRY_VERIFY(outside.seen);
+        QCOMPARE(outside.text, QString::fromLatin1(curve_messages::kTOutside));
     }
 
     void historyOffersTheEntriesOfTheWindowsKind() {
