@@ -32,6 +32,8 @@ inline constexpr char kProcListMouseHook[] = "List Mouse Hook Procedure";
 inline constexpr char kProcMouseHook[] = "Mouse Hook Procedure";
 inline constexpr char kProcThreeDRotationDialog[] = "3D Rotation Dialog Procedure";
 inline constexpr char kProcThreeDGrid[] = "ThreeD Grid Procedure";
+// Our own window, for the parametric and polar curves.
+inline constexpr char kProcCurveWindow[] = "Curve Window Procedure";
 
 // The demonstration command's name: recognised by identity, so a window that happened to be
 // called "TEST" would still get the ordinary message.

@@ -23,6 +23,9 @@ TitleText makeTitle(TitleGraph shown, const std::string& formula, const std::str
         case TitleGraph::kSurface:
             title.firstLine = "Z = " + formula;
             return title;
+        case TitleGraph::kAsGiven:
+            title.firstLine = formula;
+            return title;
     }
     return title;
 }

@@ -10,6 +10,8 @@ enum class TitleGraph {
     kFunction,
     kEquation,
     kSurface,
+    // A title composed elsewhere (the parametric and polar curves), written as it is.
+    kAsGiven,
 };
 
 struct TitleText {

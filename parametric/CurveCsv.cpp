@@ -1,0 +1,24 @@
+#include "parametric/CurveCsv.h"
+
+#include <cstdio>
+#include <string>
+
+namespace curvemill {
+
+void writeCurveCsv(const std::vector<CurvePoint>& points, std::ostream& out) {
+    std::string text = "t,x,y,isBreak\n";
+    char line[100];
+    for (const CurvePoint& p : points) {
+        const int n =
+            std::snprintf(line, sizeof line, "%.17g,%.17g,%.17g,%d\n", p.t, p.x, p.y, p.isBreak);
+        text.append(line, static_cast<std::size_t>(n));
+        // Written in pieces: a curve of a million points need not be held twice.
+        if (text.size() > (1u << 20)) {
+            out << text;
+            text.clear();
+        }
+    }
+    out << text;
+}
+
+}  // namespace curvemill

@@ -1,0 +1,154 @@
+#include "parametric/ui/CurvePainter.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include "graph2d/GraphView.h"
+#include "graph2d/TwoDGraph.h"
+#include "graph2d/ui/GraphPainter.h"
+#include "graph2d/ui/GraphPens.h"
+
+namespace curvemill {
+
+namespace {
+
+// Points closer than this (in target pixels) to the last one drawn add nothing to the line.
+constexpr double kSkipPixels = 0.3;
+// How far beyond the plotting area a line is followed before it is cut: a zoomed-in view can put
+// points millions of pixels away, where the painter loses precision.
+constexpr double kOutside = 64.0;
+// The arrow's length and half-width in layout pixels.
+constexpr double kArrowLength = 9.0;
+constexpr double kArrowHalfWidth = 4.0;
+
+// Cuts the segment a-b to `box` (Liang-Barsky); false when nothing of it is inside.
+bool clipToBox(QPointF& a, QPointF& b, const QRectF& box) {
+    const double dx = b.x() - a.x(), dy = b.y() - a.y();
+    double t0 = 0, t1 = 1;
+    const double p[4] = {-dx, dx, -dy, dy};
+    const double q[4] = {a.x() - box.left(), box.right() - a.x(), a.y() - box.top(),
+                         box.bottom() - a.y()};
+    for (int k = 0; k < 4; ++k) {
+        if (p[k] == 0) {
+            if (q[k] < 0) {
+                return false;
+            }
+            continue;
+        }
+        const double r = q[k] / p[k];
+        if (p[k] < 0) {
+            t0 = std::max(t0, r);
+        } else {
+            t1 = std::min(t1, r);
+        }
+    }
+    if (t0 > t1) {
+        return false;
+    }
+    const QPointF from = a;
+    a = from + t0 * QPointF(dx, dy);
+    b = from + t1 * QPointF(dx, dy);
+    return true;
+}
+
+void drawArrow(QPainter& painter, const CurveGraph& graph, const GraphView& view, double scale) {
+    const std::vector<CurvePoint>& points = graph.points;
+    const QPointF start(view.toPixelX(points.front().x), view.toPixelY(points.front().y));
+    // The direction is taken over a few pixels of the curve, not the first tiny step.
+    for (std::size_t n = 1; n < points.size() && !points[n].isBreak; ++n) {
+        const QPointF next(view.toPixelX(points[n].x), view.toPixelY(points[n].y));
+        const QPointF d = next - start;
+        const double length = std::hypot(d.x(), d.y());
+        if (length < 3 * scale) {
+            continue;
+        }
+        const QPointF along = d / length;
+        const QPointF across(-along.y(), along.x());
+        const QPointF tip = start + along * kArrowLength * scale;
+        QPainterPath head;
+        head.moveTo(tip);
+        head.lineTo(start + across * kArrowHalfWidth * scale);
+        head.lineTo(start - across * kArrowHalfWidth * scale);
+        head.closeSubpath();
+        painter.fillPath(head, graph_colors::kMainFunction);
+        return;
+    }
+}
+
+}  // namespace
+
+void fitViewToCurve(GraphView& view, const CurveGraph& graph) {
+    const CurveBox box = viewBox(graph.points);
+    setViewRanges(view, box.xMin, box.xMax, box.yMin, box.yMax, true);
+}
+
+void CurvePainter::draw(GraphPainter& graphPainter, QPainter& painter, const CurveGraph& graph,
+                        GraphView& view, const CurveLook& look) {
+    // The 2D painter draws no function curve under this one.
+    static const TwoDGraph kNoCurves;
+    GraphExtras extras;
+    extras.titleGraph = TitleGraph::kAsGiven;
+    extras.otherTitleText = graph.title();
+    extras.labels = look.labels;
+    extras.afterCurves = [this, &graph, &look](QPainter& target, const GraphView& pixels) {
+        if (!graph.exists()) {
+            return;
+        }
+        target.save();
+        target.setRenderHint(QPainter::Antialiasing, pixels.smoothLines);
+        target.setPen(QPen(graph_colors::kMainFunction, std::max(1.0, pixels.pixelRatio),
+                           Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        target.setClipRect(
+            QRectF(pixels.left, pixels.top, pixels.visibleWidth(), pixels.visibleHeight()));
+        const QRectF box(pixels.left - kOutside, pixels.top - kOutside,
+                         pixels.visibleWidth() + 2 * kOutside,
+                         pixels.visibleHeight() + 2 * kOutside);
+        const auto flush = [this, &target] {
+            if (run_.size() >= 2) {
+                target.drawPolyline(run_.data(), static_cast<int>(run_.size()));
+            }
+            run_.clear();
+        };
+        run_.clear();
+        QPointF previous;
+        for (std::size_t n = 0; n < graph.points.size(); ++n) {
+            const CurvePoint& p = graph.points[n];
+            const QPointF here(pixels.toPixelX(p.x), pixels.toPixelY(p.y));
+            if (n > 0 && !p.isBreak) {
+                QPointF a = previous, b = here;
+                if (!clipToBox(a, b, box)) {
+                    flush();
+                } else {
+                    if (run_.empty() || a != previous) {
+                        flush();
+                        run_.push_back(a);
+                    }
+                    const QPointF d = b - run_.back();
+                    // The segment's end is kept even when close: the run must end where the
+                    // curve leaves the box or breaks.
+                    if (std::fabs(d.x()) + std::fabs(d.y()) >= kSkipPixels || b != here ||
+                        n + 1 == graph.points.size() || graph.points[n + 1].isBreak) {
+                        run_.push_back(b);
+                    }
+                    if (b != here) {
+                        flush();
+                    }
+                }
+            } else {
+                flush();
+            }
+            previous = here;
+        }
+        flush();
+        if (look.arrow) {
+            drawArrow(target, graph, pixels, std::max(1.0, pixels.pixelRatio));
+        }
+        target.restore();
+    };
+    graphPainter.draw(painter, kNoCurves, view, extras);
+}
+
+}  // namespace curvemill
