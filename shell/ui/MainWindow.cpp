@@ -121,6 +121,7 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     rotation_ = new RotationCommands(
         parts_.surface, *graphArea_->canvas(), [this] { return kind_ == GraphKind::Surface3D; },
         this);
+    connect(graphArea_, &GraphArea::viewChanging, rotation_, &RotationCommands::stopAnimation);
     // A large surface is drawn over several frames; the status says how far it has come.
     SurfaceRedraw& redraw = graphArea_->canvas()->surfaceRedraw();
     connect(&redraw, &SurfaceRedraw::sliceDrawn, status_, [this](int percent) {
@@ -255,6 +256,7 @@ SurfaceComputation& MainWindow::surfaceComputation() {
 }
 
 void MainWindow::setKind(GraphKind kind) {
+    graphArea_->beforeViewChange();
     const bool changed = kind != kind_;
     kind_ = kind;
     graphArea_->canvas()->setKind(kind);
@@ -266,7 +268,6 @@ void MainWindow::setKind(GraphKind kind) {
 // The blank graph area stays until the run ends; with no graph on screen, Cancel then goes
 // back to the title page.
 void MainWindow::discardGraph() {
-    rotation_->stopAnimation();
     graphArea_->canvas()->showSurface(nullptr);
     setKind(GraphKind::TitlePage);
     status_->setText(QStringLiteral("Ready"));
@@ -274,8 +275,8 @@ void MainWindow::discardGraph() {
 }
 
 void MainWindow::showSurface() {
-    rotation_->newFigure();
     setKind(GraphKind::Surface3D);
+    rotation_->newFigure();
     pages_->setCurrentWidget(graphArea_);
     graphArea_->canvas()->showSurface(&parts_.surface);
     const SurfaceGrid& grid = parts_.surface.grid;
@@ -291,7 +292,11 @@ void MainWindow::showSurface() {
 }
 
 bool MainWindow::zoomSurface(double factor) {
-    if (kind_ != GraphKind::Surface3D || !zoomFigure(parts_.surface.view, factor)) {
+    if (kind_ != GraphKind::Surface3D) {
+        return false;
+    }
+    graphArea_->beforeViewChange();
+    if (!zoomFigure(parts_.surface.view, factor)) {
         return false;
     }
     graphArea_->canvas()->invalidate();
@@ -303,7 +308,6 @@ QString MainWindow::statusText() const {
 }
 
 void MainWindow::showGraph() {
-    rotation_->stopAnimation();
     graphArea_->canvas()->showSurface(nullptr);
     setKind(GraphKind::Function2D);
     pages_->setCurrentWidget(graphArea_);
@@ -419,7 +423,6 @@ void MainWindow::saveNewEntries() {
 }
 
 void MainWindow::returnToTitlePage() {
-    rotation_->stopAnimation();
     setKind(GraphKind::TitlePage);
     pages_->setCurrentWidget(titlePage_);
     status_->setText(QStringLiteral("Ready"));
@@ -478,17 +481,14 @@ void MainWindow::setMouseSelect() {
 }
 
 void MainWindow::zoomInX() {
-    rotation_->stopAnimation();
     viewCommands_->zoomIn(ZoomAxis::kX);
 }
 
 void MainWindow::zoomInY() {
-    rotation_->stopAnimation();
     viewCommands_->zoomIn(ZoomAxis::kY);
 }
 
 void MainWindow::zoomInBoth() {
-    rotation_->stopAnimation();
     if (kind_ == GraphKind::Surface3D) {
         zoomSurface(2.0);
         return;
@@ -497,17 +497,14 @@ void MainWindow::zoomInBoth() {
 }
 
 void MainWindow::zoomOutX() {
-    rotation_->stopAnimation();
     viewCommands_->zoomOut(ZoomAxis::kX);
 }
 
 void MainWindow::zoomOutY() {
-    rotation_->stopAnimation();
     viewCommands_->zoomOut(ZoomAxis::kY);
 }
 
 void MainWindow::zoomOutBoth() {
-    rotation_->stopAnimation();
     if (kind_ == GraphKind::Surface3D) {
         zoomSurface(0.5);
         return;
@@ -516,7 +513,6 @@ void MainWindow::zoomOutBoth() {
 }
 
 void MainWindow::restoreZoom() {
-    rotation_->stopAnimation();
     if (kind_ == GraphKind::Surface3D) {
         zoomSurface(1.0 / parts_.surface.view.zoom);
         return;
@@ -525,7 +521,6 @@ void MainWindow::restoreZoom() {
 }
 
 void MainWindow::fitToWindow() {
-    rotation_->stopAnimation();
     viewCommands_->fit();
 }
 
@@ -652,7 +647,6 @@ void MainWindow::openThreeDGraph() {
 }
 
 void MainWindow::showEquation() {
-    rotation_->stopAnimation();
     graphArea_->canvas()->showSurface(nullptr);
     setKind(GraphKind::Equation);
     pages_->setCurrentWidget(graphArea_);

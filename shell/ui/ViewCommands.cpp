@@ -49,24 +49,28 @@ void ViewCommands::afterZoom(bool changed) {
 }
 
 void ViewCommands::zoomIn(ZoomAxis axis) {
+    area_.beforeViewChange();
     if (area_.canvas()->graphShown()) {
         afterZoom(curvemill::zoomIn(view_, axis));
     }
 }
 
 void ViewCommands::zoomOut(ZoomAxis axis) {
+    area_.beforeViewChange();
     if (area_.canvas()->graphShown()) {
         afterZoom(curvemill::zoomOut(view_, axis));
     }
 }
 
 void ViewCommands::restore() {
+    area_.beforeViewChange();
     restoreZoom(view_);
     stretches_.clear();
     afterZoom(true);
 }
 
 void ViewCommands::fit() {
+    area_.beforeViewChange();
     afterZoom(fitToWindow(view_));
 }
 
