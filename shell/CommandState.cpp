@@ -69,10 +69,6 @@ bool commandAvailable(int id, const ShellState& state) {
     }
 }
 
-bool commandEnabled(const CommandRow& row, const ShellState& state) {
-    return row.handler != nullptr && commandAvailable(row.id, state);
-}
-
 CommandLook commandLook(const CommandRow& row, const ShellState& state) {
     if (row.id == cmd::kSecondFunction && state.hasSecondFunction) {
         return {"Erase Another Function", "ERASE SECOND FUNCTION"};

@@ -36,9 +36,6 @@ struct ShellState {
 // The rule of a command in this state, whether or not its work is built yet.
 bool commandAvailable(int id, const ShellState& state);
 
-// Available and built: what the menu and toolbar show enabled.
-bool commandEnabled(const CommandRow& row, const ShellState& state);
-
 struct CommandLook {
     std::string_view text;
     std::string_view tooltip;

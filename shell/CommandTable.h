@@ -4,33 +4,55 @@
 #include <span>
 #include <string_view>
 
-#include "shell/CommandTarget.h"
-
 namespace curvemill {
 
-// Command identifiers used by code outside the table.
+// Command identifiers, as the command groups bind them.
 namespace cmd {
 inline constexpr int kTwoDGraph = 40009;
 inline constexpr int kSecondFunction = 40051;
 inline constexpr int kSwitchFunctions = 40054;
+inline constexpr int kEquation = 40086;
+inline constexpr int kThreeDGraph = 40091;
+inline constexpr int kSaveAsFile = 40030;
+inline constexpr int kPrint = 40018;
 inline constexpr int kSaveNewEntries = 40093;
 inline constexpr int kReturnToTitle = 40110;
-inline constexpr int kReturnToTitleButton = 40111;
 inline constexpr int kExit = 40032;
+inline constexpr int kStretch = 40049;
+inline constexpr int kUndoStretch = 40050;
+inline constexpr int kCopy = 40052;
+inline constexpr int kZoomInX = 40003;
+inline constexpr int kZoomInY = 40004;
+inline constexpr int kZoomInBoth = 40005;
+inline constexpr int kZoomOutX = 40006;
+inline constexpr int kZoomOutY = 40007;
+inline constexpr int kZoomOutBoth = 40008;
+inline constexpr int kRestoreZoom = 40126;
+inline constexpr int kFitToWindow = 40201;
 inline constexpr int kDrawGrid = 40010;
+inline constexpr int kGridProperties = 40133;
 inline constexpr int kMathDialog = 40012;
 inline constexpr int kInformation = 40200;
 inline constexpr int kEraseIntegral = 40029;
 inline constexpr int kEraseDerivative = 40031;
+inline constexpr int kUnmarkIndefinite = 40033;
 inline constexpr int kCalculator = 40140;
+inline constexpr int kTwoDCustomization = 40123;
+inline constexpr int kThreeDCustomization = 40139;
+inline constexpr int kShowDrawingProcess = 40130;
+inline constexpr int kThreeDRotation = 40114;
+inline constexpr int kHelpTopics = 40115;
+inline constexpr int kAbout = 40132;
+inline constexpr int kReturnToTitleButton = 40111;
 inline constexpr int kMouseMove = 40063;
 inline constexpr int kMouseSelect = 40064;
-inline constexpr int kShowDrawingProcess = 40130;
-inline constexpr int kFitToWindow = 40201;
+inline constexpr int kRotateRight = 40101;
+inline constexpr int kRotateLeft = 40102;
 inline constexpr int kDemoFailure = 1033;
 inline constexpr int kFind = 40022;
-inline constexpr int kFindNext = 40023;
 inline constexpr int kDeleteItem = 40021;
+inline constexpr int kContextHelp = 40109;
+inline constexpr int kFindNext = 40023;
 }  // namespace cmd
 
 // Where a command appears.
@@ -52,8 +74,6 @@ struct CommandRow {
     std::string_view key;
     // Toolbar tooltip; a command with one has a toolbar button.
     std::string_view tooltip;
-    // The work; null while it belongs to a part of the program not built yet (shown disabled).
-    void (CommandTarget::*handler)();
 };
 
 // Every command in menu order, then the toolbar-only and accelerator-only ones.

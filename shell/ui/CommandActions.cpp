@@ -45,8 +45,7 @@ QMenu* menuFor(QMenuBar& bar, std::map<QString, QMenu*>& menus, const QString& p
 
 }  // namespace
 
-CommandActions::CommandActions(QMainWindow& window, CommandTarget& target)
-    : menuBar_(window.menuBar()) {
+CommandActions::CommandActions(QMainWindow& window) : window_(window), menuBar_(window.menuBar()) {
     toolBar_ = window.addToolBar(QStringLiteral("Commands"));
     toolBar_->setObjectName(QStringLiteral("toolbar"));
     toolBar_->setMovable(false);
@@ -67,11 +66,6 @@ CommandActions::CommandActions(QMainWindow& window, CommandTarget& target)
         if (!row.tooltip.empty()) {
             action->setToolTip(qs(row.tooltip));
             action->setIcon(toolbarIcon(row.id));
-        }
-        if (row.handler != nullptr) {
-            const auto handler = row.handler;
-            QObject::connect(action, &QAction::triggered, &window,
-                             [&target, handler] { (target.*handler)(); });
         }
         if (row.id == cmd::kMouseMove || row.id == cmd::kMouseSelect) {
             action->setCheckable(true);
@@ -119,6 +113,17 @@ CommandActions::CommandActions(QMainWindow& window, CommandTarget& target)
     }
 }
 
+void CommandActions::bind(int id, std::function<void()> work) {
+    work_[id] = std::move(work);
+    QObject::connect(actions_.at(id), &QAction::triggered, &window_, [this, id] { run(id); });
+}
+
+void CommandActions::run(int id) const {
+    if (const auto found = work_.find(id); found != work_.end()) {
+        found->second();
+    }
+}
+
 QAction* CommandActions::action(int id) const {
     const auto found = actions_.find(id);
     return found == actions_.end() ? nullptr : found->second;
@@ -127,7 +132,7 @@ QAction* CommandActions::action(int id) const {
 void CommandActions::apply(const ShellState& state) {
     for (const CommandRow& row : commandTable()) {
         QAction* action = actions_.at(row.id);
-        action->setEnabled(commandEnabled(row, state));
+        action->setEnabled(work_.contains(row.id) && commandAvailable(row.id, state));
         const CommandLook look = commandLook(row, state);
         const QString text = qs(look.text.substr(0, look.text.find('\t')));
         setPlainText(*action, text);

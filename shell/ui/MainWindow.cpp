@@ -8,7 +8,6 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMessageBox>
-#include <QPointer>
 #include <QProcess>
 #include <QProgressBar>
 #include <QStackedWidget>
@@ -29,8 +28,10 @@
 #include "shell/ui/AboutDialog.h"
 #include "shell/ui/CommandActions.h"
 #include "shell/ui/EquationCommands.h"
+#include "shell/ui/FunctionCommands.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/GraphOutputs.h"
+#include "shell/ui/HistoryCommands.h"
 #include "shell/ui/KindWindows.h"
 #include "shell/ui/MathCommands.h"
 #include "shell/ui/ProductWebPage.h"
@@ -48,7 +49,7 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     setObjectName(QStringLiteral("GRAPHIC"));
     setWindowTitle(QStringLiteral("CURVEMILL"));
     new ScreenFitter(this);
-    commands_ = std::make_unique<CommandActions>(*this, *this);
+    commands_ = std::make_unique<CommandActions>(*this);
 
     pages_ = new QStackedWidget(this);
     titlePage_ = new TitlePage(pages_);
@@ -89,6 +90,9 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
             returnToTitlePage();
         }
     });
+    functions_ = std::make_unique<FunctionCommands>(
+        FunctionCommandParts{parts_.formula, parts_.graph, parts_.view, parts_.worker, *graphArea_,
+                             this, [this] { refreshCommands(); }, [this] { showGraph(); }});
 
     // Shown only while the worker runs; it gives up width before the status text does.
     progress_ = new QProgressBar(this);
@@ -136,6 +140,17 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
                                          [this] { openProductWebPage(this); });
     contextHelp_ = std::make_unique<ContextHelp>(*help_);
 
+    bindWindowCommands();
+    bindKindCommands();
+    functions_->bindCommands(*commands_);
+    math_->bindCommands(*commands_);
+    equation_->bindCommands(*commands_);
+    outputs_->bindCommands(*commands_);
+    viewCommands_->bindCommands(*commands_);
+    rotation_->bindCommands(*commands_);
+    surfaceCommands_->bindCommands(*commands_);
+    bindHistoryCommands(
+        *commands_, [this] { return history_; }, [this] { refreshCommands(); });
     refreshCommands();
 }
 
@@ -156,13 +171,7 @@ void MainWindow::setHistoryPort(HistoryPort* history) {
         history_->setChangedCallback([this] { refreshCommands(); });
     }
     equation_->setHistoryPort(history_);
-    for (TwoDGraphDialog* dialog : {mainDialog_, secondDialog_}) {
-        if (dialog != nullptr) {
-            delete dialog;
-        }
-    }
-    mainDialog_ = nullptr;
-    secondDialog_ = nullptr;
+    functions_->setHistoryPort(history_);
     refreshCommands();
 }
 
@@ -188,57 +197,7 @@ void MainWindow::refreshCommands() {
 }
 
 TwoDGraphDialog* MainWindow::twoDGraphDialog(bool second) {
-    TwoDGraphDialog*& dialog = second ? secondDialog_ : mainDialog_;
-    if (dialog == nullptr) {
-        dialog =
-            new TwoDGraphDialog(second ? TwoDGraphRole::Second : TwoDGraphRole::Main,
-                                parts_.formula, parts_.graph, parts_.view, parts_.worker, this);
-        dialog->setWindowModality(Qt::WindowModal);
-        if (history_ != nullptr) {
-            HistoryPort* history = history_;
-            TwoDGraphHistoryHooks hooks;
-            hooks.record = [history](const std::string& formula, const std::string& xBegin,
-                                     const std::string& xEnd) {
-                history->recordEntry(TypedEntry{formula, xBegin, xEnd, "$", "$", 'y'});
-            };
-            // The lists may outlive the dialog (a new history port deletes it).
-            const QPointer<TwoDGraphDialog> guard(dialog);
-            const HistoryClient client{
-                [guard] {
-                    if (guard.isNull()) {
-                        return TypedEntry{};
-                    }
-                    const TwoDGraphInput input = guard->currentInput();
-                    return TypedEntry{input.formula, input.xBegin, input.xEnd, "$", "$", 'y'};
-                },
-                [guard](const TypedEntry& entry) {
-                    if (!guard.isNull()) {
-                        guard->setEntry(QString::fromStdString(entry.formula),
-                                        QString::fromStdString(entry.xBegin),
-                                        QString::fromStdString(entry.xEnd));
-                    }
-                }};
-            hooks.showPreviousEntries = [history, client] { history->showPreviousEntries(client); };
-            hooks.showListOfFunctions = [history, client] { history->showListOfFunctions(client); };
-            dialog->setHistoryHooks(std::move(hooks));
-        }
-        connect(dialog, &TwoDGraphDialog::curvesChanged, this, [this] {
-            graphArea_->redraw();
-            refreshCommands();
-        });
-        connect(dialog, &TwoDGraphDialog::graphDrawn, this, [this, second] {
-            // The marks were made on the function this one replaced.
-            if (!second) {
-                parts_.view.indefiniteMarked = false;
-            }
-            // The second function's own range became the graph's: the main dialog shows it too.
-            if (second && mainDialog_ != nullptr) {
-                mainDialog_->copyRangeFrom(*secondDialog_);
-            }
-            showGraph();
-        });
-    }
-    return dialog;
+    return functions_->dialog(second);
 }
 
 SurfaceComputation& MainWindow::surfaceComputation() {
@@ -354,72 +313,89 @@ void MainWindow::reportNoValue(const QString& function, const QString& where) {
     status_->setText(QStringLiteral("%1 has no value %2: nothing to draw").arg(function, where));
 }
 
-void MainWindow::onTitleCommand(int id) {
-    switch (id) {
-        case kTitleProductButton:
-            openProductWebPage(this);
-            break;
-        case kTitleTwoDGraphButton:
-            openTwoDGraph();
-            break;
-        case kTitleEquationButton:
-            openEquation();
-            break;
-        case kTitleThreeDGraphButton:
-            openThreeDGraph();
-            break;
-        default:
-            break;
+void MainWindow::bindWindowCommands() {
+    CommandActions& actions = *commands_;
+    for (const int id : {cmd::kReturnToTitle, cmd::kReturnToTitleButton}) {
+        actions.bind(id, [this] { returnToTitlePage(); });
     }
+    actions.bind(cmd::kExit, [this] {
+        const auto answer = QMessageBox::question(
+            this, QStringLiteral("Exit"), QStringLiteral("DO YOU REALLY WANT TO EXIT?"),
+            QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+        if (answer == QMessageBox::Yes) {
+            close();
+        }
+    });
+    actions.bind(cmd::kCalculator, [this] {
+        const char* path = std::getenv("PATH");
+        const std::string program = findCalculator(path != nullptr ? path : "");
+        if (program.empty()) {
+            QMessageBox::warning(this, QStringLiteral("CURVEMILL"),
+                                 QString::fromLatin1(kMsgNoCalculator));
+            return;
+        }
+        QProcess::startDetached(QString::fromStdString(program), {});
+    });
+    actions.bind(cmd::kDemoFailure, [this] { parts_.reporter.reportFailure(kProcTest, 0); });
+    actions.bind(cmd::kAbout, [this] {
+        AboutDialog about(this);
+        about.exec();
+    });
+    actions.bind(cmd::kHelpTopics, [this] { help_->showHelpTopic(kHelpHomeTopic); });
+    actions.bind(cmd::kContextHelp, [this] {
+        // With nothing of this window focused, the page on show is what the user asks about.
+        QWidget* about = QApplication::focusWidget();
+        if (about == nullptr || about->window() != this || about == this) {
+            about = pages_->currentWidget();
+        }
+        contextHelp_->showFor(about);
+    });
 }
 
-void MainWindow::openTwoDGraph() {
-    twoDGraphDialog(false)->open();
-}
-
-void MainWindow::addOrEraseSecondFunction() {
-    if (!parts_.graph.hasSecond()) {
-        TwoDGraphDialog* dialog = twoDGraphDialog(true);
-        dialog->copyRangeFrom(*twoDGraphDialog(false));
-        dialog->open();
-        return;
-    }
-    parts_.graph.second.release();
-    parts_.graph.secondFormulaText.clear();
-    resetView(parts_.view, parts_.graph);
-    graphArea_->showNewGraph();
-    refreshCommands();
-}
-
-void MainWindow::switchFunctions() {
-    TwoDGraph& graph = parts_.graph;
-    if (!graph.hasSecond()) {
-        return;
-    }
-    std::swap(graph.main, graph.second);
-    std::swap(graph.mainFormulaText, graph.secondFormulaText);
-    std::swap(parts_.formula.slots[0], parts_.formula.slots[2]);
-    // The dialogs show what each curve is now, so OK in either draws what the user sees.
-    if (mainDialog_ != nullptr && secondDialog_ != nullptr) {
-        const QString mainText = mainDialog_->formulaText();
-        mainDialog_->setFormulaText(secondDialog_->formulaText());
-        secondDialog_->setFormulaText(mainText);
-    }
-    // The derivative and the integral were taken of the function that is now the second one.
-    graph.derivative.release();
-    graph.integral.release();
-    graph.areaLast = -1;
-    parts_.view.areaPainted = false;
-    resetView(parts_.view, graph);
-    graphArea_->showNewGraph();
-    refreshCommands();
-}
-
-void MainWindow::saveNewEntries() {
-    if (history_ != nullptr) {
-        history_->saveNow();
-    }
-    refreshCommands();
+// For an equation the Math dialog is the list of its solution points, and Information finds x
+// for a y or y for an x on its curve; a surface has a grid box and zooms as a figure.
+void MainWindow::bindKindCommands() {
+    CommandActions& actions = *commands_;
+    actions.bind(cmd::kMathDialog, [this] {
+        if (kind_ == GraphKind::Equation) {
+            equation_->openSolutions();
+        } else {
+            math_->openMathDialog();
+        }
+    });
+    actions.bind(cmd::kInformation, [this] {
+        if (kind_ == GraphKind::Equation) {
+            equation_->openInformation();
+        } else {
+            math_->openInformation();
+        }
+    });
+    actions.bind(cmd::kDrawGrid, [this] {
+        if (kind_ == GraphKind::Surface3D) {
+            surfaceCommands_->toggleGridBox();
+        } else {
+            parts_.view.gridOn = !parts_.view.gridOn;
+            graphArea_->redraw();
+        }
+        refreshCommands();
+    });
+    actions.bind(cmd::kZoomInBoth, [this] {
+        if (!zoomSurface(2.0)) {
+            viewCommands_->zoomIn(ZoomAxis::kBoth);
+        }
+    });
+    actions.bind(cmd::kZoomOutBoth, [this] {
+        if (!zoomSurface(0.5)) {
+            viewCommands_->zoomOut(ZoomAxis::kBoth);
+        }
+    });
+    actions.bind(cmd::kRestoreZoom, [this] {
+        if (kind_ == GraphKind::Surface3D) {
+            zoomSurface(1.0 / parts_.surface.view.zoom);
+        } else {
+            viewCommands_->restore();
+        }
+    });
 }
 
 void MainWindow::returnToTitlePage() {
@@ -430,14 +406,23 @@ void MainWindow::returnToTitlePage() {
     Q_EMIT titlePageShown();
 }
 
-void MainWindow::exitProgram() {
-    const auto answer = QMessageBox::question(this, QStringLiteral("Exit"),
-                                              QStringLiteral("DO YOU REALLY WANT TO EXIT?"),
-                                              QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
-    if (answer != QMessageBox::Yes) {
-        return;
+void MainWindow::onTitleCommand(int id) {
+    switch (id) {
+        case kTitleProductButton:
+            openProductWebPage(this);
+            break;
+        case kTitleTwoDGraphButton:
+            commands_->run(cmd::kTwoDGraph);
+            break;
+        case kTitleEquationButton:
+            commands_->run(cmd::kEquation);
+            break;
+        case kTitleThreeDGraphButton:
+            commands_->run(cmd::kThreeDGraph);
+            break;
+        default:
+            break;
     }
-    close();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -448,202 +433,6 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     }
     event->accept();
     Q_EMIT closed();
-}
-
-void MainWindow::toggleGrid() {
-    if (kind_ == GraphKind::Surface3D) {
-        surfaceCommands_->toggleGridBox();
-        refreshCommands();
-        return;
-    }
-    parts_.view.gridOn = !parts_.view.gridOn;
-    graphArea_->redraw();
-    refreshCommands();
-}
-
-void MainWindow::openCalculator() {
-    const char* path = std::getenv("PATH");
-    const std::string program = findCalculator(path != nullptr ? path : "");
-    if (program.empty()) {
-        QMessageBox::warning(this, QStringLiteral("CURVEMILL"),
-                             QString::fromLatin1(kMsgNoCalculator));
-        return;
-    }
-    QProcess::startDetached(QString::fromStdString(program), {});
-}
-
-void MainWindow::setMouseMove() {
-    viewCommands_->setSelectArea(false);
-}
-
-void MainWindow::setMouseSelect() {
-    viewCommands_->setSelectArea(true);
-}
-
-void MainWindow::zoomInX() {
-    viewCommands_->zoomIn(ZoomAxis::kX);
-}
-
-void MainWindow::zoomInY() {
-    viewCommands_->zoomIn(ZoomAxis::kY);
-}
-
-void MainWindow::zoomInBoth() {
-    if (kind_ == GraphKind::Surface3D) {
-        zoomSurface(2.0);
-        return;
-    }
-    viewCommands_->zoomIn(ZoomAxis::kBoth);
-}
-
-void MainWindow::zoomOutX() {
-    viewCommands_->zoomOut(ZoomAxis::kX);
-}
-
-void MainWindow::zoomOutY() {
-    viewCommands_->zoomOut(ZoomAxis::kY);
-}
-
-void MainWindow::zoomOutBoth() {
-    if (kind_ == GraphKind::Surface3D) {
-        zoomSurface(0.5);
-        return;
-    }
-    viewCommands_->zoomOut(ZoomAxis::kBoth);
-}
-
-void MainWindow::restoreZoom() {
-    if (kind_ == GraphKind::Surface3D) {
-        zoomSurface(1.0 / parts_.surface.view.zoom);
-        return;
-    }
-    viewCommands_->restore();
-}
-
-void MainWindow::fitToWindow() {
-    viewCommands_->fit();
-}
-
-void MainWindow::stretch() {
-    viewCommands_->stretch();
-}
-
-void MainWindow::undoStretch() {
-    viewCommands_->undoStretch();
-}
-
-void MainWindow::openTwoDCustomization() {
-    viewCommands_->openCustomization(kind_ == GraphKind::Equation);
-}
-
-void MainWindow::openThreeDCustomization() {
-    surfaceCommands_->openCustomization();
-}
-
-void MainWindow::toggleDrawingProcess() {
-    viewCommands_->toggleDrawingProcess();
-}
-
-void MainWindow::demonstrateFailure() {
-    parts_.reporter.reportFailure(kProcTest, 0);
-}
-
-void MainWindow::showAbout() {
-    AboutDialog about(this);
-    about.exec();
-}
-
-void MainWindow::saveAsFile() {
-    outputs_->saveAsFile();
-}
-
-void MainWindow::printGraph() {
-    outputs_->print();
-}
-
-void MainWindow::copySelection() {
-    outputs_->copy();
-}
-
-void MainWindow::showHelpTopics() {
-    help_->showHelpTopic(kHelpHomeTopic);
-}
-
-void MainWindow::showContextHelp() {
-    // With nothing of this window focused, the page on show is what the user asks about.
-    QWidget* about = QApplication::focusWidget();
-    if (about == nullptr || about->window() != this || about == this) {
-        about = pages_->currentWidget();
-    }
-    contextHelp_->showFor(about);
-}
-
-void MainWindow::findInHistory() {
-    if (history_ != nullptr) {
-        history_->runListCommand(cmd::kFind);
-    }
-}
-
-void MainWindow::findNextInHistory() {
-    if (history_ != nullptr) {
-        history_->runListCommand(cmd::kFindNext);
-    }
-}
-
-void MainWindow::deleteHistoryItem() {
-    if (history_ != nullptr) {
-        history_->runListCommand(cmd::kDeleteItem);
-    }
-}
-
-// For an equation the Math dialog is the list of its solution points, and Information finds x
-// for a y or y for an x on its curve.
-void MainWindow::openMathDialog() {
-    if (kind_ == GraphKind::Equation) {
-        equation_->openSolutions();
-        return;
-    }
-    math_->openMathDialog();
-}
-
-void MainWindow::openInformation() {
-    if (kind_ == GraphKind::Equation) {
-        equation_->openInformation();
-        return;
-    }
-    math_->openInformation();
-}
-
-void MainWindow::eraseIntegral() {
-    math_->eraseIntegral();
-}
-
-void MainWindow::eraseDerivative() {
-    math_->eraseDerivative();
-}
-
-void MainWindow::unmarkIndefiniteAreas() {
-    math_->unmarkIndefiniteAreas();
-}
-
-void MainWindow::openEquation() {
-    equation_->openWindow(TwoVariableMode::kEquation);
-}
-
-void MainWindow::openThreeDRotation() {
-    rotation_->openDialog();
-}
-
-void MainWindow::rotateRight() {
-    rotation_->rotateRight();
-}
-
-void MainWindow::rotateLeft() {
-    rotation_->rotateLeft();
-}
-
-void MainWindow::openThreeDGraph() {
-    equation_->openWindow(TwoVariableMode::kSurface);
 }
 
 void MainWindow::showEquation() {

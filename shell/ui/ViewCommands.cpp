@@ -9,6 +9,7 @@
 
 #include "graph2d/ui/TwoDCustomizationDialog.h"
 #include "shell/CommandState.h"
+#include "shell/CommandTable.h"
 #include "shell/ui/CommandActions.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/GraphMouse.h"
@@ -39,6 +40,23 @@ ViewCommands::ViewCommands(QMainWindow& window, GraphArea& area, TwoDGraph& grap
         coordinates_->setText(percent < 0 ? QString()
                                           : QStringLiteral("Drawing: %1%").arg(percent));
     });
+}
+
+void ViewCommands::bindCommands(CommandActions& actions) {
+    actions.bind(cmd::kZoomInX, [this] { zoomIn(ZoomAxis::kX); });
+    actions.bind(cmd::kZoomInY, [this] { zoomIn(ZoomAxis::kY); });
+    actions.bind(cmd::kZoomOutX, [this] { zoomOut(ZoomAxis::kX); });
+    actions.bind(cmd::kZoomOutY, [this] { zoomOut(ZoomAxis::kY); });
+    actions.bind(cmd::kFitToWindow, [this] { fit(); });
+    actions.bind(cmd::kStretch, [this] { stretch(); });
+    actions.bind(cmd::kUndoStretch, [this] { undoStretch(); });
+    actions.bind(cmd::kMouseMove, [this] { setSelectArea(false); });
+    actions.bind(cmd::kMouseSelect, [this] { setSelectArea(true); });
+    actions.bind(cmd::kShowDrawingProcess, [this] { toggleDrawingProcess(); });
+    for (const int id : {cmd::kTwoDCustomization, cmd::kGridProperties}) {
+        actions.bind(id,
+                     [this] { openCustomization(area_.canvas()->kind() == GraphKind::Equation); });
+    }
 }
 
 void ViewCommands::afterZoom(bool changed) {
