@@ -12,10 +12,8 @@
 #include <QProgressBar>
 #include <QStackedWidget>
 #include <QStatusBar>
-#include <QStringList>
 
 #include "engine/Formula.h"
-#include "equation/EquationSolver.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
@@ -30,6 +28,7 @@
 #include "shell/ui/EquationCommands.h"
 #include "shell/ui/FunctionCommands.h"
 #include "shell/ui/GraphArea.h"
+#include "shell/ui/GraphKinds.h"
 #include "shell/ui/GraphOutputs.h"
 #include "shell/ui/HistoryCommands.h"
 #include "shell/ui/KindWindows.h"
@@ -80,7 +79,7 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     outputs_->setOtherGraphs(
         {[this] { return kind_; }, &equation_->curve(), &equation_->look(), &parts_.surface});
     equation_->setSurfaceComputation(&surfaceComputation());
-    connect(equation_, &EquationCommands::shown, this, &MainWindow::showEquation);
+    connect(equation_, &EquationCommands::shown, this, [this] { showGraph(*equationGraph_); });
     connect(equation_, &EquationCommands::repaintRequested, this, [this] { graphArea_->redraw(); });
     connect(equation_, &EquationCommands::statusMessage, this,
             [this](const QString& text) { status_->setText(text); });
@@ -90,9 +89,9 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
             returnToTitlePage();
         }
     });
-    functions_ = std::make_unique<FunctionCommands>(
-        FunctionCommandParts{parts_.formula, parts_.graph, parts_.view, parts_.worker, *graphArea_,
-                             this, [this] { refreshCommands(); }, [this] { showGraph(); }});
+    functions_ = std::make_unique<FunctionCommands>(FunctionCommandParts{
+        parts_.formula, parts_.graph, parts_.view, parts_.worker, *graphArea_, this,
+        [this] { refreshCommands(); }, [this] { showGraph(*functionGraph_); }});
 
     // Shown only while the worker runs; it gives up width before the status text does.
     progress_ = new QProgressBar(this);
@@ -126,6 +125,12 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
         parts_.surface, *graphArea_->canvas(), [this] { return kind_ == GraphKind::Surface3D; },
         this);
     connect(graphArea_, &GraphArea::viewChanging, rotation_, &RotationCommands::stopAnimation);
+    functionGraph_ = std::make_unique<FunctionGraph>(*graphArea_, parts_.view, *viewCommands_,
+                                                     parts_.graph, *math_);
+    equationGraph_ =
+        std::make_unique<EquationGraph>(*graphArea_, parts_.view, *viewCommands_, *equation_);
+    surfaceGraph_ =
+        std::make_unique<SurfaceGraph>(*graphArea_, parts_.surface, *surfaceCommands_, *rotation_);
     // A large surface is drawn over several frames; the status says how far it has come.
     SurfaceRedraw& redraw = graphArea_->canvas()->surfaceRedraw();
     connect(&redraw, &SurfaceRedraw::sliceDrawn, status_, [this](int percent) {
@@ -159,6 +164,7 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
 // on every event, and the canvas still gets events while QWidget tears the children down: the
 // mouse goes before this window stops being one.
 MainWindow::~MainWindow() {
+    shown_ = nullptr;
     delete equation_;
     equation_ = nullptr;
     delete rotation_;
@@ -181,14 +187,14 @@ ShellState MainWindow::shellState() const {
     state.hasSecondFunction = parts_.graph.hasSecond();
     state.hasDerivative = parts_.graph.hasDerivative();
     state.hasIntegral = parts_.graph.hasIntegral();
-    state.gridOn = kind_ == GraphKind::Surface3D
-                       ? surfaceCommands_->gridBoxShown()
-                       : kind_ != GraphKind::TitlePage && parts_.view.gridOn;
     state.historyWired = history_ != nullptr;
     state.historyChanged = history_ != nullptr && history_->hasUnsavedEntries();
     state.areaPainted = parts_.view.areaPainted;
     state.indefiniteMarked = parts_.view.indefiniteMarked;
     viewCommands_->fillState(state);
+    if (shown_ != nullptr) {
+        shown_->fillState(state);
+    }
     return state;
 }
 
@@ -216,6 +222,7 @@ SurfaceComputation& MainWindow::surfaceComputation() {
 
 void MainWindow::setKind(GraphKind kind) {
     graphArea_->beforeViewChange();
+    shown_ = nullptr;
     const bool changed = kind != kind_;
     kind_ = kind;
     graphArea_->canvas()->setKind(kind);
@@ -233,84 +240,8 @@ void MainWindow::discardGraph() {
     refreshCommands();
 }
 
-void MainWindow::showSurface() {
-    setKind(GraphKind::Surface3D);
-    rotation_->newFigure();
-    pages_->setCurrentWidget(graphArea_);
-    graphArea_->canvas()->showSurface(&parts_.surface);
-    const SurfaceGrid& grid = parts_.surface.grid;
-    if (!grid.hasDefinedVertex()) {
-        reportNoValue(QStringLiteral("z = f(x, y)"),
-                      QStringLiteral("on the grid x = %1 to %2, y = %3 to %4")
-                          .arg(grid.xBegin, 0, 'g', 15)
-                          .arg(grid.xEnd, 0, 'g', 15)
-                          .arg(grid.yBegin, 0, 'g', 15)
-                          .arg(grid.yEnd, 0, 'g', 15));
-    }
-    refreshCommands();
-}
-
-bool MainWindow::zoomSurface(double factor) {
-    if (kind_ != GraphKind::Surface3D) {
-        return false;
-    }
-    graphArea_->beforeViewChange();
-    if (!zoomFigure(parts_.surface.view, factor)) {
-        return false;
-    }
-    graphArea_->canvas()->invalidate();
-    return true;
-}
-
 QString MainWindow::statusText() const {
     return status_->text();
-}
-
-void MainWindow::showGraph() {
-    graphArea_->canvas()->showSurface(nullptr);
-    setKind(GraphKind::Function2D);
-    pages_->setCurrentWidget(graphArea_);
-    graphArea_->showNewGraph();
-    reportUndefinedCurves();
-    refreshCommands();
-}
-
-namespace {
-
-bool hasDefinedPoint(const Curve& curve) {
-    for (const PlotPoint& point : curve) {
-        if (!point.isIndefinite) {
-            return true;
-        }
-    }
-    return false;
-}
-
-}  // namespace
-
-// The sampler records an undefined function quietly and the graph is then empty; a word in the
-// status bar (not a box: nothing went wrong) tells the user why.
-void MainWindow::reportUndefinedCurves() {
-    const TwoDGraph& graph = parts_.graph;
-    QStringList undefined;
-    if (graph.main.exists() && !hasDefinedPoint(graph.main)) {
-        undefined << QString::fromStdString(graph.mainFormulaText);
-    }
-    if (graph.hasSecond() && !hasDefinedPoint(graph.second)) {
-        undefined << QString::fromStdString(graph.secondFormulaText);
-    }
-    if (undefined.isEmpty()) {
-        status_->setText(QStringLiteral("Ready"));
-        return;
-    }
-    reportNoValue(QStringLiteral("y = ") + undefined.join(QStringLiteral(" and y = ")),
-                  QStringLiteral("between x = %1 and x = %2")
-                      .arg(graph.xBegin, 0, 'g', 15)
-                      .arg(graph.xEnd, 0, 'g', 15));
-}
-
-void MainWindow::reportNoValue(const QString& function, const QString& where) {
-    status_->setText(QStringLiteral("%1 has no value %2: nothing to draw").arg(function, where));
 }
 
 void MainWindow::bindWindowCommands() {
@@ -352,50 +283,47 @@ void MainWindow::bindWindowCommands() {
     });
 }
 
-// For an equation the Math dialog is the list of its solution points, and Information finds x
-// for a y or y for an x on its curve; a surface has a grid box and zooms as a figure.
 void MainWindow::bindKindCommands() {
-    CommandActions& actions = *commands_;
-    actions.bind(cmd::kMathDialog, [this] {
-        if (kind_ == GraphKind::Equation) {
-            equation_->openSolutions();
-        } else {
-            math_->openMathDialog();
+    const auto toShown = [this](void (ShownGraph::*tool)()) {
+        return [this, tool] {
+            if (shown_ != nullptr) {
+                (shown_->*tool)();
+                refreshCommands();
+            }
+        };
+    };
+    commands_->bind(cmd::kMathDialog, toShown(&ShownGraph::openMathDialog));
+    commands_->bind(cmd::kInformation, toShown(&ShownGraph::openInformation));
+    commands_->bind(cmd::kDrawGrid, toShown(&ShownGraph::toggleGrid));
+    commands_->bind(cmd::kRestoreZoom, toShown(&ShownGraph::restoreZoom));
+    commands_->bind(cmd::kZoomInBoth, [this] {
+        if (shown_ != nullptr) {
+            shown_->zoomBoth(true);
         }
     });
-    actions.bind(cmd::kInformation, [this] {
-        if (kind_ == GraphKind::Equation) {
-            equation_->openInformation();
-        } else {
-            math_->openInformation();
+    commands_->bind(cmd::kZoomOutBoth, [this] {
+        if (shown_ != nullptr) {
+            shown_->zoomBoth(false);
         }
     });
-    actions.bind(cmd::kDrawGrid, [this] {
-        if (kind_ == GraphKind::Surface3D) {
-            surfaceCommands_->toggleGridBox();
-        } else {
-            parts_.view.gridOn = !parts_.view.gridOn;
-            graphArea_->redraw();
-        }
-        refreshCommands();
-    });
-    actions.bind(cmd::kZoomInBoth, [this] {
-        if (!zoomSurface(2.0)) {
-            viewCommands_->zoomIn(ZoomAxis::kBoth);
-        }
-    });
-    actions.bind(cmd::kZoomOutBoth, [this] {
-        if (!zoomSurface(0.5)) {
-            viewCommands_->zoomOut(ZoomAxis::kBoth);
-        }
-    });
-    actions.bind(cmd::kRestoreZoom, [this] {
-        if (kind_ == GraphKind::Surface3D) {
-            zoomSurface(1.0 / parts_.surface.view.zoom);
-        } else {
-            viewCommands_->restore();
-        }
-    });
+}
+
+void MainWindow::showGraph(ShownGraph& graph) {
+    setKind(graph.kind());
+    shown_ = &graph;
+    pages_->setCurrentWidget(graphArea_);
+    if (const QString status = graph.show(); !status.isEmpty()) {
+        status_->setText(status);
+    }
+    refreshCommands();
+}
+
+void MainWindow::showSurface() {
+    showGraph(*surfaceGraph_);
+}
+
+bool MainWindow::zoomSurface(double factor) {
+    return kind_ == GraphKind::Surface3D && surfaceGraph_->zoom(factor);
 }
 
 void MainWindow::returnToTitlePage() {
@@ -433,20 +361,6 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     }
     event->accept();
     Q_EMIT closed();
-}
-
-void MainWindow::showEquation() {
-    graphArea_->canvas()->showSurface(nullptr);
-    setKind(GraphKind::Equation);
-    pages_->setCurrentWidget(graphArea_);
-    graphArea_->showNewGraph();
-    const EquationCurve& curve = equation_->curve();
-    status_->setText(curve.count() == 0
-                         ? QStringLiteral("%1 = 0 has no solution point on this grid")
-                               .arg(QString::fromStdString(curve.formulaText))
-                     : curve.truncated ? QString::fromStdString(solutionLimitText())
-                                       : QStringLiteral("%1 solution points").arg(curve.count()));
-    refreshCommands();
 }
 
 }  // namespace curvemill

@@ -17,6 +17,10 @@ namespace curvemill {
 
 class CommandActions;
 class EquationCommands;
+class EquationGraph;
+class FunctionGraph;
+class ShownGraph;
+class SurfaceGraph;
 class FunctionCommands;
 class ContextHelp;
 class HelpViewer;
@@ -103,18 +107,15 @@ class MainWindow : public QMainWindow, public FailureScope {
   private:
     // The commands of the window itself: its pages, its end, help and the programs it starts.
     void bindWindowCommands();
-    // The commands whose work depends on the kind of graph on screen.
+    // The commands every kind of graph has, each carried out by the kind on screen.
     void bindKindCommands();
     void returnToTitlePage();
     void setKind(GraphKind kind);
     // The input window's OK: the picture on screen goes, whichever kind it was.
     void discardGraph();
     void onTitleCommand(int id);
-    void showGraph();
-    void reportUndefinedCurves();
-    // The status bar's word (not a box: nothing went wrong) on why a graph is empty.
-    void reportNoValue(const QString& function, const QString& where);
-    void showEquation();
+    // `graph` takes the screen and the status line.
+    void showGraph(ShownGraph& graph);
 
     MainWindowParts parts_;
     HistoryPort* history_ = nullptr;
@@ -136,6 +137,11 @@ class MainWindow : public QMainWindow, public FailureScope {
     std::unique_ptr<SurfaceComputation> surfaceComputation_;
     std::unique_ptr<HelpViewer> help_;
     std::unique_ptr<ContextHelp> contextHelp_;
+    std::unique_ptr<FunctionGraph> functionGraph_;
+    std::unique_ptr<EquationGraph> equationGraph_;
+    std::unique_ptr<SurfaceGraph> surfaceGraph_;
+    // The kind on screen; null on the title page.
+    ShownGraph* shown_ = nullptr;
 };
 
 }  // namespace curvemill
