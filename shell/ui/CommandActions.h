@@ -23,11 +23,13 @@ class CommandActions {
     // toolbar.
     explicit CommandActions(QMainWindow& window);
 
-    // The command group that carries out `id` binds its work here; a command no group binds
+    // The command group that carries out `command` binds its work here; a command no group binds
     // stays disabled.
-    void bind(int id, std::function<void()> work);
-    // The work of `id`, as its action would do it when enabled.
-    void run(int id) const;
+    void bind(Command command, std::function<void()> work);
+    // The work of `command`, as its action would do it when enabled.
+    void run(Command command) const;
+    QAction* action(Command command) const;
+    // The action whose identifier is `id`, or null.
     QAction* action(int id) const;
     QToolBar* toolBar() const { return toolBar_; }
     // Enabling, texts, tooltips and check marks from `state`.
@@ -39,8 +41,8 @@ class CommandActions {
     static void markMnemonics(QWidget& menu);
 
     QMainWindow& window_;
-    std::map<int, QAction*> actions_;
-    std::map<int, std::function<void()>> work_;
+    std::map<Command, QAction*> actions_;
+    std::map<Command, std::function<void()>> work_;
     QMenuBar* menuBar_ = nullptr;
     QToolBar* toolBar_ = nullptr;
     // Keeps the two mouse-mode buttons mutually exclusive.

@@ -60,8 +60,8 @@ EquationCommands::EquationCommands(Formula& formula, GraphView& view, Worker& wo
 }
 
 void EquationCommands::bindCommands(CommandActions& actions) {
-    actions.bind(cmd::kEquation, [this] { openWindow(TwoVariableMode::kEquation); });
-    actions.bind(cmd::kThreeDGraph, [this] { openWindow(TwoVariableMode::kSurface); });
+    actions.bind(Command::Equation, [this] { openWindow(TwoVariableMode::kEquation); });
+    actions.bind(Command::ThreeDGraph, [this] { openWindow(TwoVariableMode::kSurface); });
 }
 
 EquationCommands::~EquationCommands() {

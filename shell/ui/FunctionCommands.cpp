@@ -19,9 +19,9 @@ FunctionCommands::FunctionCommands(FunctionCommandParts parts, QObject* parent)
     : QObject(parent), parts_(std::move(parts)) {}
 
 void FunctionCommands::bindCommands(CommandActions& actions) {
-    actions.bind(cmd::kTwoDGraph, [this] { dialog(false)->open(); });
-    actions.bind(cmd::kSecondFunction, [this] { addOrEraseSecondFunction(); });
-    actions.bind(cmd::kSwitchFunctions, [this] { switchFunctions(); });
+    actions.bind(Command::TwoDGraph, [this] { dialog(false)->open(); });
+    actions.bind(Command::SecondFunction, [this] { addOrEraseSecondFunction(); });
+    actions.bind(Command::SwitchFunctions, [this] { switchFunctions(); });
 }
 
 void FunctionCommands::setHistoryPort(HistoryPort* history) {

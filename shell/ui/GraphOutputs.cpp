@@ -164,9 +164,9 @@ GraphPicture GraphOutputs::picture() const {
 }
 
 void GraphOutputs::bindCommands(CommandActions& actions) {
-    actions.bind(cmd::kSaveAsFile, [this] { saveAsFile(); });
-    actions.bind(cmd::kPrint, [this] { print(); });
-    actions.bind(cmd::kCopy, [this] { copy(); });
+    actions.bind(Command::SaveAsFile, [this] { saveAsFile(); });
+    actions.bind(Command::Print, [this] { print(); });
+    actions.bind(Command::Copy, [this] { copy(); });
 }
 
 void GraphOutputs::saveAsFile() {

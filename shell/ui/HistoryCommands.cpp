@@ -8,16 +8,17 @@ namespace curvemill {
 
 void bindHistoryCommands(CommandActions& actions, std::function<HistoryPort*()> history,
                          std::function<void()> changed) {
-    actions.bind(cmd::kSaveNewEntries, [history, changed] {
+    actions.bind(Command::SaveNewEntries, [history, changed] {
         if (HistoryPort* port = history()) {
             port->saveNow();
         }
         changed();
     });
-    for (const int id : {cmd::kFind, cmd::kFindNext, cmd::kDeleteItem}) {
+    // The list knows the keys by their numbers.
+    for (const Command id : {Command::Find, Command::FindNext, Command::DeleteItem}) {
         actions.bind(id, [history, id] {
             if (HistoryPort* port = history()) {
-                port->runListCommand(id);
+                port->runListCommand(commandRow(id).id);
             }
         });
     }

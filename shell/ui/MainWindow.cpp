@@ -246,10 +246,10 @@ QString MainWindow::statusText() const {
 
 void MainWindow::bindWindowCommands() {
     CommandActions& actions = *commands_;
-    for (const int id : {cmd::kReturnToTitle, cmd::kReturnToTitleButton}) {
+    for (const Command id : {Command::ReturnToTitle, Command::ReturnToTitleButton}) {
         actions.bind(id, [this] { returnToTitlePage(); });
     }
-    actions.bind(cmd::kExit, [this] {
+    actions.bind(Command::Exit, [this] {
         const auto answer = QMessageBox::question(
             this, QStringLiteral("Exit"), QStringLiteral("DO YOU REALLY WANT TO EXIT?"),
             QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
@@ -257,7 +257,7 @@ void MainWindow::bindWindowCommands() {
             close();
         }
     });
-    actions.bind(cmd::kCalculator, [this] {
+    actions.bind(Command::Calculator, [this] {
         const char* path = std::getenv("PATH");
         const std::string program = findCalculator(path != nullptr ? path : "");
         if (program.empty()) {
@@ -267,13 +267,13 @@ void MainWindow::bindWindowCommands() {
         }
         QProcess::startDetached(QString::fromStdString(program), {});
     });
-    actions.bind(cmd::kDemoFailure, [this] { parts_.reporter.reportFailure(kProcTest, 0); });
-    actions.bind(cmd::kAbout, [this] {
+    actions.bind(Command::DemoFailure, [this] { parts_.reporter.reportFailure(kProcTest, 0); });
+    actions.bind(Command::About, [this] {
         AboutDialog about(this);
         about.exec();
     });
-    actions.bind(cmd::kHelpTopics, [this] { help_->showHelpTopic(kHelpHomeTopic); });
-    actions.bind(cmd::kContextHelp, [this] {
+    actions.bind(Command::HelpTopics, [this] { help_->showHelpTopic(kHelpHomeTopic); });
+    actions.bind(Command::ContextHelp, [this] {
         // With nothing of this window focused, the page on show is what the user asks about.
         QWidget* about = QApplication::focusWidget();
         if (about == nullptr || about->window() != this || about == this) {
@@ -292,16 +292,16 @@ void MainWindow::bindKindCommands() {
             }
         };
     };
-    commands_->bind(cmd::kMathDialog, toShown(&ShownGraph::openMathDialog));
-    commands_->bind(cmd::kInformation, toShown(&ShownGraph::openInformation));
-    commands_->bind(cmd::kDrawGrid, toShown(&ShownGraph::toggleGrid));
-    commands_->bind(cmd::kRestoreZoom, toShown(&ShownGraph::restoreZoom));
-    commands_->bind(cmd::kZoomInBoth, [this] {
+    commands_->bind(Command::MathDialog, toShown(&ShownGraph::openMathDialog));
+    commands_->bind(Command::Information, toShown(&ShownGraph::openInformation));
+    commands_->bind(Command::DrawGrid, toShown(&ShownGraph::toggleGrid));
+    commands_->bind(Command::RestoreZoom, toShown(&ShownGraph::restoreZoom));
+    commands_->bind(Command::ZoomInBoth, [this] {
         if (shown_ != nullptr) {
             shown_->zoomBoth(true);
         }
     });
-    commands_->bind(cmd::kZoomOutBoth, [this] {
+    commands_->bind(Command::ZoomOutBoth, [this] {
         if (shown_ != nullptr) {
             shown_->zoomBoth(false);
         }
@@ -340,13 +340,13 @@ void MainWindow::onTitleCommand(int id) {
             openProductWebPage(this);
             break;
         case kTitleTwoDGraphButton:
-            commands_->run(cmd::kTwoDGraph);
+            commands_->run(Command::TwoDGraph);
             break;
         case kTitleEquationButton:
-            commands_->run(cmd::kEquation);
+            commands_->run(Command::Equation);
             break;
         case kTitleThreeDGraphButton:
-            commands_->run(cmd::kThreeDGraph);
+            commands_->run(Command::ThreeDGraph);
             break;
         default:
             break;

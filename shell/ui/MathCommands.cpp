@@ -19,9 +19,9 @@ MathCommands::MathCommands(MathCommandParts parts, QObject* parent)
 MathCommands::~MathCommands() = default;
 
 void MathCommands::bindCommands(CommandActions& actions) {
-    actions.bind(cmd::kEraseIntegral, [this] { eraseIntegral(); });
-    actions.bind(cmd::kEraseDerivative, [this] { eraseDerivative(); });
-    actions.bind(cmd::kUnmarkIndefinite, [this] { unmarkIndefiniteAreas(); });
+    actions.bind(Command::EraseIntegral, [this] { eraseIntegral(); });
+    actions.bind(Command::EraseDerivative, [this] { eraseDerivative(); });
+    actions.bind(Command::UnmarkIndefinite, [this] { unmarkIndefiniteAreas(); });
 }
 
 MathDialog* MathCommands::mathDialog() {

@@ -29,9 +29,9 @@ RotationCommands::~RotationCommands() {
 }
 
 void RotationCommands::bindCommands(CommandActions& actions) {
-    actions.bind(cmd::kThreeDRotation, [this] { openDialog(); });
-    actions.bind(cmd::kRotateRight, [this] { rotateRight(); });
-    actions.bind(cmd::kRotateLeft, [this] { rotateLeft(); });
+    actions.bind(Command::ThreeDRotation, [this] { openDialog(); });
+    actions.bind(Command::RotateRight, [this] { rotateRight(); });
+    actions.bind(Command::RotateLeft, [this] { rotateLeft(); });
 }
 
 void RotationCommands::openDialog() {

@@ -10,7 +10,7 @@
 namespace curvemill {
 
 void SurfaceCommands::bindCommands(CommandActions& actions) {
-    actions.bind(cmd::kThreeDCustomization, [this] { openCustomization(); });
+    actions.bind(Command::ThreeDCustomization, [this] { openCustomization(); });
 }
 
 void SurfaceCommands::openCustomization() {

@@ -43,17 +43,17 @@ ViewCommands::ViewCommands(QMainWindow& window, GraphArea& area, TwoDGraph& grap
 }
 
 void ViewCommands::bindCommands(CommandActions& actions) {
-    actions.bind(cmd::kZoomInX, [this] { zoomIn(ZoomAxis::kX); });
-    actions.bind(cmd::kZoomInY, [this] { zoomIn(ZoomAxis::kY); });
-    actions.bind(cmd::kZoomOutX, [this] { zoomOut(ZoomAxis::kX); });
-    actions.bind(cmd::kZoomOutY, [this] { zoomOut(ZoomAxis::kY); });
-    actions.bind(cmd::kFitToWindow, [this] { fit(); });
-    actions.bind(cmd::kStretch, [this] { stretch(); });
-    actions.bind(cmd::kUndoStretch, [this] { undoStretch(); });
-    actions.bind(cmd::kMouseMove, [this] { setSelectArea(false); });
-    actions.bind(cmd::kMouseSelect, [this] { setSelectArea(true); });
-    actions.bind(cmd::kShowDrawingProcess, [this] { toggleDrawingProcess(); });
-    for (const int id : {cmd::kTwoDCustomization, cmd::kGridProperties}) {
+    actions.bind(Command::ZoomInX, [this] { zoomIn(ZoomAxis::kX); });
+    actions.bind(Command::ZoomInY, [this] { zoomIn(ZoomAxis::kY); });
+    actions.bind(Command::ZoomOutX, [this] { zoomOut(ZoomAxis::kX); });
+    actions.bind(Command::ZoomOutY, [this] { zoomOut(ZoomAxis::kY); });
+    actions.bind(Command::FitToWindow, [this] { fit(); });
+    actions.bind(Command::Stretch, [this] { stretch(); });
+    actions.bind(Command::UndoStretch, [this] { undoStretch(); });
+    actions.bind(Command::MouseMove, [this] { setSelectArea(false); });
+    actions.bind(Command::MouseSelect, [this] { setSelectArea(true); });
+    actions.bind(Command::ShowDrawingProcess, [this] { toggleDrawingProcess(); });
+    for (const Command id : {Command::TwoDCustomization, Command::GridProperties}) {
         actions.bind(id,
                      [this] { openCustomization(area_.canvas()->kind() == GraphKind::Equation); });
     }

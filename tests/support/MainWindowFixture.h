@@ -58,7 +58,7 @@ class MainWindowFixture : public QObject {
     // The main (or second) function's dialog from its command, `text` typed over the range the
     // dialog holds, OK pressed; true once the graph is drawn.
     bool drawFunction(bool second, const QString& text) {
-        action(second ? cmd::kSecondFunction : cmd::kTwoDGraph)->trigger();
+        action(second ? 40051 : 40009)->trigger();
         TwoDGraphDialog* dialog = window->twoDGraphDialog(second);
         if (!dialog->isVisible()) {
             return false;

@@ -424,7 +424,7 @@ class MainWindowTest : public MainWindowFixture {
         }
         HistoryService service(store, reporter);
         window->setHistoryPort(&service);
-        action(cmd::kTwoDGraph)->trigger();
+        action(40009)->trigger();
         TwoDGraphDialog* dialog = window->twoDGraphDialog(false);
         dialog->setEntry(typed, "-" + end, end);
 

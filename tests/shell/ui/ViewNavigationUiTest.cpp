@@ -43,7 +43,7 @@ class ViewNavigationUiTest : public MainWindowFixture {
 
     // The tall curve that opens with its peak off screen.
     bool drawSinc() {
-        action(cmd::kTwoDGraph)->trigger();
+        action(40009)->trigger();
         TwoDGraphDialog* dialog = window->twoDGraphDialog(false);
         dialog->setEntry(u"sin(x)/x*80"_s, u"-20"_s, u"20"_s);
         QSignalSpy finished(dialog, &TwoDGraphDialog::runFinished);
