@@ -1,4 +1,4 @@
-// Which commands are available and how they read, from the state of the main window: one place.
+// What the availability of the commands and their words depend on: the state of the main window.
 #pragma once
 
 #include <string_view>
@@ -33,11 +33,8 @@ struct ShellState {
     bool drawingProcess = false;
 };
 
-// The rule of a command in this state, whether or not its work is built yet.
-bool commandAvailable(int id, const ShellState& state);
-
-// Available and built: what the menu and toolbar show enabled.
-bool commandEnabled(const CommandRow& row, const ShellState& state);
+// The table's rule of `command` in this state, whether or not its work is bound.
+bool commandAvailable(Command command, const ShellState& state);
 
 struct CommandLook {
     std::string_view text;

@@ -1,37 +1,63 @@
-// The one table of the main window's commands: menus, accelerators and toolbar buttons.
+// The one table of the main window's commands: menus, accelerators, toolbar buttons and when
+// each is available.
 #pragma once
 
 #include <span>
 #include <string_view>
 
-#include "shell/CommandTarget.h"
-
 namespace curvemill {
 
-// Command identifiers used by code outside the table.
-namespace cmd {
-inline constexpr int kTwoDGraph = 40009;
-inline constexpr int kSecondFunction = 40051;
-inline constexpr int kSwitchFunctions = 40054;
-inline constexpr int kSaveNewEntries = 40093;
-inline constexpr int kReturnToTitle = 40110;
-inline constexpr int kReturnToTitleButton = 40111;
-inline constexpr int kExit = 40032;
-inline constexpr int kDrawGrid = 40010;
-inline constexpr int kMathDialog = 40012;
-inline constexpr int kInformation = 40200;
-inline constexpr int kEraseIntegral = 40029;
-inline constexpr int kEraseDerivative = 40031;
-inline constexpr int kCalculator = 40140;
-inline constexpr int kMouseMove = 40063;
-inline constexpr int kMouseSelect = 40064;
-inline constexpr int kShowDrawingProcess = 40130;
-inline constexpr int kFitToWindow = 40201;
-inline constexpr int kDemoFailure = 1033;
-inline constexpr int kFind = 40022;
-inline constexpr int kFindNext = 40023;
-inline constexpr int kDeleteItem = 40021;
-}  // namespace cmd
+struct ShellState;
+
+// The commands by name; their numbers are data in the table.
+enum class Command {
+    TwoDGraph,
+    SecondFunction,
+    SwitchFunctions,
+    Equation,
+    ThreeDGraph,
+    SaveAsFile,
+    Print,
+    SaveNewEntries,
+    ReturnToTitle,
+    Exit,
+    Stretch,
+    UndoStretch,
+    Copy,
+    ZoomInX,
+    ZoomInY,
+    ZoomInBoth,
+    ZoomOutX,
+    ZoomOutY,
+    ZoomOutBoth,
+    RestoreZoom,
+    FitToWindow,
+    DrawGrid,
+    GridProperties,
+    MathDialog,
+    Information,
+    EraseIntegral,
+    EraseDerivative,
+    UnmarkIndefinite,
+    Calculator,
+    TwoDCustomization,
+    ThreeDCustomization,
+    ShowDrawingProcess,
+    ThreeDRotation,
+    HelpTopics,
+    About,
+    ReturnToTitleButton,
+    MouseMove,
+    MouseSelect,
+    RotateRight,
+    RotateLeft,
+    DemoFailure,
+    SelectAll,
+    Find,
+    DeleteItem,
+    ContextHelp,
+    FindNext,
+};
 
 // Where a command appears.
 enum class CommandPlace {
@@ -41,6 +67,8 @@ enum class CommandPlace {
 };
 
 struct CommandRow {
+    Command command;
+    // The program's identifier of the command (the action's objectName).
     int id;
     CommandPlace place;
     // Menu path: "File", "Zoom/Zoom In"; empty for a top-level entry or a command without menu.
@@ -52,14 +80,16 @@ struct CommandRow {
     std::string_view key;
     // Toolbar tooltip; a command with one has a toolbar button.
     std::string_view tooltip;
-    // The work; null while it belongs to a part of the program not built yet (shown disabled).
-    void (CommandTarget::*handler)();
+    // Whether the command can act in a state of the main window.
+    bool (*available)(const ShellState& state);
 };
 
 // Every command in menu order, then the toolbar-only and accelerator-only ones.
 std::span<const CommandRow> commandTable();
 
-// The row of `id`, or null.
+const CommandRow& commandRow(Command command);
+
+// The row of the identifier `id`, or null.
 const CommandRow* findCommand(int id);
 
 // Menu text without its key hint ("Copy\tCtrl+C" gives "Copy").

@@ -45,8 +45,7 @@ QMenu* menuFor(QMenuBar& bar, std::map<QString, QMenu*>& menus, const QString& p
 
 }  // namespace
 
-CommandActions::CommandActions(QMainWindow& window, CommandTarget& target)
-    : menuBar_(window.menuBar()) {
+CommandActions::CommandActions(QMainWindow& window) : window_(window), menuBar_(window.menuBar()) {
     toolBar_ = window.addToolBar(QStringLiteral("Commands"));
     toolBar_->setObjectName(QStringLiteral("toolbar"));
     toolBar_->setMovable(false);
@@ -68,20 +67,15 @@ CommandActions::CommandActions(QMainWindow& window, CommandTarget& target)
             action->setToolTip(qs(row.tooltip));
             action->setIcon(toolbarIcon(row.id));
         }
-        if (row.handler != nullptr) {
-            const auto handler = row.handler;
-            QObject::connect(action, &QAction::triggered, &window,
-                             [&target, handler] { (target.*handler)(); });
-        }
-        if (row.id == cmd::kMouseMove || row.id == cmd::kMouseSelect) {
+        if (row.command == Command::MouseMove || row.command == Command::MouseSelect) {
             action->setCheckable(true);
-            action->setChecked(row.id == cmd::kMouseMove);
+            action->setChecked(row.command == Command::MouseMove);
             mouseModes_->addAction(action);
         }
-        if (row.id == cmd::kDrawGrid || row.id == cmd::kShowDrawingProcess) {
+        if (row.command == Command::DrawGrid || row.command == Command::ShowDrawingProcess) {
             action->setCheckable(true);
         }
-        actions_[row.id] = action;
+        actions_[row.command] = action;
 
         switch (row.place) {
             case CommandPlace::Menu: {
@@ -90,7 +84,7 @@ CommandActions::CommandActions(QMainWindow& window, CommandTarget& target)
                     window.menuBar()->addAction(action);
                 } else {
                     QMenu* menu = menuFor(*window.menuBar(), menus, path);
-                    if (row.id == cmd::kExit || row.id == cmd::kSaveNewEntries) {
+                    if (row.command == Command::Exit || row.command == Command::SaveNewEntries) {
                         menu->addSeparator();
                     }
                     menu->addAction(action);
@@ -106,8 +100,9 @@ CommandActions::CommandActions(QMainWindow& window, CommandTarget& target)
                 break;
             }
             case CommandPlace::ToolbarOnly:
-                if (row.id == cmd::kReturnToTitleButton || row.id == cmd::kMouseMove ||
-                    row.id == 40101 || row.id == cmd::kDemoFailure) {
+                if (row.command == Command::ReturnToTitleButton ||
+                    row.command == Command::MouseMove || row.command == Command::RotateRight ||
+                    row.command == Command::DemoFailure) {
                     toolBar_->addSeparator();
                 }
                 toolBar_->addAction(action);
@@ -119,15 +114,31 @@ CommandActions::CommandActions(QMainWindow& window, CommandTarget& target)
     }
 }
 
+void CommandActions::bind(Command command, std::function<void()> work) {
+    work_[command] = std::move(work);
+    QObject::connect(actions_.at(command), &QAction::triggered, &window_,
+                     [this, command] { run(command); });
+}
+
+void CommandActions::run(Command command) const {
+    if (const auto found = work_.find(command); found != work_.end()) {
+        found->second();
+    }
+}
+
+QAction* CommandActions::action(Command command) const {
+    return actions_.at(command);
+}
+
 QAction* CommandActions::action(int id) const {
-    const auto found = actions_.find(id);
-    return found == actions_.end() ? nullptr : found->second;
+    const CommandRow* row = findCommand(id);
+    return row == nullptr ? nullptr : action(row->command);
 }
 
 void CommandActions::apply(const ShellState& state) {
     for (const CommandRow& row : commandTable()) {
-        QAction* action = actions_.at(row.id);
-        action->setEnabled(commandEnabled(row, state));
+        QAction* action = actions_.at(row.command);
+        action->setEnabled(work_.contains(row.command) && row.available(state));
         const CommandLook look = commandLook(row, state);
         const QString text = qs(look.text.substr(0, look.text.find('\t')));
         setPlainText(*action, text);
@@ -135,14 +146,14 @@ void CommandActions::apply(const ShellState& state) {
         if (!look.tooltip.empty()) {
             action->setToolTip(qs(look.tooltip));
         }
-        if (row.id == cmd::kDrawGrid) {
+        if (row.command == Command::DrawGrid) {
             action->setChecked(state.gridOn);
         }
-        if (row.id == cmd::kShowDrawingProcess) {
+        if (row.command == Command::ShowDrawingProcess) {
             action->setChecked(state.drawingProcess);
         }
-        if (row.id == cmd::kMouseMove || row.id == cmd::kMouseSelect) {
-            action->setChecked(state.selectArea == (row.id == cmd::kMouseSelect));
+        if (row.command == Command::MouseMove || row.command == Command::MouseSelect) {
+            action->setChecked(state.selectArea == (row.command == Command::MouseSelect));
         }
     }
     markMnemonics();

@@ -1,12 +1,12 @@
 // The QActions of the command table, with their menus and toolbar, kept in step with the state.
 #pragma once
 
+#include <functional>
 #include <map>
 
 #include <QObject>
 
 #include "shell/CommandState.h"
-#include "shell/CommandTarget.h"
 
 class QAction;
 class QActionGroup;
@@ -20,9 +20,16 @@ namespace curvemill {
 class CommandActions {
   public:
     // Builds one action per table row (objectName = the id), the menu bar in menu order and the
-    // toolbar, and routes every trigger to `target`.
-    CommandActions(QMainWindow& window, CommandTarget& target);
+    // toolbar.
+    explicit CommandActions(QMainWindow& window);
 
+    // The command group that carries out `command` binds its work here; a command no group binds
+    // stays disabled.
+    void bind(Command command, std::function<void()> work);
+    // The work of `command`, as its action would do it when enabled.
+    void run(Command command) const;
+    QAction* action(Command command) const;
+    // The action whose identifier is `id`, or null.
     QAction* action(int id) const;
     QToolBar* toolBar() const { return toolBar_; }
     // Enabling, texts, tooltips and check marks from `state`.
@@ -33,7 +40,9 @@ class CommandActions {
     void markMnemonics();
     static void markMnemonics(QWidget& menu);
 
-    std::map<int, QAction*> actions_;
+    QMainWindow& window_;
+    std::map<Command, QAction*> actions_;
+    std::map<Command, std::function<void()>> work_;
     QMenuBar* menuBar_ = nullptr;
     QToolBar* toolBar_ = nullptr;
     // Keeps the two mouse-mode buttons mutually exclusive.

@@ -5,6 +5,8 @@
 #include "equation/ui/EquationInformationDialog.h"
 #include "equation/ui/EquationSolutionsDialog.h"
 #include "graph2d/TwoDGraph.h"
+#include "shell/CommandTable.h"
+#include "shell/ui/CommandActions.h"
 #include "shell/ui/KindWindows.h"
 #include "twovar/ui/TwoVariableWindow.h"
 
@@ -55,6 +57,11 @@ EquationCommands::EquationCommands(Formula& formula, GraphView& view, Worker& wo
         }
         Q_EMIT shown();
     });
+}
+
+void EquationCommands::bindCommands(CommandActions& actions) {
+    actions.bind(Command::Equation, [this] { openWindow(TwoVariableMode::kEquation); });
+    actions.bind(Command::ThreeDGraph, [this] { openWindow(TwoVariableMode::kSurface); });
 }
 
 EquationCommands::~EquationCommands() {

@@ -19,6 +19,7 @@ class QWidget;
 
 namespace curvemill {
 
+class CommandActions;
 class Formula;
 class HistoryPort;
 class Worker;
@@ -33,6 +34,8 @@ class EquationCommands : public QObject {
                      EquationCurve* curve, TwoVariableSettings* settings, QWidget* parent);
     ~EquationCommands() override;
 
+    // Binds the group's rows of the command table.
+    void bindCommands(CommandActions& actions);
     void setHistoryPort(HistoryPort* history);
     // The surface mode's computation; until one is set, surface entries are checked and recorded
     // but not drawn.

@@ -108,8 +108,12 @@ class GraphArea : public QWidget {
     void redraw();
     // After a new graph: lays the view out for the canvas and opens it as Restore does.
     void showNewGraph();
+    // A zoom or another page is about to change what the view shows: whatever moves the picture
+    // on its own (the turning of a surface) lets go first.
+    void beforeViewChange() { Q_EMIT viewChanging(); }
 
   Q_SIGNALS:
+    void viewChanging();
     // A new graph replaced the view's zoom: stretches made on the old one no longer apply.
     void newGraphShown();
 

@@ -13,6 +13,8 @@
 #include "output/ui/ClipboardCopy.h"
 #include "output/ui/GraphPrinting.h"
 #include "output/ui/SaveToFileDialog.h"
+#include "shell/CommandTable.h"
+#include "shell/ui/CommandActions.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/KindPictures.h"
 
@@ -159,6 +161,12 @@ GraphPicture GraphOutputs::picture() const {
         return twoDPointsCsv(graph, view, logicalPart(part));
     };
     return picture;
+}
+
+void GraphOutputs::bindCommands(CommandActions& actions) {
+    actions.bind(Command::SaveAsFile, [this] { saveAsFile(); });
+    actions.bind(Command::Print, [this] { print(); });
+    actions.bind(Command::Copy, [this] { copy(); });
 }
 
 void GraphOutputs::saveAsFile() {

@@ -16,6 +16,7 @@ class QWidget;
 
 namespace curvemill {
 
+class CommandActions;
 class GraphArea;
 struct EquationCurve;
 struct EquationLook;
@@ -65,6 +66,8 @@ class GraphOutputs {
     // The graph on screen as the output side sees it.
     GraphPicture picture() const;
 
+    // Binds the group's rows of the command table.
+    void bindCommands(CommandActions& actions);
     void saveAsFile();
     void print();
     void copy();

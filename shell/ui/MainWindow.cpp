@@ -8,15 +8,12 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMessageBox>
-#include <QPointer>
 #include <QProcess>
 #include <QProgressBar>
 #include <QStackedWidget>
 #include <QStatusBar>
-#include <QStringList>
 
 #include "engine/Formula.h"
-#include "equation/EquationSolver.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
@@ -29,8 +26,11 @@
 #include "shell/ui/AboutDialog.h"
 #include "shell/ui/CommandActions.h"
 #include "shell/ui/EquationCommands.h"
+#include "shell/ui/FunctionCommands.h"
 #include "shell/ui/GraphArea.h"
+#include "shell/ui/GraphKinds.h"
 #include "shell/ui/GraphOutputs.h"
+#include "shell/ui/HistoryCommands.h"
 #include "shell/ui/KindWindows.h"
 #include "shell/ui/MathCommands.h"
 #include "shell/ui/ProductWebPage.h"
@@ -48,7 +48,7 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     setObjectName(QStringLiteral("GRAPHIC"));
     setWindowTitle(QStringLiteral("CURVEMILL"));
     new ScreenFitter(this);
-    commands_ = std::make_unique<CommandActions>(*this, *this);
+    commands_ = std::make_unique<CommandActions>(*this);
 
     pages_ = new QStackedWidget(this);
     titlePage_ = new TitlePage(pages_);
@@ -79,7 +79,7 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     outputs_->setOtherGraphs(
         {[this] { return kind_; }, &equation_->curve(), &equation_->look(), &parts_.surface});
     equation_->setSurfaceComputation(&surfaceComputation());
-    connect(equation_, &EquationCommands::shown, this, &MainWindow::showEquation);
+    connect(equation_, &EquationCommands::shown, this, [this] { showGraph(*equationGraph_); });
     connect(equation_, &EquationCommands::repaintRequested, this, [this] { graphArea_->redraw(); });
     connect(equation_, &EquationCommands::statusMessage, this,
             [this](const QString& text) { status_->setText(text); });
@@ -89,6 +89,9 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
             returnToTitlePage();
         }
     });
+    functions_ = std::make_unique<FunctionCommands>(FunctionCommandParts{
+        parts_.formula, parts_.graph, parts_.view, parts_.worker, *graphArea_, this,
+        [this] { refreshCommands(); }, [this] { showGraph(*functionGraph_); }});
 
     // Shown only while the worker runs; it gives up width before the status text does.
     progress_ = new QProgressBar(this);
@@ -121,6 +124,13 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     rotation_ = new RotationCommands(
         parts_.surface, *graphArea_->canvas(), [this] { return kind_ == GraphKind::Surface3D; },
         this);
+    connect(graphArea_, &GraphArea::viewChanging, rotation_, &RotationCommands::stopAnimation);
+    functionGraph_ = std::make_unique<FunctionGraph>(*graphArea_, parts_.view, *viewCommands_,
+                                                     parts_.graph, *math_);
+    equationGraph_ =
+        std::make_unique<EquationGraph>(*graphArea_, parts_.view, *viewCommands_, *equation_);
+    surfaceGraph_ =
+        std::make_unique<SurfaceGraph>(*graphArea_, parts_.surface, *surfaceCommands_, *rotation_);
     // A large surface is drawn over several frames; the status says how far it has come.
     SurfaceRedraw& redraw = graphArea_->canvas()->surfaceRedraw();
     connect(&redraw, &SurfaceRedraw::sliceDrawn, status_, [this](int percent) {
@@ -135,6 +145,17 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
                                          [this] { openProductWebPage(this); });
     contextHelp_ = std::make_unique<ContextHelp>(*help_);
 
+    bindWindowCommands();
+    bindKindCommands();
+    functions_->bindCommands(*commands_);
+    math_->bindCommands(*commands_);
+    equation_->bindCommands(*commands_);
+    outputs_->bindCommands(*commands_);
+    viewCommands_->bindCommands(*commands_);
+    rotation_->bindCommands(*commands_);
+    surfaceCommands_->bindCommands(*commands_);
+    bindHistoryCommands(
+        *commands_, [this] { return history_; }, [this] { refreshCommands(); });
     refreshCommands();
 }
 
@@ -143,6 +164,7 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
 // on every event, and the canvas still gets events while QWidget tears the children down: the
 // mouse goes before this window stops being one.
 MainWindow::~MainWindow() {
+    shown_ = nullptr;
     delete equation_;
     equation_ = nullptr;
     delete rotation_;
@@ -155,13 +177,7 @@ void MainWindow::setHistoryPort(HistoryPort* history) {
         history_->setChangedCallback([this] { refreshCommands(); });
     }
     equation_->setHistoryPort(history_);
-    for (TwoDGraphDialog* dialog : {mainDialog_, secondDialog_}) {
-        if (dialog != nullptr) {
-            delete dialog;
-        }
-    }
-    mainDialog_ = nullptr;
-    secondDialog_ = nullptr;
+    functions_->setHistoryPort(history_);
     refreshCommands();
 }
 
@@ -171,14 +187,14 @@ ShellState MainWindow::shellState() const {
     state.hasSecondFunction = parts_.graph.hasSecond();
     state.hasDerivative = parts_.graph.hasDerivative();
     state.hasIntegral = parts_.graph.hasIntegral();
-    state.gridOn = kind_ == GraphKind::Surface3D
-                       ? surfaceCommands_->gridBoxShown()
-                       : kind_ != GraphKind::TitlePage && parts_.view.gridOn;
     state.historyWired = history_ != nullptr;
     state.historyChanged = history_ != nullptr && history_->hasUnsavedEntries();
     state.areaPainted = parts_.view.areaPainted;
     state.indefiniteMarked = parts_.view.indefiniteMarked;
     viewCommands_->fillState(state);
+    if (shown_ != nullptr) {
+        shown_->fillState(state);
+    }
     return state;
 }
 
@@ -187,57 +203,7 @@ void MainWindow::refreshCommands() {
 }
 
 TwoDGraphDialog* MainWindow::twoDGraphDialog(bool second) {
-    TwoDGraphDialog*& dialog = second ? secondDialog_ : mainDialog_;
-    if (dialog == nullptr) {
-        dialog =
-            new TwoDGraphDialog(second ? TwoDGraphRole::Second : TwoDGraphRole::Main,
-                                parts_.formula, parts_.graph, parts_.view, parts_.worker, this);
-        dialog->setWindowModality(Qt::WindowModal);
-        if (history_ != nullptr) {
-            HistoryPort* history = history_;
-            TwoDGraphHistoryHooks hooks;
-            hooks.record = [history](const std::string& formula, const std::string& xBegin,
-                                     const std::string& xEnd) {
-                history->recordEntry(TypedEntry{formula, xBegin, xEnd, "$", "$", 'y'});
-            };
-            // The lists may outlive the dialog (a new history port deletes it).
-            const QPointer<TwoDGraphDialog> guard(dialog);
-            const HistoryClient client{
-                [guard] {
-                    if (guard.isNull()) {
-                        return TypedEntry{};
-                    }
-                    const TwoDGraphInput input = guard->currentInput();
-                    return TypedEntry{input.formula, input.xBegin, input.xEnd, "$", "$", 'y'};
-                },
-                [guard](const TypedEntry& entry) {
-                    if (!guard.isNull()) {
-                        guard->setEntry(QString::fromStdString(entry.formula),
-                                        QString::fromStdString(entry.xBegin),
-                                        QString::fromStdString(entry.xEnd));
-                    }
-                }};
-            hooks.showPreviousEntries = [history, client] { history->showPreviousEntries(client); };
-            hooks.showListOfFunctions = [history, client] { history->showListOfFunctions(client); };
-            dialog->setHistoryHooks(std::move(hooks));
-        }
-        connect(dialog, &TwoDGraphDialog::curvesChanged, this, [this] {
-            graphArea_->redraw();
-            refreshCommands();
-        });
-        connect(dialog, &TwoDGraphDialog::graphDrawn, this, [this, second] {
-            // The marks were made on the function this one replaced.
-            if (!second) {
-                parts_.view.indefiniteMarked = false;
-            }
-            // The second function's own range became the graph's: the main dialog shows it too.
-            if (second && mainDialog_ != nullptr) {
-                mainDialog_->copyRangeFrom(*secondDialog_);
-            }
-            showGraph();
-        });
-    }
-    return dialog;
+    return functions_->dialog(second);
 }
 
 SurfaceComputation& MainWindow::surfaceComputation() {
@@ -255,6 +221,8 @@ SurfaceComputation& MainWindow::surfaceComputation() {
 }
 
 void MainWindow::setKind(GraphKind kind) {
+    graphArea_->beforeViewChange();
+    shown_ = nullptr;
     const bool changed = kind != kind_;
     kind_ = kind;
     graphArea_->canvas()->setKind(kind);
@@ -266,88 +234,104 @@ void MainWindow::setKind(GraphKind kind) {
 // The blank graph area stays until the run ends; with no graph on screen, Cancel then goes
 // back to the title page.
 void MainWindow::discardGraph() {
-    rotation_->stopAnimation();
     graphArea_->canvas()->showSurface(nullptr);
     setKind(GraphKind::TitlePage);
     status_->setText(QStringLiteral("Ready"));
     refreshCommands();
 }
 
-void MainWindow::showSurface() {
-    rotation_->newFigure();
-    setKind(GraphKind::Surface3D);
-    pages_->setCurrentWidget(graphArea_);
-    graphArea_->canvas()->showSurface(&parts_.surface);
-    const SurfaceGrid& grid = parts_.surface.grid;
-    if (!grid.hasDefinedVertex()) {
-        reportNoValue(QStringLiteral("z = f(x, y)"),
-                      QStringLiteral("on the grid x = %1 to %2, y = %3 to %4")
-                          .arg(grid.xBegin, 0, 'g', 15)
-                          .arg(grid.xEnd, 0, 'g', 15)
-                          .arg(grid.yBegin, 0, 'g', 15)
-                          .arg(grid.yEnd, 0, 'g', 15));
-    }
-    refreshCommands();
-}
-
-bool MainWindow::zoomSurface(double factor) {
-    if (kind_ != GraphKind::Surface3D || !zoomFigure(parts_.surface.view, factor)) {
-        return false;
-    }
-    graphArea_->canvas()->invalidate();
-    return true;
-}
-
 QString MainWindow::statusText() const {
     return status_->text();
 }
 
-void MainWindow::showGraph() {
-    rotation_->stopAnimation();
-    graphArea_->canvas()->showSurface(nullptr);
-    setKind(GraphKind::Function2D);
+void MainWindow::bindWindowCommands() {
+    CommandActions& actions = *commands_;
+    for (const Command id : {Command::ReturnToTitle, Command::ReturnToTitleButton}) {
+        actions.bind(id, [this] { returnToTitlePage(); });
+    }
+    actions.bind(Command::Exit, [this] {
+        const auto answer = QMessageBox::question(
+            this, QStringLiteral("Exit"), QStringLiteral("DO YOU REALLY WANT TO EXIT?"),
+            QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+        if (answer == QMessageBox::Yes) {
+            close();
+        }
+    });
+    actions.bind(Command::Calculator, [this] {
+        const char* path = std::getenv("PATH");
+        const std::string program = findCalculator(path != nullptr ? path : "");
+        if (program.empty()) {
+            QMessageBox::warning(this, QStringLiteral("CURVEMILL"),
+                                 QString::fromLatin1(kMsgNoCalculator));
+            return;
+        }
+        QProcess::startDetached(QString::fromStdString(program), {});
+    });
+    actions.bind(Command::DemoFailure, [this] { parts_.reporter.reportFailure(kProcTest, 0); });
+    actions.bind(Command::About, [this] {
+        AboutDialog about(this);
+        about.exec();
+    });
+    actions.bind(Command::HelpTopics, [this] { help_->showHelpTopic(kHelpHomeTopic); });
+    actions.bind(Command::ContextHelp, [this] {
+        // With nothing of this window focused, the page on show is what the user asks about.
+        QWidget* about = QApplication::focusWidget();
+        if (about == nullptr || about->window() != this || about == this) {
+            about = pages_->currentWidget();
+        }
+        contextHelp_->showFor(about);
+    });
+}
+
+void MainWindow::bindKindCommands() {
+    const auto toShown = [this](void (ShownGraph::*tool)()) {
+        return [this, tool] {
+            if (shown_ != nullptr) {
+                (shown_->*tool)();
+                refreshCommands();
+            }
+        };
+    };
+    commands_->bind(Command::MathDialog, toShown(&ShownGraph::openMathDialog));
+    commands_->bind(Command::Information, toShown(&ShownGraph::openInformation));
+    commands_->bind(Command::DrawGrid, toShown(&ShownGraph::toggleGrid));
+    commands_->bind(Command::RestoreZoom, toShown(&ShownGraph::restoreZoom));
+    commands_->bind(Command::ZoomInBoth, [this] {
+        if (shown_ != nullptr) {
+            shown_->zoomBoth(true);
+        }
+    });
+    commands_->bind(Command::ZoomOutBoth, [this] {
+        if (shown_ != nullptr) {
+            shown_->zoomBoth(false);
+        }
+    });
+}
+
+void MainWindow::showGraph(ShownGraph& graph) {
+    setKind(graph.kind());
+    shown_ = &graph;
     pages_->setCurrentWidget(graphArea_);
-    graphArea_->showNewGraph();
-    reportUndefinedCurves();
+    if (const QString status = graph.show(); !status.isEmpty()) {
+        status_->setText(status);
+    }
     refreshCommands();
 }
 
-namespace {
-
-bool hasDefinedPoint(const Curve& curve) {
-    for (const PlotPoint& point : curve) {
-        if (!point.isIndefinite) {
-            return true;
-        }
-    }
-    return false;
+void MainWindow::showSurface() {
+    showGraph(*surfaceGraph_);
 }
 
-}  // namespace
-
-// The sampler records an undefined function quietly and the graph is then empty; a word in the
-// status bar (not a box: nothing went wrong) tells the user why.
-void MainWindow::reportUndefinedCurves() {
-    const TwoDGraph& graph = parts_.graph;
-    QStringList undefined;
-    if (graph.main.exists() && !hasDefinedPoint(graph.main)) {
-        undefined << QString::fromStdString(graph.mainFormulaText);
-    }
-    if (graph.hasSecond() && !hasDefinedPoint(graph.second)) {
-        undefined << QString::fromStdString(graph.secondFormulaText);
-    }
-    if (undefined.isEmpty()) {
-        status_->setText(QStringLiteral("Ready"));
-        return;
-    }
-    reportNoValue(QStringLiteral("y = ") + undefined.join(QStringLiteral(" and y = ")),
-                  QStringLiteral("between x = %1 and x = %2")
-                      .arg(graph.xBegin, 0, 'g', 15)
-                      .arg(graph.xEnd, 0, 'g', 15));
+bool MainWindow::zoomSurface(double factor) {
+    return kind_ == GraphKind::Surface3D && surfaceGraph_->zoom(factor);
 }
 
-void MainWindow::reportNoValue(const QString& function, const QString& where) {
-    status_->setText(QStringLiteral("%1 has no value %2: nothing to draw").arg(function, where));
+void MainWindow::returnToTitlePage() {
+    setKind(GraphKind::TitlePage);
+    pages_->setCurrentWidget(titlePage_);
+    status_->setText(QStringLiteral("Ready"));
+    refreshCommands();
+    Q_EMIT titlePageShown();
 }
 
 void MainWindow::onTitleCommand(int id) {
@@ -356,85 +340,17 @@ void MainWindow::onTitleCommand(int id) {
             openProductWebPage(this);
             break;
         case kTitleTwoDGraphButton:
-            openTwoDGraph();
+            commands_->run(Command::TwoDGraph);
             break;
         case kTitleEquationButton:
-            openEquation();
+            commands_->run(Command::Equation);
             break;
         case kTitleThreeDGraphButton:
-            openThreeDGraph();
+            commands_->run(Command::ThreeDGraph);
             break;
         default:
             break;
     }
-}
-
-void MainWindow::openTwoDGraph() {
-    twoDGraphDialog(false)->open();
-}
-
-void MainWindow::addOrEraseSecondFunction() {
-    if (!parts_.graph.hasSecond()) {
-        TwoDGraphDialog* dialog = twoDGraphDialog(true);
-        dialog->copyRangeFrom(*twoDGraphDialog(false));
-        dialog->open();
-        return;
-    }
-    parts_.graph.second.release();
-    parts_.graph.secondFormulaText.clear();
-    resetView(parts_.view, parts_.graph);
-    graphArea_->showNewGraph();
-    refreshCommands();
-}
-
-void MainWindow::switchFunctions() {
-    TwoDGraph& graph = parts_.graph;
-    if (!graph.hasSecond()) {
-        return;
-    }
-    std::swap(graph.main, graph.second);
-    std::swap(graph.mainFormulaText, graph.secondFormulaText);
-    std::swap(parts_.formula.slots[0], parts_.formula.slots[2]);
-    // The dialogs show what each curve is now, so OK in either draws what the user sees.
-    if (mainDialog_ != nullptr && secondDialog_ != nullptr) {
-        const QString mainText = mainDialog_->formulaText();
-        mainDialog_->setFormulaText(secondDialog_->formulaText());
-        secondDialog_->setFormulaText(mainText);
-    }
-    // The derivative and the integral were taken of the function that is now the second one.
-    graph.derivative.release();
-    graph.integral.release();
-    graph.areaLast = -1;
-    parts_.view.areaPainted = false;
-    resetView(parts_.view, graph);
-    graphArea_->showNewGraph();
-    refreshCommands();
-}
-
-void MainWindow::saveNewEntries() {
-    if (history_ != nullptr) {
-        history_->saveNow();
-    }
-    refreshCommands();
-}
-
-void MainWindow::returnToTitlePage() {
-    rotation_->stopAnimation();
-    setKind(GraphKind::TitlePage);
-    pages_->setCurrentWidget(titlePage_);
-    status_->setText(QStringLiteral("Ready"));
-    refreshCommands();
-    Q_EMIT titlePageShown();
-}
-
-void MainWindow::exitProgram() {
-    const auto answer = QMessageBox::question(this, QStringLiteral("Exit"),
-                                              QStringLiteral("DO YOU REALLY WANT TO EXIT?"),
-                                              QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
-    if (answer != QMessageBox::Yes) {
-        return;
-    }
-    close();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -445,225 +361,6 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     }
     event->accept();
     Q_EMIT closed();
-}
-
-void MainWindow::toggleGrid() {
-    if (kind_ == GraphKind::Surface3D) {
-        surfaceCommands_->toggleGridBox();
-        refreshCommands();
-        return;
-    }
-    parts_.view.gridOn = !parts_.view.gridOn;
-    graphArea_->redraw();
-    refreshCommands();
-}
-
-void MainWindow::openCalculator() {
-    const char* path = std::getenv("PATH");
-    const std::string program = findCalculator(path != nullptr ? path : "");
-    if (program.empty()) {
-        QMessageBox::warning(this, QStringLiteral("CURVEMILL"),
-                             QString::fromLatin1(kMsgNoCalculator));
-        return;
-    }
-    QProcess::startDetached(QString::fromStdString(program), {});
-}
-
-void MainWindow::setMouseMove() {
-    viewCommands_->setSelectArea(false);
-}
-
-void MainWindow::setMouseSelect() {
-    viewCommands_->setSelectArea(true);
-}
-
-void MainWindow::zoomInX() {
-    rotation_->stopAnimation();
-    viewCommands_->zoomIn(ZoomAxis::kX);
-}
-
-void MainWindow::zoomInY() {
-    rotation_->stopAnimation();
-    viewCommands_->zoomIn(ZoomAxis::kY);
-}
-
-void MainWindow::zoomInBoth() {
-    rotation_->stopAnimation();
-    if (kind_ == GraphKind::Surface3D) {
-        zoomSurface(2.0);
-        return;
-    }
-    viewCommands_->zoomIn(ZoomAxis::kBoth);
-}
-
-void MainWindow::zoomOutX() {
-    rotation_->stopAnimation();
-    viewCommands_->zoomOut(ZoomAxis::kX);
-}
-
-void MainWindow::zoomOutY() {
-    rotation_->stopAnimation();
-    viewCommands_->zoomOut(ZoomAxis::kY);
-}
-
-void MainWindow::zoomOutBoth() {
-    rotation_->stopAnimation();
-    if (kind_ == GraphKind::Surface3D) {
-        zoomSurface(0.5);
-        return;
-    }
-    viewCommands_->zoomOut(ZoomAxis::kBoth);
-}
-
-void MainWindow::restoreZoom() {
-    rotation_->stopAnimation();
-    if (kind_ == GraphKind::Surface3D) {
-        zoomSurface(1.0 / parts_.surface.view.zoom);
-        return;
-    }
-    viewCommands_->restore();
-}
-
-void MainWindow::fitToWindow() {
-    rotation_->stopAnimation();
-    viewCommands_->fit();
-}
-
-void MainWindow::stretch() {
-    viewCommands_->stretch();
-}
-
-void MainWindow::undoStretch() {
-    viewCommands_->undoStretch();
-}
-
-void MainWindow::openTwoDCustomization() {
-    viewCommands_->openCustomization(kind_ == GraphKind::Equation);
-}
-
-void MainWindow::openThreeDCustomization() {
-    surfaceCommands_->openCustomization();
-}
-
-void MainWindow::toggleDrawingProcess() {
-    viewCommands_->toggleDrawingProcess();
-}
-
-void MainWindow::demonstrateFailure() {
-    parts_.reporter.reportFailure(kProcTest, 0);
-}
-
-void MainWindow::showAbout() {
-    AboutDialog about(this);
-    about.exec();
-}
-
-void MainWindow::saveAsFile() {
-    outputs_->saveAsFile();
-}
-
-void MainWindow::printGraph() {
-    outputs_->print();
-}
-
-void MainWindow::copySelection() {
-    outputs_->copy();
-}
-
-void MainWindow::showHelpTopics() {
-    help_->showHelpTopic(kHelpHomeTopic);
-}
-
-void MainWindow::showContextHelp() {
-    // With nothing of this window focused, the page on show is what the user asks about.
-    QWidget* about = QApplication::focusWidget();
-    if (about == nullptr || about->window() != this || about == this) {
-        about = pages_->currentWidget();
-    }
-    contextHelp_->showFor(about);
-}
-
-void MainWindow::findInHistory() {
-    if (history_ != nullptr) {
-        history_->runListCommand(cmd::kFind);
-    }
-}
-
-void MainWindow::findNextInHistory() {
-    if (history_ != nullptr) {
-        history_->runListCommand(cmd::kFindNext);
-    }
-}
-
-void MainWindow::deleteHistoryItem() {
-    if (history_ != nullptr) {
-        history_->runListCommand(cmd::kDeleteItem);
-    }
-}
-
-// For an equation the Math dialog is the list of its solution points, and Information finds x
-// for a y or y for an x on its curve.
-void MainWindow::openMathDialog() {
-    if (kind_ == GraphKind::Equation) {
-        equation_->openSolutions();
-        return;
-    }
-    math_->openMathDialog();
-}
-
-void MainWindow::openInformation() {
-    if (kind_ == GraphKind::Equation) {
-        equation_->openInformation();
-        return;
-    }
-    math_->openInformation();
-}
-
-void MainWindow::eraseIntegral() {
-    math_->eraseIntegral();
-}
-
-void MainWindow::eraseDerivative() {
-    math_->eraseDerivative();
-}
-
-void MainWindow::unmarkIndefiniteAreas() {
-    math_->unmarkIndefiniteAreas();
-}
-
-void MainWindow::openEquation() {
-    equation_->openWindow(TwoVariableMode::kEquation);
-}
-
-void MainWindow::openThreeDRotation() {
-    rotation_->openDialog();
-}
-
-void MainWindow::rotateRight() {
-    rotation_->rotateRight();
-}
-
-void MainWindow::rotateLeft() {
-    rotation_->rotateLeft();
-}
-
-void MainWindow::openThreeDGraph() {
-    equation_->openWindow(TwoVariableMode::kSurface);
-}
-
-void MainWindow::showEquation() {
-    rotation_->stopAnimation();
-    graphArea_->canvas()->showSurface(nullptr);
-    setKind(GraphKind::Equation);
-    pages_->setCurrentWidget(graphArea_);
-    graphArea_->showNewGraph();
-    const EquationCurve& curve = equation_->curve();
-    status_->setText(curve.count() == 0
-                         ? QStringLiteral("%1 = 0 has no solution point on this grid")
-                               .arg(QString::fromStdString(curve.formulaText))
-                     : curve.truncated ? QString::fromStdString(solutionLimitText())
-                                       : QStringLiteral("%1 solution points").arg(curve.count()));
-    refreshCommands();
 }
 
 }  // namespace curvemill

@@ -8,7 +8,6 @@
 #include "failure/FailureReporter.h"
 #include "failure/ProcedureNames.h"
 #include "shell/CommandState.h"
-#include "shell/CommandTarget.h"
 
 class QLabel;
 class QProgressBar;
@@ -18,6 +17,11 @@ namespace curvemill {
 
 class CommandActions;
 class EquationCommands;
+class EquationGraph;
+class FunctionGraph;
+class ShownGraph;
+class SurfaceGraph;
+class FunctionCommands;
 class ContextHelp;
 class HelpViewer;
 class Formula;
@@ -53,7 +57,7 @@ struct MainWindowParts {
 
 enum class MouseMode { Move, Select };
 
-class MainWindow : public QMainWindow, public FailureScope, public CommandTarget {
+class MainWindow : public QMainWindow, public FailureScope {
     Q_OBJECT
   public:
     explicit MainWindow(MainWindowParts parts);
@@ -84,54 +88,10 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     // Menus and toolbar follow the state again.
     void refreshCommands();
 
-    // CommandTarget
-    void openTwoDGraph() override;
-    void addOrEraseSecondFunction() override;
-    void switchFunctions() override;
-    void saveNewEntries() override;
-    void returnToTitlePage() override;
-    void exitProgram() override;
-    void toggleGrid() override;
-    void openCalculator() override;
-    void setMouseMove() override;
-    void setMouseSelect() override;
-    void demonstrateFailure() override;
-    void showAbout() override;
-    void saveAsFile() override;
-    void printGraph() override;
-    void copySelection() override;
     GraphOutputs& outputs() const { return *outputs_; }
-    void showHelpTopics() override;
-    void showContextHelp() override;
-    void findInHistory() override;
-    void findNextInHistory() override;
-    void deleteHistoryItem() override;
-    void openMathDialog() override;
-    void openInformation() override;
-    void eraseIntegral() override;
-    void eraseDerivative() override;
-    void unmarkIndefiniteAreas() override;
     MathCommands& math() const { return *math_; }
-    void zoomInX() override;
-    void zoomInY() override;
-    void zoomInBoth() override;
-    void zoomOutX() override;
-    void zoomOutY() override;
-    void zoomOutBoth() override;
-    void restoreZoom() override;
-    void fitToWindow() override;
-    void stretch() override;
-    void undoStretch() override;
-    void openTwoDCustomization() override;
-    void toggleDrawingProcess() override;
-    void openThreeDCustomization() override;
     ViewCommands& viewCommands() const { return *viewCommands_; }
-    void openEquation() override;
-    void openThreeDGraph() override;
     EquationCommands& equationCommands() const { return *equation_; }
-    void openThreeDRotation() override;
-    void rotateRight() override;
-    void rotateLeft() override;
     RotationCommands& rotation() const { return *rotation_; }
 
   Q_SIGNALS:
@@ -145,15 +105,17 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    // The commands of the window itself: its pages, its end, help and the programs it starts.
+    void bindWindowCommands();
+    // The commands every kind of graph has, each carried out by the kind on screen.
+    void bindKindCommands();
+    void returnToTitlePage();
     void setKind(GraphKind kind);
     // The input window's OK: the picture on screen goes, whichever kind it was.
     void discardGraph();
     void onTitleCommand(int id);
-    void showGraph();
-    void reportUndefinedCurves();
-    // The status bar's word (not a box: nothing went wrong) on why a graph is empty.
-    void reportNoValue(const QString& function, const QString& where);
-    void showEquation();
+    // `graph` takes the screen and the status line.
+    void showGraph(ShownGraph& graph);
 
     MainWindowParts parts_;
     HistoryPort* history_ = nullptr;
@@ -170,12 +132,16 @@ class MainWindow : public QMainWindow, public FailureScope, public CommandTarget
     std::unique_ptr<SurfaceCommands> surfaceCommands_;
     QProgressBar* progress_ = nullptr;
     QLabel* status_ = nullptr;
-    TwoDGraphDialog* mainDialog_ = nullptr;
-    TwoDGraphDialog* secondDialog_ = nullptr;
+    std::unique_ptr<FunctionCommands> functions_;
     std::unique_ptr<MathCommands> math_;
     std::unique_ptr<SurfaceComputation> surfaceComputation_;
     std::unique_ptr<HelpViewer> help_;
     std::unique_ptr<ContextHelp> contextHelp_;
+    std::unique_ptr<FunctionGraph> functionGraph_;
+    std::unique_ptr<EquationGraph> equationGraph_;
+    std::unique_ptr<SurfaceGraph> surfaceGraph_;
+    // The kind on screen; null on the title page.
+    ShownGraph* shown_ = nullptr;
 };
 
 }  // namespace curvemill

@@ -7,6 +7,8 @@
 #include "mathtools/Integral.h"
 #include "mathtools/ui/InformationDialog.h"
 #include "mathtools/ui/MathDialog.h"
+#include "shell/CommandTable.h"
+#include "shell/ui/CommandActions.h"
 
 namespace curvemill {
 
@@ -15,6 +17,12 @@ MathCommands::MathCommands(MathCommandParts parts, QObject* parent)
 
 // The dialogs are children of the window and go with it.
 MathCommands::~MathCommands() = default;
+
+void MathCommands::bindCommands(CommandActions& actions) {
+    actions.bind(Command::EraseIntegral, [this] { eraseIntegral(); });
+    actions.bind(Command::EraseDerivative, [this] { eraseDerivative(); });
+    actions.bind(Command::UnmarkIndefinite, [this] { unmarkIndefiniteAreas(); });
+}
 
 MathDialog* MathCommands::mathDialog() {
     if (mathDialog_ == nullptr) {

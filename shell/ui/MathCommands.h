@@ -10,6 +10,7 @@ class QWidget;
 
 namespace curvemill {
 
+class CommandActions;
 class Formula;
 class InformationDialog;
 class MathDialog;
@@ -36,6 +37,8 @@ class MathCommands : public QObject {
     explicit MathCommands(MathCommandParts parts, QObject* parent = nullptr);
     ~MathCommands() override;
 
+    // Binds the group's rows of the command table.
+    void bindCommands(CommandActions& actions);
     void openMathDialog();
     void openInformation();
     void eraseIntegral();

@@ -4,6 +4,8 @@
 #include "graph3d/ui/RotationDialog.h"
 #include "graph3d/ui/SurfaceMouse.h"
 #include "graph3d/ui/SurfaceRotator.h"
+#include "shell/CommandTable.h"
+#include "shell/ui/CommandActions.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/KindWindows.h"
 
@@ -24,6 +26,12 @@ RotationCommands::RotationCommands(SurfaceScene& scene, GraphCanvas& canvas,
 RotationCommands::~RotationCommands() {
     delete dialog_;
     delete mouse_;
+}
+
+void RotationCommands::bindCommands(CommandActions& actions) {
+    actions.bind(Command::ThreeDRotation, [this] { openDialog(); });
+    actions.bind(Command::RotateRight, [this] { rotateRight(); });
+    actions.bind(Command::RotateLeft, [this] { rotateLeft(); });
 }
 
 void RotationCommands::openDialog() {

@@ -12,6 +12,7 @@
 
 namespace curvemill {
 
+class CommandActions;
 class GraphCanvas;
 class SurfaceRotator;
 struct SurfaceScene;
@@ -28,6 +29,8 @@ class RotationCommands : public QObject {
     // `surfaceShown` or a rotator that is gone.
     ~RotationCommands() override;
 
+    // Binds the group's rows of the command table.
+    void bindCommands(CommandActions& actions);
     SurfaceRotator& rotator() const { return *rotator_; }
     RotationDialog* dialog() const { return dialog_; }
     void openDialog();

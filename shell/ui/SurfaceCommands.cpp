@@ -2,10 +2,16 @@
 
 #include "graph3d/SurfaceScene.h"
 #include "graph3d/ui/ThreeDCustomizationDialog.h"
+#include "shell/CommandTable.h"
+#include "shell/ui/CommandActions.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/ViewCommands.h"
 
 namespace curvemill {
+
+void SurfaceCommands::bindCommands(CommandActions& actions) {
+    actions.bind(Command::ThreeDCustomization, [this] { openCustomization(); });
+}
 
 void SurfaceCommands::openCustomization() {
     if (customization_ == nullptr) {

@@ -8,6 +8,7 @@ class QWidget;
 
 namespace curvemill {
 
+class CommandActions;
 class GraphArea;
 class ViewCommands;
 struct SurfaceScene;
@@ -18,6 +19,8 @@ class SurfaceCommands {
     SurfaceCommands(QWidget& window, GraphArea& area, SurfaceScene& scene, ViewCommands& view)
         : window_(window), area_(area), scene_(scene), view_(view) {}
 
+    // Binds the group's rows of the command table.
+    void bindCommands(CommandActions& actions);
     // Modeless, so the figure can be turned while it is tuned; every change shows on it at once.
     // A second call brings the open dialog forward.
     void openCustomization();

@@ -9,6 +9,7 @@
 
 #include "graph2d/ui/TwoDCustomizationDialog.h"
 #include "shell/CommandState.h"
+#include "shell/CommandTable.h"
 #include "shell/ui/CommandActions.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/GraphMouse.h"
@@ -41,6 +42,23 @@ ViewCommands::ViewCommands(QMainWindow& window, GraphArea& area, TwoDGraph& grap
     });
 }
 
+void ViewCommands::bindCommands(CommandActions& actions) {
+    actions.bind(Command::ZoomInX, [this] { zoomIn(ZoomAxis::kX); });
+    actions.bind(Command::ZoomInY, [this] { zoomIn(ZoomAxis::kY); });
+    actions.bind(Command::ZoomOutX, [this] { zoomOut(ZoomAxis::kX); });
+    actions.bind(Command::ZoomOutY, [this] { zoomOut(ZoomAxis::kY); });
+    actions.bind(Command::FitToWindow, [this] { fit(); });
+    actions.bind(Command::Stretch, [this] { stretch(); });
+    actions.bind(Command::UndoStretch, [this] { undoStretch(); });
+    actions.bind(Command::MouseMove, [this] { setSelectArea(false); });
+    actions.bind(Command::MouseSelect, [this] { setSelectArea(true); });
+    actions.bind(Command::ShowDrawingProcess, [this] { toggleDrawingProcess(); });
+    for (const Command id : {Command::TwoDCustomization, Command::GridProperties}) {
+        actions.bind(id,
+                     [this] { openCustomization(area_.canvas()->kind() == GraphKind::Equation); });
+    }
+}
+
 void ViewCommands::afterZoom(bool changed) {
     if (changed) {
         area_.redraw();
@@ -49,24 +67,28 @@ void ViewCommands::afterZoom(bool changed) {
 }
 
 void ViewCommands::zoomIn(ZoomAxis axis) {
+    area_.beforeViewChange();
     if (area_.canvas()->graphShown()) {
         afterZoom(curvemill::zoomIn(view_, axis));
     }
 }
 
 void ViewCommands::zoomOut(ZoomAxis axis) {
+    area_.beforeViewChange();
     if (area_.canvas()->graphShown()) {
         afterZoom(curvemill::zoomOut(view_, axis));
     }
 }
 
 void ViewCommands::restore() {
+    area_.beforeViewChange();
     restoreZoom(view_);
     stretches_.clear();
     afterZoom(true);
 }
 
 void ViewCommands::fit() {
+    area_.beforeViewChange();
     afterZoom(fitToWindow(view_));
 }
 

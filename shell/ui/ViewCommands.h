@@ -23,6 +23,8 @@ class ViewCommands : public QObject {
     ViewCommands(QMainWindow& window, GraphArea& area, TwoDGraph& graph, GraphView& view,
                  CommandActions& actions);
 
+    // Binds the group's rows of the command table.
+    void bindCommands(CommandActions& actions);
     void zoomIn(ZoomAxis axis);
     void zoomOut(ZoomAxis axis);
     void restore();

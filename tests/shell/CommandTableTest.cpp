@@ -2,10 +2,12 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <regex>
 #include <set>
 #include <string>
@@ -40,94 +42,65 @@ TEST(Mnemonics, OneLetterEachWordStartsFirstTextsUnchanged) {
     }
 }
 
-TEST(CommandTable, IdsAndKeysAreUniqueAndMenuEntriesHaveText) {
+// Every command has its own number and key; every menu entry has text and a letter of its own in
+// its menu.
+TEST(CommandTable, IdsKeysAndAccessKeysAreUnique) {
     std::set<int> ids;
     std::set<std::string_view> keys;
+    std::map<std::string_view, std::vector<std::string>> menus;
     for (const CommandRow& row : commandTable()) {
         SCOPED_TRACE(row.id);
         EXPECT_TRUE(ids.insert(row.id).second);
         EXPECT_TRUE(row.key.empty() || keys.insert(row.key).second);
-        EXPECT_TRUE(row.place != CommandPlace::Menu || !row.text.empty());
         EXPECT_EQ(findCommand(row.id), &row);
+        EXPECT_EQ(&commandRow(row.command), &row);
+        if (row.place == CommandPlace::Menu) {
+            menus[row.menu].emplace_back(menuLabel(row));
+        }
     }
     EXPECT_EQ(findCommand(12345), nullptr);
-    // Texts kept letter for letter, odd spelling included, and a key hint that is not a label.
-    EXPECT_EQ(findCommand(40086)->text, "Equation with 2 Varialbles");
-    EXPECT_EQ(findCommand(40052)->key, "Ctrl+C");
-    EXPECT_EQ(menuLabel(*findCommand(40052)), "Copy");
+    for (const auto& [menu, labels] : menus) {
+        std::set<char> letters;
+        for (const std::string& marked : assignMnemonics(labels)) {
+            const std::size_t at = marked.find('&');
+            ASSERT_LT(at + 1, marked.size()) << marked;
+            EXPECT_TRUE(letters.insert(static_cast<char>(std::tolower(marked[at + 1]))).second)
+                << menu << ": " << marked;
+        }
+    }
 }
 
-TEST(CommandState, EnablingFollowsTheGraphOnScreen) {
-    const ShellState title{};
-    const ShellState full2D{GraphKind::Function2D, true, true, true, true, true, true};
-    const ShellState equation{GraphKind::Equation};
-    const ShellState surface{GraphKind::Surface3D};
+// A few characteristic rows of the availability column: everywhere, any graph, a flat graph, a
+// function only, a surface only, and entries that wait for something on the graph.
+TEST(CommandState, AvailabilityFollowsTheGraphOnScreen) {
+    ShellState function{GraphKind::Function2D};
+    function.canZoomInX = false;
     struct Row {
-        int id;
-        bool onTitle, onFull2D, onEquation, onSurface;
+        Command command;
+        bool onTitle, onFunction, onEquation, onSurface;
     };
-    // One command per rule: everywhere, any graph, a function only, a surface only.
-    const std::vector<Row> rows{
-        {40009, true, true, true, true},    {40030, false, true, true, true},
-        {40126, false, true, true, true},   {40051, false, true, false, false},
-        {40139, false, false, false, true}, {40005, false, true, true, true},
+    const Row rows[] = {
+        {Command::TwoDGraph, true, true, true, true},
+        {Command::SaveAsFile, false, true, true, true},
+        {Command::FitToWindow, false, true, true, false},
+        {Command::SecondFunction, false, true, false, false},
+        {Command::RotateLeft, false, false, false, true},
+        {Command::ZoomInBoth, false, true, true, true},
+        {Command::ZoomInX, false, false, true, false},
+        {Command::SwitchFunctions, false, false, false, false},
+        {Command::EraseIntegral, false, false, false, false},
     };
     for (const Row& row : rows) {
-        SCOPED_TRACE(row.id);
-        EXPECT_EQ(commandAvailable(row.id, title), row.onTitle);
-        EXPECT_EQ(commandAvailable(row.id, full2D), row.onFull2D);
-        EXPECT_EQ(commandAvailable(row.id, equation), row.onEquation);
-        EXPECT_EQ(commandAvailable(row.id, surface), row.onSurface);
+        SCOPED_TRACE(commandRow(row.command).id);
+        EXPECT_EQ(commandAvailable(row.command, ShellState{}), row.onTitle);
+        EXPECT_EQ(commandAvailable(row.command, function), row.onFunction);
+        EXPECT_EQ(commandAvailable(row.command, ShellState{GraphKind::Equation}), row.onEquation);
+        EXPECT_EQ(commandAvailable(row.command, ShellState{GraphKind::Surface3D}), row.onSurface);
     }
-    // Entries that wait for something on the graph.
-    const ShellState plain2D{GraphKind::Function2D};
-    EXPECT_FALSE(commandAvailable(40054, plain2D));
-    EXPECT_FALSE(commandAvailable(40031, plain2D));
-    ShellState painted{GraphKind::Function2D};
-    painted.areaPainted = true;
-    EXPECT_TRUE(commandAvailable(40029, painted));
-    EXPECT_FALSE(commandAvailable(40031, painted));
-}
-
-TEST(CommandState, ZoomEntriesFollowTheLimitsAndTheStretchStack) {
-    // State: can zoom in X, in Y, out X, out Y, stretch, undo stretch. Enabled: 40003..40008,
-    // 40049, 40050.
-    const std::pair<std::string, std::string> rows[] = {
-        {"111100", "11111100"},  // at zoom 1
-        {"011110", "01111110"},  // X at its top, a selection
-        {"001101", "00011101"},  // both at the top, a stretch to undo
-        {"111000", "11110100"},  // Y at its bottom
-    };
-    const int ids[] = {40003, 40004, 40005, 40006, 40007, 40008, 40049, 40050};
-    for (const auto& [flags, enabled] : rows) {
-        SCOPED_TRACE(flags);
-        ShellState state{GraphKind::Function2D};
-        bool* fields[] = {&state.canZoomInX,  &state.canZoomInY, &state.canZoomOutX,
-                          &state.canZoomOutY, &state.canStretch, &state.canUndoStretch};
-        for (std::size_t i = 0; i < std::size(fields); ++i) {
-            *fields[i] = flags[i] == '1';
-        }
-        for (std::size_t i = 0; i < std::size(ids); ++i) {
-            EXPECT_EQ(commandEnabled(*findCommand(ids[i]), state), enabled[i] == '1') << ids[i];
-        }
-        state.kind = GraphKind::Surface3D;
-        EXPECT_FALSE(commandEnabled(*findCommand(40049), state));
-    }
-}
-
-TEST(CommandState, SecondFunctionAndGridEntriesChangeTheirWords) {
-    ShellState state{GraphKind::Function2D};
-    const CommandRow& second = *findCommand(cmd::kSecondFunction);
-    const CommandRow& grid = *findCommand(cmd::kDrawGrid);
-    EXPECT_EQ(commandLook(second, state).text, "Add Another Function");
-    EXPECT_EQ(commandLook(second, state).tooltip, "ADD SECOND FUNCTION");
-    EXPECT_EQ(commandLook(grid, state).tooltip, "DRAW GRID");
-    state.hasSecondFunction = true;
-    state.gridOn = true;
-    EXPECT_EQ(commandLook(second, state).text, "Erase Another Function");
-    EXPECT_EQ(commandLook(second, state).tooltip, "ERASE SECOND FUNCTION");
-    EXPECT_EQ(commandLook(grid, state).text, "Draw Grid");
-    EXPECT_EQ(commandLook(grid, state).tooltip, "ERASE GRID");
+    function.hasSecondFunction = true;
+    function.areaPainted = true;
+    EXPECT_TRUE(commandAvailable(Command::SwitchFunctions, function));
+    EXPECT_TRUE(commandAvailable(Command::EraseIntegral, function));
 }
 
 class CalculatorLocatorTest : public ::testing::Test {
@@ -194,7 +167,7 @@ TEST(CommandState, CommandsTheHelpCallsGreyAreGrey) {
                 for (const CommandRow& row : commandTable()) {
                     if (menuLabel(row) == name || row.tooltip == name) {
                         ++rows;
-                        EXPECT_FALSE(commandAvailable(row.id, condition->second)) << name;
+                        EXPECT_FALSE(row.available(condition->second)) << name;
                     }
                 }
                 EXPECT_GT(rows, 0) << name << " is no command";

@@ -127,7 +127,7 @@ class MainWindowFixture : public QObject {
     // given), OK pressed; true once the graph is drawn.
     bool drawFunction(bool second, const QString& text, const QString& from = {},
                       const QString& to = {}) {
-        action(second ? cmd::kSecondFunction : cmd::kTwoDGraph)->trigger();
+        action(second ? 40051 : 40009)->trigger();
         auto* dialog = shown<TwoDGraphDialog>();
         if (dialog == nullptr) {
             return false;

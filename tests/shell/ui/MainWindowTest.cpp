@@ -302,7 +302,7 @@ class MainWindowTest : public MainWindowFixture {
             {1063, u"sin(x)/x*80"_s, u"21"_s, -1},
             {1037, u""_s, u"20"_s, 3}};
         for (const auto& [button, typed, end, row] : rows) {
-            action(cmd::kTwoDGraph)->trigger();
+            action(40009)->trigger();
             auto* dialog = shown<TwoDGraphDialog>();
             dialog->setEntry(typed, "-" + end, end);
             HistoryWindow& list =

@@ -1,0 +1,132 @@
+#include "shell/ui/FunctionCommands.h"
+
+#include <utility>
+
+#include <QPointer>
+
+#include "engine/Formula.h"
+#include "graph2d/GraphView.h"
+#include "graph2d/TwoDGraph.h"
+#include "graph2d/ui/TwoDGraphDialog.h"
+#include "history/HistoryPort.h"
+#include "shell/CommandTable.h"
+#include "shell/ui/CommandActions.h"
+#include "shell/ui/GraphArea.h"
+
+namespace curvemill {
+
+FunctionCommands::FunctionCommands(FunctionCommandParts parts, QObject* parent)
+    : QObject(parent), parts_(std::move(parts)) {}
+
+void FunctionCommands::bindCommands(CommandActions& actions) {
+    actions.bind(Command::TwoDGraph, [this] { dialog(false)->open(); });
+    actions.bind(Command::SecondFunction, [this] { addOrEraseSecondFunction(); });
+    actions.bind(Command::SwitchFunctions, [this] { switchFunctions(); });
+}
+
+void FunctionCommands::setHistoryPort(HistoryPort* history) {
+    history_ = history;
+    delete mainDialog_;
+    delete secondDialog_;
+    mainDialog_ = nullptr;
+    secondDialog_ = nullptr;
+}
+
+TwoDGraphDialog* FunctionCommands::dialog(bool second) {
+    TwoDGraphDialog*& dialog = second ? secondDialog_ : mainDialog_;
+    if (dialog != nullptr) {
+        return dialog;
+    }
+    dialog =
+        new TwoDGraphDialog(second ? TwoDGraphRole::Second : TwoDGraphRole::Main, parts_.formula,
+                            parts_.graph, parts_.view, parts_.worker, parts_.window);
+    dialog->setWindowModality(Qt::WindowModal);
+    if (history_ != nullptr) {
+        connectHistory(*dialog);
+    }
+    connect(dialog, &TwoDGraphDialog::curvesChanged, this, [this] {
+        parts_.area.redraw();
+        parts_.changed();
+    });
+    connect(dialog, &TwoDGraphDialog::graphDrawn, this, [this, second] {
+        // The marks were made on the function this one replaced.
+        if (!second) {
+            parts_.view.indefiniteMarked = false;
+        }
+        // The second function's own range became the graph's: the main dialog shows it too.
+        if (second && mainDialog_ != nullptr) {
+            mainDialog_->copyRangeFrom(*secondDialog_);
+        }
+        parts_.drawn();
+    });
+    return dialog;
+}
+
+void FunctionCommands::connectHistory(TwoDGraphDialog& dialog) {
+    HistoryPort* history = history_;
+    TwoDGraphHistoryHooks hooks;
+    hooks.record = [history](const std::string& formula, const std::string& xBegin,
+                             const std::string& xEnd) {
+        history->recordEntry(TypedEntry{formula, xBegin, xEnd, "$", "$", 'y'});
+    };
+    // The lists may outlive the dialog (a new history port deletes it).
+    const QPointer<TwoDGraphDialog> guard(&dialog);
+    const HistoryClient client{[guard] {
+                                   if (guard.isNull()) {
+                                       return TypedEntry{};
+                                   }
+                                   const TwoDGraphInput input = guard->currentInput();
+                                   return TypedEntry{input.formula, input.xBegin, input.xEnd,
+                                                     "$",           "$",          'y'};
+                               },
+                               [guard](const TypedEntry& entry) {
+                                   if (!guard.isNull()) {
+                                       guard->setEntry(QString::fromStdString(entry.formula),
+                                                       QString::fromStdString(entry.xBegin),
+                                                       QString::fromStdString(entry.xEnd));
+                                   }
+                               }};
+    hooks.showPreviousEntries = [history, client] { history->showPreviousEntries(client); };
+    hooks.showListOfFunctions = [history, client] { history->showListOfFunctions(client); };
+    dialog.setHistoryHooks(std::move(hooks));
+}
+
+void FunctionCommands::addOrEraseSecondFunction() {
+    if (!parts_.graph.hasSecond()) {
+        TwoDGraphDialog* second = dialog(true);
+        second->copyRangeFrom(*dialog(false));
+        second->open();
+        return;
+    }
+    parts_.graph.second.release();
+    parts_.graph.secondFormulaText.clear();
+    resetView(parts_.view, parts_.graph);
+    parts_.area.showNewGraph();
+    parts_.changed();
+}
+
+void FunctionCommands::switchFunctions() {
+    TwoDGraph& graph = parts_.graph;
+    if (!graph.hasSecond()) {
+        return;
+    }
+    std::swap(graph.main, graph.second);
+    std::swap(graph.mainFormulaText, graph.secondFormulaText);
+    std::swap(parts_.formula.slots[0], parts_.formula.slots[2]);
+    // The dialogs show what each curve is now, so OK in either draws what the user sees.
+    if (mainDialog_ != nullptr && secondDialog_ != nullptr) {
+        const QString mainText = mainDialog_->formulaText();
+        mainDialog_->setFormulaText(secondDialog_->formulaText());
+        secondDialog_->setFormulaText(mainText);
+    }
+    // The derivative and the integral were taken of the function that is now the second one.
+    graph.derivative.release();
+    graph.integral.release();
+    graph.areaLast = -1;
+    parts_.view.areaPainted = false;
+    resetView(parts_.view, graph);
+    parts_.area.showNewGraph();
+    parts_.changed();
+}
+
+}  // namespace curvemill
