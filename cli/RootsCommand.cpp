@@ -71,10 +71,8 @@ int runRoots(const ParsedArguments& arguments, std::ostream& out, UsageErrors& u
         out << *refusal << '\n';
         return kExitRefused;
     }
-    formula.xSteps = *steps;
-    formula.ySteps = *steps;
-    formula.precisionExponent = *precision;
-    const RootScanResult result = findRoots(formula, kind, fixed.value, range, {});
+    const RootScanResult result =
+        findRoots(formula, kind, fixed.value, range, {}, {*steps, *steps, *precision});
     for (const std::string& line : solutionTexts(result.solutions, false)) {
         out << line << '\n';
     }

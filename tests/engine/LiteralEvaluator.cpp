@@ -35,7 +35,7 @@ class LiteralRun {
         : slot_(slot), text_(slot.text.data()), logFactor_(logFactor), x_(x), y_(y) {}
 
     LiteralResult run() {
-        std::memcpy(slot_.savedText.data(), slot_.text.data(), slot_.text.size());
+        std::memcpy(savedText_.data(), slot_.text.data(), slot_.text.size());
         int start = 0;
         for (;;) {
             if (start > slot_.length - 1) {
@@ -73,7 +73,7 @@ class LiteralRun {
                     break;
             }
             if (open == 0) {
-                std::memcpy(slot_.text.data(), slot_.savedText.data(), slot_.text.size());
+                std::memcpy(slot_.text.data(), savedText_.data(), slot_.text.size());
                 return {slot_.values[0], indefinite_};
             }
             text_[open] = 'f';
@@ -86,7 +86,7 @@ class LiteralRun {
 
   private:
     [[noreturn]] void fail(const std::string& why) const {
-        throw std::logic_error(why + " in \"" + std::string(slot_.savedText.data()) + "\"");
+        throw std::logic_error(why + " in \"" + std::string(savedText_.data()) + "\"");
     }
 
     int findForward(int from, char wanted) const {
@@ -218,7 +218,7 @@ class LiteralRun {
 
     // Whether the exponent that starts at `j` in savedText mentions x or y.
     bool exponentDependsOnVariables(int j) const {
-        const char* saved = slot_.savedText.data();
+        const char* saved = savedText_.data();
         const char c = saved[j];
         if (c == 'k') {
             return false;
@@ -283,6 +283,7 @@ class LiteralRun {
 
     ExpressionSlot& slot_;
     char* text_;
+    std::array<char, kSlotCapacity> savedText_{};
     double logFactor_;
     double x_;
     double y_;

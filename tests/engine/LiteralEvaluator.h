@@ -11,7 +11,7 @@ struct LiteralResult {
 };
 
 // Evaluates a prepared slot by rewriting its text pair by pair, as the slow original did: it
-// fills slot.values and slot.savedText and restores slot.text at the end. Throws
+// fills slot.values and restores slot.text at the end. Throws
 // std::logic_error when the text is not one that preparation can produce, so a malformed plan
 // shows up as a test failure rather than as undefined behaviour.
 LiteralResult evaluateLiterally(ExpressionSlot& slot, double logFactor, double x, double y);
