@@ -5,8 +5,8 @@
 #include "cli/Printable.h"
 #include "engine/NumberEntry.h"
 #include "graph2d/CurveSampler.h"
-#include "graph2d/DerivativeCurve.h"
 #include "graph2d/GraphEntries.h"
+#include "mathtools/DerivativeCurve.h"
 #include "mathtools/IntegralCurve.h"
 
 namespace curvemill::cli {

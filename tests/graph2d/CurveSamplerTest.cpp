@@ -12,8 +12,8 @@
 #include "engine/Formula.h"
 #include "engine/Preparation.h"
 #include "graph2d/CurveSampler.h"
-#include "graph2d/DerivativeCurve.h"
 #include "graph2d/DrawStep.h"
+#include "mathtools/DerivativeCurve.h"
 #include "tests/support/SampledGraph.h"
 
 namespace curvemill {
