@@ -79,6 +79,48 @@ std::optional<std::string> parseArguments(const CommandSyntax& syntax,
     return std::nullopt;
 }
 
+bool parseCommandLine(const CommandSyntax& syntax, const std::vector<std::string>& args,
+                      ParsedArguments& parsed, UsageErrors& usage) {
+    std::optional<std::string> error = parseArguments(syntax, args, parsed);
+    if (!error && syntax.optionsAfterPositional && parsed.positionals.size() > 1) {
+        const std::vector<std::string> rest(parsed.positionals.begin() + 1,
+                                            parsed.positionals.end());
+        CommandSyntax optionsOnly = syntax;
+        optionsOnly.minPositionals = 0;
+        optionsOnly.maxPositionals = 0;
+        optionsOnly.positionalUsage = "no more arguments after FORMULA";
+        ParsedArguments trailing;
+        error = parseArguments(optionsOnly, rest, trailing);
+        for (const OptionSpec& option : syntax.options) {
+            if (const auto value = trailing.value(option.name)) {
+                parsed.set(option.name, *value);
+            }
+        }
+        parsed.helpRequested = parsed.helpRequested || trailing.helpRequested;
+        parsed.positionals.resize(1);
+    }
+    if (error) {
+        usage.report() << *error << "\n(see 'curvemill-cli " << syntax.command << " --help')\n";
+        return false;
+    }
+    return true;
+}
+
+bool requireOptions(const ParsedArguments& arguments, std::initializer_list<std::string_view> names,
+                    UsageErrors& usage) {
+    if (std::all_of(names.begin(), names.end(),
+                    [&arguments](std::string_view name) { return arguments.value(name); })) {
+        return true;
+    }
+    std::ostream& err = usage.report();
+    std::size_t left = names.size();
+    for (std::string_view name : names) {
+        --left;
+        err << "--" << name << (left > 1 ? ", " : left == 1 ? " and " : " are required\n");
+    }
+    return false;
+}
+
 std::optional<long> plainInteger(std::string_view text) {
     long value = 0;
     const char* const end = text.data() + text.size();

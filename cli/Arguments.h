@@ -1,8 +1,10 @@
 // Command-line parsing shared by the commands of curvemill-cli: options first, then positionals.
 #pragma once
 
+#include <initializer_list>
 #include <map>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +26,9 @@ struct CommandSyntax {
     std::size_t maxPositionals = 0;
     std::vector<OptionSpec> options;
     std::string details;  // free text after the option list
+    // Options may also follow the one positional ("plot sin(x) --x-begin -1 ..."); words after it
+    // that are no options are refused as "no more arguments after FORMULA".
+    bool optionsAfterPositional = false;
 };
 
 class ParsedArguments {
@@ -45,6 +50,27 @@ class ParsedArguments {
 std::optional<std::string> parseArguments(const CommandSyntax& syntax,
                                           const std::vector<std::string>& args,
                                           ParsedArguments& parsed);
+
+// Where a command's usage errors go: each message begins "curvemill-cli COMMAND: ".
+class UsageErrors {
+  public:
+    UsageErrors(std::string_view command, std::ostream& err) : command_(command), err_(err) {}
+    // Starts a message; the caller writes the rest and its line end.
+    std::ostream& report() { return err_ << "curvemill-cli " << command_ << ": "; }
+
+  private:
+    std::string_view command_;
+    std::ostream& err_;
+};
+
+// The whole command line of a command after its name: the options before and, where the syntax
+// allows them, after the positional, and the positionals' count. False after telling `usage`.
+bool parseCommandLine(const CommandSyntax& syntax, const std::vector<std::string>& args,
+                      ParsedArguments& parsed, UsageErrors& usage);
+
+// Whether every option of `names` was given; otherwise tells "--a, --b and --c are required".
+bool requireOptions(const ParsedArguments& arguments, std::initializer_list<std::string_view> names,
+                    UsageErrors& usage);
 
 // The value of an integer option. One rule for all of them: plain decimal digits and nothing
 // else, so no sign, no blanks before or after and no exponent ("10000", not " 10000", "10000 ",

@@ -7,12 +7,12 @@
 namespace curvemill::cli {
 namespace {
 
-int runCheck(const ParsedArguments& arguments, std::ostream& out, std::ostream& err) {
-    const auto mode = modeArgument(arguments.value("mode"), "fFne", kModeFunction, "check", err);
+int runCheck(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
+    const auto mode = modeArgument(arguments.value("mode"), "fFne", kModeFunction, usage);
     if (!mode) {
         return kExitUsage;
     }
-    auto text = formulaArgument(arguments.positionals[0], "check", err);
+    auto text = formulaArgument(arguments.positionals[0], usage);
     if (!text) {
         return kExitUsage;
     }

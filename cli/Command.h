@@ -15,9 +15,10 @@ inline constexpr int kExitUsage = 2;    // the command line itself is wrong
 
 struct Command {
     CommandSyntax syntax;
-    // Runs with arguments already parsed against `syntax`; results go to `out`, usage errors
-    // found while interpreting option values to `err` (returning kExitUsage).
-    int (*run)(const ParsedArguments& arguments, std::ostream& out, std::ostream& err);
+    // Runs with arguments already parsed against `syntax` (--help already answered); results go
+    // to `out`, usage errors found while interpreting option values to `usage` (returning
+    // kExitUsage).
+    int (*run)(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage);
 };
 
 // To add a command: write its file with a factory like these and list it in CommandTable.cpp.

@@ -66,7 +66,8 @@ CommandSyntax equationSyntax() {
             std::to_string(kMostSolutions) +
             " solution points and says so on stderr when it stops there.\n"
             "Exit status: 0 solved (no solution included), 1 an entry refused (the window's\n"
-            "message is printed) or the file could not be written, 2 wrong command line.\n"};
+            "message is printed) or the file could not be written, 2 wrong command line.\n",
+        true};
 }
 
 // Reads the four range boxes and the formula in the window's order into the grid's domain.
@@ -111,45 +112,32 @@ int draw(const ParsedArguments& arguments, const EquationCurve& curve, const std
     return writeGraphImage(output, format, drawing, QSize(width, height), options, out);
 }
 
-int runEquation(const ParsedArguments& parsed, std::ostream& out, std::ostream& err) {
-    ParsedArguments arguments = parsed;
-    const CommandSyntax syntax = equationSyntax();
-    if (!parseTrailingOptions(syntax, arguments, err)) {
-        return kExitUsage;
-    }
-    if (arguments.helpRequested) {
-        out << usageText(syntax);
-        return kExitOk;
-    }
-    const auto typed = formulaArgument(arguments.positionals[0], "equation", err);
-    const auto nx = wholeArgument(arguments.value("nx"), "nx", 1, kMostSteps, 500, "equation", err);
-    const auto ny = wholeArgument(arguments.value("ny"), "ny", 1, kMostSteps, 500, "equation", err);
+int runEquation(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
+    const auto typed = formulaArgument(arguments.positionals[0], usage);
+    const auto nx = wholeArgument(arguments.value("nx"), "nx", 1, kMostSteps, 500, usage);
+    const auto ny = wholeArgument(arguments.value("ny"), "ny", 1, kMostSteps, 500, usage);
     const auto precision =
-        wholeArgument(arguments.value("precision"), "precision", 1, 15, 5, "equation", err);
-    for (const char* required : {"x-begin", "x-end", "y-begin", "y-end"}) {
-        if (!arguments.value(required)) {
-            err << "curvemill-cli equation: --x-begin, --x-end, --y-begin and --y-end are "
-                   "required\n";
-            return kExitUsage;
-        }
+        wholeArgument(arguments.value("precision"), "precision", 1, 15, 5, usage);
+    if (!requireOptions(arguments, {"x-begin", "x-end", "y-begin", "y-end"}, usage)) {
+        return kExitUsage;
     }
     const auto output = arguments.value("output");
     const int outputs =
         (output ? 1 : 0) + (arguments.flag("points") ? 1 : 0) + (arguments.flag("summary") ? 1 : 0);
     if (outputs != 1) {
-        err << "curvemill-cli equation: give exactly one of -o FILE, --points and --summary\n";
+        usage.report() << "give exactly one of -o FILE, --points and --summary\n";
         return kExitUsage;
     }
     int width = 1024;
     int height = 768;
     if (!typed || !nx || !ny || !precision ||
-        !readImageSize(arguments.value("size"), width, height, "equation", err)) {
+        !readImageSize(arguments.value("size"), width, height, usage)) {
         return kExitUsage;
     }
     std::optional<ImageFormat> format;
-    const std::optional<int> depth = outputDepth(arguments.value("depth"), "equation", err);
+    const std::optional<int> depth = outputDepth(arguments.value("depth"), usage);
     if (output) {
-        format = outputFormat(*output, "equation", err);
+        format = outputFormat(*output, usage);
     }
     if (!depth || (output && !format)) {
         return kExitUsage;
@@ -169,7 +157,7 @@ int runEquation(const ParsedArguments& parsed, std::ostream& out, std::ostream& 
     solveEquation(formula, grid, running, work, curve);
     curve.formulaText = *typed;
     if (curve.truncated) {
-        err << "curvemill-cli equation: " << solutionLimitText() << '\n';
+        usage.report() << solutionLimitText() << '\n';
     }
 
     if (arguments.flag("summary")) {

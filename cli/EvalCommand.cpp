@@ -12,20 +12,20 @@
 namespace curvemill::cli {
 namespace {
 
-int runEval(const ParsedArguments& arguments, std::ostream& out, std::ostream& err) {
+int runEval(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
     const auto& positionals = arguments.positionals;
     const bool hasY = positionals.size() == 3;
     const auto mode = modeArgument(arguments.value("mode"), "fe",
-                                   hasY ? kModeTwoVariables : kModeFunction, "eval", err);
+                                   hasY ? kModeTwoVariables : kModeFunction, usage);
     if (!mode) {
         return kExitUsage;
     }
-    const auto typed = formulaArgument(positionals[0], "eval", err);
-    const auto xText = entryArgument(positionals[1], "X", "eval", err);
-    const auto yText = hasY ? entryArgument(positionals[2], "Y", "eval", err) : std::string("0");
+    const auto typed = formulaArgument(positionals[0], usage);
+    const auto xText = entryArgument(positionals[1], "X", usage);
+    const auto yText = hasY ? entryArgument(positionals[2], "Y", usage) : std::string("0");
     const auto baseText = arguments.value("log-base");
     const auto base =
-        baseText ? entryArgument(*baseText, "--log-base", "eval", err, Blanks::Kept) : std::nullopt;
+        baseText ? entryArgument(*baseText, "--log-base", usage, Blanks::Kept) : std::nullopt;
     if (!typed || !xText || !yText || (baseText && !base)) {
         return kExitUsage;
     }

@@ -18,7 +18,8 @@ CommandSyntax extremesSyntax() {
         graphOptions(),
         "Options may come before or after FORMULA.\n"
         "Exit status: 0 listed (an empty list included), 1 an entry refused (the dialog's\n"
-        "message is printed), 2 wrong command line.\n"};
+        "message is printed), 2 wrong command line.\n",
+        true};
     syntax.options.push_back({"filter", "F", "max, min or both (default both)"});
     syntax.options.push_back({"x-pi", "", "x in units of pi"});
     syntax.options.push_back({"y-pi", "", "y in units of pi"});
@@ -26,7 +27,7 @@ CommandSyntax extremesSyntax() {
 }
 
 std::optional<ExtremeFilter> filterArgument(const std::optional<std::string>& value,
-                                            std::ostream& err) {
+                                            UsageErrors& usage) {
     if (!value || *value == "both") {
         return ExtremeFilter::kBoth;
     }
@@ -36,33 +37,22 @@ std::optional<ExtremeFilter> filterArgument(const std::optional<std::string>& va
     if (*value == "min") {
         return ExtremeFilter::kMinima;
     }
-    err << "curvemill-cli extremes: --filter must be max, min or both, not " << quoted(*value)
-        << "\n";
+    usage.report() << "--filter must be max, min or both, not " << quoted(*value) << "\n";
     return std::nullopt;
 }
 
-int runExtremes(const ParsedArguments& parsed, std::ostream& out, std::ostream& err) {
-    ParsedArguments arguments = parsed;
-    const CommandSyntax syntax = extremesSyntax();
-    if (!parseTrailingOptions(syntax, arguments, err)) {
-        return kExitUsage;
-    }
-    const auto typed = formulaArgument(arguments.positionals[0], "extremes", err);
-    const auto points = pointsArgument(arguments.value("points"), "extremes", err);
-    const auto filter = filterArgument(arguments.value("filter"), err);
-    const auto begin = arguments.value("x-begin");
-    const auto end = arguments.value("x-end");
-    if (!begin || !end) {
-        err << "curvemill-cli extremes: --x-begin and --x-end are required\n";
-        return kExitUsage;
-    }
-    if (!typed || !points || !filter) {
+int runExtremes(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
+    const auto typed = formulaArgument(arguments.positionals[0], usage);
+    const auto points = pointsArgument(arguments.value("points"), usage);
+    const auto filter = filterArgument(arguments.value("filter"), usage);
+    if (!requireOptions(arguments, {"x-begin", "x-end"}, usage) || !typed || !points || !filter) {
         return kExitUsage;
     }
     Formula formula;
     TwoDGraph graph;
-    if (const auto refusal =
-            computeGraph({*typed, std::nullopt, *begin, *end, *points, false}, formula, graph)) {
+    if (const auto refusal = computeGraph({*typed, std::nullopt, *arguments.value("x-begin"),
+                                           *arguments.value("x-end"), *points, false},
+                                          formula, graph)) {
         out << *refusal << '\n';
         return kExitRefused;
     }

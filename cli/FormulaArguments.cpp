@@ -7,15 +7,15 @@
 namespace curvemill::cli {
 
 std::optional<char> modeArgument(const std::optional<std::string>& value, std::string_view allowed,
-                                 char fallback, std::string_view command, std::ostream& err) {
+                                 char fallback, UsageErrors& usage) {
     if (!value) {
         return fallback;
     }
     if (value->size() == 1 && allowed.find((*value)[0]) != std::string_view::npos) {
         return (*value)[0];
     }
-    err << "curvemill-cli " << command << ": invalid --mode " << quoted(*value)
-        << " (expected one of";
+    std::ostream& err = usage.report()
+                        << "invalid --mode " << quoted(*value) << " (expected one of";
     for (char c : allowed) {
         err << ' ' << c;
     }
@@ -24,15 +24,14 @@ std::optional<char> modeArgument(const std::optional<std::string>& value, std::s
 }
 
 std::optional<std::string> entryArgument(std::string typed, std::string_view what,
-                                         std::string_view command, std::ostream& err,
-                                         Blanks blanks) {
+                                         UsageErrors& usage, Blanks blanks) {
     if (blanks == Blanks::Removed) {
         removeBlanks(typed);
     }
     if (typed.size() > kMaxEntryLength) {
-        err << "curvemill-cli " << command << ": " << what << " has " << typed.size()
-            << (blanks == Blanks::Removed ? " characters without blanks" : " characters")
-            << "; at most " << kMaxEntryLength << " are allowed\n";
+        usage.report() << what << " has " << typed.size()
+                       << (blanks == Blanks::Removed ? " characters without blanks" : " characters")
+                       << "; at most " << kMaxEntryLength << " are allowed\n";
         return std::nullopt;
     }
     return typed;

@@ -6,28 +6,28 @@
 #include <string>
 #include <string_view>
 
+#include "cli/Arguments.h"
+
 namespace curvemill::cli {
 
 // The mode letter of a --mode value among `allowed` (`fallback` when the option is absent), or
-// nothing after writing a usage message to `err`.
+// nothing after telling `usage`.
 std::optional<char> modeArgument(const std::optional<std::string>& value, std::string_view allowed,
-                                 char fallback, std::string_view command, std::ostream& err);
+                                 char fallback, UsageErrors& usage);
 
 // Whether a box's reader removes blanks before it looks at the text (the Log Base dialog does not).
 enum class Blanks { Removed, Kept };
 
 // The text typed for an edit box (a formula, or a number such as X or --x-end, named by `what`
 // in the message), with its blanks removed unless `blanks` says otherwise, or nothing after
-// writing a usage message to `err` when it is longer than an edit box holds. Refusing it here
+// telling `usage` when it is longer than an edit box holds. Refusing it here
 // matters: the engine would silently read only the box's first characters, and 1 followed by 308
 // zeros would count as 1e98.
 std::optional<std::string> entryArgument(std::string typed, std::string_view what,
-                                         std::string_view command, std::ostream& err,
-                                         Blanks blanks = Blanks::Removed);
+                                         UsageErrors& usage, Blanks blanks = Blanks::Removed);
 
-inline std::optional<std::string> formulaArgument(std::string typed, std::string_view command,
-                                                  std::ostream& err) {
-    return entryArgument(std::move(typed), "the formula", command, err);
+inline std::optional<std::string> formulaArgument(std::string typed, UsageErrors& usage) {
+    return entryArgument(std::move(typed), "the formula", usage);
 }
 
 }  // namespace curvemill::cli

@@ -5,8 +5,8 @@
 #include "cli/Printable.h"
 #include "engine/NumberEntry.h"
 #include "graph2d/CurveSampler.h"
-#include "graph2d/DerivativeCurve.h"
 #include "graph2d/GraphEntries.h"
+#include "mathtools/DerivativeCurve.h"
 #include "mathtools/IntegralCurve.h"
 
 namespace curvemill::cli {
@@ -26,63 +26,31 @@ std::vector<OptionSpec> graphOptions() {
              "                      (default 100000)"}};
 }
 
-bool parseTrailingOptions(const CommandSyntax& syntax, ParsedArguments& arguments,
-                          std::ostream& err) {
-    if (arguments.positionals.size() <= 1) {
-        return true;
-    }
-    const std::vector<std::string> rest(arguments.positionals.begin() + 1,
-                                        arguments.positionals.end());
-    CommandSyntax optionsOnly = syntax;
-    optionsOnly.minPositionals = 0;
-    optionsOnly.maxPositionals = 0;
-    optionsOnly.positionalUsage = "no more arguments after FORMULA";
-    ParsedArguments trailing;
-    if (const auto error = parseArguments(optionsOnly, rest, trailing)) {
-        err << "curvemill-cli " << syntax.command << ": " << *error << "\n(see 'curvemill-cli "
-            << syntax.command << " --help')\n";
-        return false;
-    }
-    for (const OptionSpec& option : syntax.options) {
-        if (const auto value = trailing.value(option.name)) {
-            arguments.set(option.name, *value);
-        }
-    }
-    arguments.helpRequested = arguments.helpRequested || trailing.helpRequested;
-    arguments.positionals.resize(1);
-    return true;
-}
-
-std::optional<int> pointsArgument(const std::optional<std::string>& value, std::string_view command,
-                                  std::ostream& err) {
+std::optional<int> pointsArgument(const std::optional<std::string>& value, UsageErrors& usage) {
     if (!value) {
         return 100000;
     }
     const std::optional<long> points = plainInteger(*value);
     if (!points || *points < kPointsUnit || *points > kMostPoints || *points % kPointsUnit != 0) {
-        err << "curvemill-cli " << command << ": --points must be a multiple of 10000 from 10000 "
-            << "to 400000, not " << quoted(*value) << "\n";
+        usage.report() << "--points must be a multiple of 10000 from 10000 "
+                       << "to 400000, not " << quoted(*value) << "\n";
         return std::nullopt;
     }
     return static_cast<int>(*points);
 }
 
-std::optional<GraphRequest> graphRequest(const ParsedArguments& arguments, std::string_view command,
-                                         std::ostream& err) {
-    const auto begin = arguments.value("x-begin");
-    const auto end = arguments.value("x-end");
-    if (!begin || !end) {
-        err << "curvemill-cli " << command << ": --x-begin and --x-end are required\n";
+std::optional<GraphRequest> graphRequest(const ParsedArguments& arguments, UsageErrors& usage) {
+    if (!requireOptions(arguments, {"x-begin", "x-end"}, usage)) {
         return std::nullopt;
     }
     GraphRequest request;
-    const auto typed = formulaArgument(arguments.positionals[0], command, err);
-    const auto xBegin = entryArgument(*begin, "--x-begin", command, err);
-    const auto xEnd = entryArgument(*end, "--x-end", command, err);
-    const auto points = pointsArgument(arguments.value("points"), command, err);
+    const auto typed = formulaArgument(arguments.positionals[0], usage);
+    const auto xBegin = entryArgument(*arguments.value("x-begin"), "--x-begin", usage);
+    const auto xEnd = entryArgument(*arguments.value("x-end"), "--x-end", usage);
+    const auto points = pointsArgument(arguments.value("points"), usage);
     bool ok = typed && xBegin && xEnd && points;
     if (const auto second = arguments.value("second")) {
-        request.secondFormula = entryArgument(*second, "--second", command, err);
+        request.secondFormula = entryArgument(*second, "--second", usage);
         ok = ok && request.secondFormula;
     }
     if (!ok) {

@@ -16,15 +16,8 @@ namespace curvemill::cli {
 // The options every 2D graph command takes.
 std::vector<OptionSpec> graphOptions();
 
-// Options may also follow FORMULA ("plot sin(x) --x-begin -1 ..."): parses the words after it
-// into `arguments`, with "-o" standing for "--output". Returns false after writing a usage
-// message to `err`.
-bool parseTrailingOptions(const CommandSyntax& syntax, ParsedArguments& arguments,
-                          std::ostream& err);
-
 // --points as the dialog takes it: a multiple of 10000 from 10000 to 400000 (default 100000).
-std::optional<int> pointsArgument(const std::optional<std::string>& value, std::string_view command,
-                                  std::ostream& err);
+std::optional<int> pointsArgument(const std::optional<std::string>& value, UsageErrors& usage);
 
 // The entries, their blanks already removed (graphRequest does that).
 struct GraphRequest {
@@ -38,9 +31,8 @@ struct GraphRequest {
 };
 
 // The request the graph options and FORMULA describe (--second, --derivative and --integral-curve
-// when the command has them), or nothing after writing a usage message to `err`.
-std::optional<GraphRequest> graphRequest(const ParsedArguments& arguments, std::string_view command,
-                                         std::ostream& err);
+// when the command has them), or nothing after telling `usage`.
+std::optional<GraphRequest> graphRequest(const ParsedArguments& arguments, UsageErrors& usage);
 
 // Checks the entries in the order of the Two D Graph dialog and samples the main curve, then the
 // second function, the derivative and the integral curve when asked for. Returns the dialog's

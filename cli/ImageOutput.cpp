@@ -9,8 +9,7 @@
 
 namespace curvemill::cli {
 
-std::optional<ImageFormat> outputFormat(const std::string& path, std::string_view command,
-                                        std::ostream& err) {
+std::optional<ImageFormat> outputFormat(const std::string& path, UsageErrors& usage) {
     const QString name = QString::fromLocal8Bit(path.data(), static_cast<qsizetype>(path.size()));
     const qsizetype slash = name.lastIndexOf(u'/');
     const qsizetype dot = name.lastIndexOf(u'.');
@@ -20,21 +19,19 @@ std::optional<ImageFormat> outputFormat(const std::string& path, std::string_vie
     if (const std::optional<ImageFormat> format = formatForPath(name)) {
         return format;
     }
-    err << "curvemill-cli " << command << ": cannot tell the format of " << cli::quoted(path)
-        << " from its extension; use .png, .bmp, .svg or .pdf\n";
+    usage.report() << "cannot tell the format of " << cli::quoted(path)
+                   << " from its extension; use .png, .bmp, .svg or .pdf\n";
     return std::nullopt;
 }
 
-std::optional<int> outputDepth(const std::optional<std::string>& value, std::string_view command,
-                               std::ostream& err) {
+std::optional<int> outputDepth(const std::optional<std::string>& value, UsageErrors& usage) {
     if (!value || *value == "24") {
         return 24;
     }
     if (*value == "8") {
         return 8;
     }
-    err << "curvemill-cli " << command << ": --depth must be 24 or 8, not " << cli::quoted(*value)
-        << "\n";
+    usage.report() << "--depth must be 24 or 8, not " << cli::quoted(*value) << "\n";
     return std::nullopt;
 }
 

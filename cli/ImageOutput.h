@@ -6,19 +6,18 @@
 #include <string>
 #include <string_view>
 
+#include "cli/Arguments.h"
 #include "output/ui/ImageFiles.h"
 
 namespace curvemill::cli {
 
 // The format `path` asks for: its extension's (.png, .bmp, .svg, .pdf, any letter case), PNG for
 // a name without one (a device or pipe such as /dev/stdout). An unknown extension is told on
-// `err` as `command`'s usage error and gives nothing.
-std::optional<ImageFormat> outputFormat(const std::string& path, std::string_view command,
-                                        std::ostream& err);
+// `usage` and gives nothing.
+std::optional<ImageFormat> outputFormat(const std::string& path, UsageErrors& usage);
 
-// Reads "--depth 24|8" (24 when absent); a wrong value is told on `err`.
-std::optional<int> outputDepth(const std::optional<std::string>& value, std::string_view command,
-                               std::ostream& err);
+// Reads "--depth 24|8" (24 when absent); a wrong value is told on `usage`.
+std::optional<int> outputDepth(const std::optional<std::string>& value, UsageErrors& usage);
 
 // Draws the picture of `pixels` in `format` and writes it to `path` whole or not at all (see
 // writeFileSafely); the path "-" means `out` itself, as for most command-line tools (every format

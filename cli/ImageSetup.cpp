@@ -24,7 +24,7 @@ OptionSpec imageSizeOption() {
 }
 
 bool readImageSize(const std::optional<std::string>& value, int& width, int& height,
-                   std::string_view command, std::ostream& err) {
+                   UsageErrors& usage) {
     if (!value) {
         return true;
     }
@@ -39,8 +39,8 @@ bool readImageSize(const std::optional<std::string>& value, int& width, int& hei
             return true;
         }
     }
-    err << "curvemill-cli " << command << ": --size must be WIDTHxHEIGHT with each side from "
-        << kSmallestSide << " to " << kLargestSide << ", not " << quoted(*value) << "\n";
+    usage.report() << "--size must be WIDTHxHEIGHT with each side from " << kSmallestSide << " to "
+                   << kLargestSide << ", not " << quoted(*value) << "\n";
     return false;
 }
 

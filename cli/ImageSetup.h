@@ -18,14 +18,15 @@ namespace curvemill::cli {
 std::unique_ptr<QGuiApplication> ensureGuiApplication();
 
 struct OptionSpec;
+class UsageErrors;
 
 // The --size option of every command that draws, with the memory a size takes.
 OptionSpec imageSizeOption();
 
-// Reads --size WIDTHxHEIGHT into width and height (left alone when absent); false after a usage
-// message naming `command`.
+// Reads --size WIDTHxHEIGHT into width and height (left alone when absent); false after telling
+// `usage`.
 bool readImageSize(const std::optional<std::string>& value, int& width, int& height,
-                   std::string_view command, std::ostream& err);
+                   UsageErrors& usage);
 
 // The image as PNG bytes, or nothing when the encoder fails.
 std::optional<std::string> encodePng(const QImage& image);

@@ -25,43 +25,33 @@ CommandSyntax integralSyntax() {
         "refinement reached its bound of evaluations before settling.\n"
         "Options may come before or after FORMULA.\n"
         "Exit status: 0 computed, 1 an entry refused (the dialog's message is printed),\n"
-        "2 wrong command line.\n"};
+        "2 wrong command line.\n",
+        true};
     syntax.options.push_back({"from", "C", "X_BEG of the integral, read like the dialog's box"});
     syntax.options.push_back({"to", "D", "X_END of the integral"});
     syntax.options.push_back({"precise", "", "calculate precisely (refine every interval)"});
     return syntax;
 }
 
-int runIntegral(const ParsedArguments& parsed, std::ostream& out, std::ostream& err) {
-    ParsedArguments arguments = parsed;
-    const CommandSyntax syntax = integralSyntax();
-    if (!parseTrailingOptions(syntax, arguments, err)) {
-        return kExitUsage;
-    }
-    const auto typed = formulaArgument(arguments.positionals[0], "integral", err);
-    const auto points = pointsArgument(arguments.value("points"), "integral", err);
-    const auto begin = arguments.value("x-begin");
-    const auto end = arguments.value("x-end");
-    const auto from = arguments.value("from");
-    const auto to = arguments.value("to");
-    if (!begin || !end || !from || !to) {
-        err << "curvemill-cli integral: --x-begin, --x-end, --from and --to are required\n";
-        return kExitUsage;
-    }
-    if (!typed || !points) {
+int runIntegral(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
+    const auto typed = formulaArgument(arguments.positionals[0], usage);
+    const auto points = pointsArgument(arguments.value("points"), usage);
+    if (!requireOptions(arguments, {"x-begin", "x-end", "from", "to"}, usage) || !typed ||
+        !points) {
         return kExitUsage;
     }
     Formula formula;
     TwoDGraph graph;
-    if (const auto refusal =
-            computeGraph({*typed, std::nullopt, *begin, *end, *points, false}, formula, graph)) {
+    if (const auto refusal = computeGraph({*typed, std::nullopt, *arguments.value("x-begin"),
+                                           *arguments.value("x-end"), *points, false},
+                                          formula, graph)) {
         out << *refusal << '\n';
         return kExitRefused;
     }
     NumberBox fromBox(math_messages::kBoxXBegin);
     NumberBox toBox(math_messages::kBoxXEnd);
-    fromBox.setText(*from);
-    toBox.setText(*to);
+    fromBox.setText(*arguments.value("from"));
+    toBox.setText(*arguments.value("to"));
     IntegralState state;
     if (const auto refusal = acceptIntegralInterval(formula, graph, fromBox, toBox, state)) {
         out << *refusal << '\n';

@@ -6,8 +6,7 @@
 namespace curvemill::cli {
 
 std::optional<int> wholeArgument(const std::optional<std::string>& value, std::string_view name,
-                                 int least, int most, int fallback, std::string_view command,
-                                 std::ostream& err) {
+                                 int least, int most, int fallback, UsageErrors& usage) {
     if (!value) {
         return fallback;
     }
@@ -15,8 +14,8 @@ std::optional<int> wholeArgument(const std::optional<std::string>& value, std::s
     const char* end = value->data() + value->size();
     const auto parsed = std::from_chars(value->data(), end, number);
     if (parsed.ec != std::errc() || parsed.ptr != end || number < least || number > most) {
-        err << "curvemill-cli " << command << ": --" << name << " must be a whole number from "
-            << least << " to " << most << ", not " << quoted(*value) << "\n";
+        usage.report() << "--" << name << " must be a whole number from " << least << " to " << most
+                       << ", not " << quoted(*value) << "\n";
         return std::nullopt;
     }
     return number;

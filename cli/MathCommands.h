@@ -16,10 +16,9 @@ Command extremesCommand();
 Command rootsCommand();
 
 // A whole number from `least` to `most` given to option `name`, or nothing after writing a usage
-// message to `err`. An absent option gives `fallback`.
+// message to `usage`. An absent option gives `fallback`.
 std::optional<int> wholeArgument(const std::optional<std::string>& value, std::string_view name,
-                                 int least, int most, int fallback, std::string_view command,
-                                 std::ostream& err);
+                                 int least, int most, int fallback, UsageErrors& usage);
 
 // "%.17g", independent of the C locale.
 std::string fullPrecision(double v);

@@ -33,7 +33,8 @@ CommandSyntax plotSyntax() {
         "Options may come before or after FORMULA. A file is replaced atomically; a device or\n"
         "FIFO is written straight through.\n"
         "Exit status: 0 written, 1 an entry refused (the dialog's message is printed) or the\n"
-        "file could not be written, 2 wrong command line (an unknown extension too).\n"};
+        "file could not be written, 2 wrong command line (an unknown extension too).\n",
+        true};
     syntax.options.push_back({"second", "F", "a second function drawn beside the first"});
     syntax.options.push_back({"derivative", "", "also draw the derivative curve"});
     syntax.options.push_back({"integral-curve", "", "also draw the integral curve"});
@@ -47,31 +48,21 @@ CommandSyntax plotSyntax() {
     return syntax;
 }
 
-int runPlot(const ParsedArguments& parsed, std::ostream& out, std::ostream& err) {
-    ParsedArguments arguments = parsed;
-    const CommandSyntax syntax = plotSyntax();
-    if (!parseTrailingOptions(syntax, arguments, err)) {
-        return kExitUsage;
-    }
-    if (arguments.helpRequested) {  // "--help" after FORMULA
-        out << usageText(syntax);
-        return kExitOk;
-    }
+int runPlot(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
     const auto output = arguments.value("output");
     if (!output) {
-        err << "curvemill-cli plot: -o FILE is required\n";
+        usage.report() << "-o FILE is required\n";
         return kExitUsage;
     }
     int width = 1024;
     int height = 768;
-    const auto request = graphRequest(arguments, "plot", err);
-    const auto viewOptions = plotViewOptions(arguments, err);
-    if (!request || !viewOptions ||
-        !readImageSize(arguments.value("size"), width, height, "plot", err)) {
+    const auto request = graphRequest(arguments, usage);
+    const auto viewOptions = plotViewOptions(arguments, usage);
+    if (!request || !viewOptions || !readImageSize(arguments.value("size"), width, height, usage)) {
         return kExitUsage;
     }
-    const std::optional<ImageFormat> format = outputFormat(*output, "plot", err);
-    const std::optional<int> depth = outputDepth(arguments.value("depth"), "plot", err);
+    const std::optional<ImageFormat> format = outputFormat(*output, usage);
+    const std::optional<int> depth = outputDepth(arguments.value("depth"), usage);
     if (!format || !depth) {
         return kExitUsage;
     }

@@ -26,15 +26,15 @@ std::optional<double> number(std::string_view text) {
 }
 
 bool readZoom(const ParsedArguments& arguments, const char* name, std::optional<double>& zoom,
-              std::ostream& err) {
+              UsageErrors& usage) {
     const auto value = arguments.value(name);
     if (!value) {
         return true;
     }
     zoom = number(*value);
     if (!zoom || *zoom < kLeastZoomFactor || *zoom > kMostZoomFactor) {
-        err << "curvemill-cli plot: --" << name << " must be a number from 0.00390625 to 65536, "
-            << "not " << quoted(*value) << "\n";
+        usage.report() << "--" << name << " must be a number from 0.00390625 to 65536, "
+                       << "not " << quoted(*value) << "\n";
         return false;
     }
     return true;
@@ -54,10 +54,10 @@ void addPlotViewOptions(std::vector<OptionSpec>& options) {
 }
 
 std::optional<PlotViewOptions> plotViewOptions(const ParsedArguments& arguments,
-                                               std::ostream& err) {
+                                               UsageErrors& usage) {
     PlotViewOptions options;
-    if (!readZoom(arguments, "zoom-x", options.zoomX, err) ||
-        !readZoom(arguments, "zoom-y", options.zoomY, err)) {
+    if (!readZoom(arguments, "zoom-x", options.zoomX, usage) ||
+        !readZoom(arguments, "zoom-y", options.zoomY, usage)) {
         return std::nullopt;
     }
     if (const auto scroll = arguments.value("scroll")) {
@@ -67,8 +67,8 @@ std::optional<PlotViewOptions> plotViewOptions(const ParsedArguments& arguments,
                            ? std::nullopt
                            : number(std::string_view(*scroll).substr(comma + 1));
         if (!x || !y || *x < 0 || *y < 0) {
-            err << "curvemill-cli plot: --scroll must be X,Y with two offsets of 0 or more, not "
-                << quoted(*scroll) << "\n";
+            usage.report() << "--scroll must be X,Y with two offsets of 0 or more, not "
+                           << quoted(*scroll) << "\n";
             return std::nullopt;
         }
         options.scrollX = x;
@@ -77,8 +77,8 @@ std::optional<PlotViewOptions> plotViewOptions(const ParsedArguments& arguments,
     if (const auto ratio = arguments.value("ratio")) {
         const std::optional<long> n = plainInteger(*ratio);
         if (!n || *n < 1 || *n > kMostYRatio) {
-            err << "curvemill-cli plot: --ratio must be a whole number from 1 to " << kMostYRatio
-                << ", not " << quoted(*ratio) << "\n";
+            usage.report() << "--ratio must be a whole number from 1 to " << kMostYRatio << ", not "
+                           << quoted(*ratio) << "\n";
             return std::nullopt;
         }
         options.ratio = static_cast<int>(*n);
@@ -90,8 +90,8 @@ std::optional<PlotViewOptions> plotViewOptions(const ParsedArguments& arguments,
             valid = valid && picker.press(letter) != 0;
         }
         if (!valid) {
-            err << "curvemill-cli plot: --order takes each of the letters f, d, i and F at most "
-                << "once, not " << quoted(*order) << "\n";
+            usage.report() << "--order takes each of the letters f, d, i and F at most "
+                           << "once, not " << quoted(*order) << "\n";
             return std::nullopt;
         }
         options.order = picker.order();

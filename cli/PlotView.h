@@ -28,8 +28,9 @@ struct PlotViewOptions {
 
 void addPlotViewOptions(std::vector<OptionSpec>& options);
 
-// The options as given, or nothing after writing a usage message to `err`.
-std::optional<PlotViewOptions> plotViewOptions(const ParsedArguments& arguments, std::ostream& err);
+// The options as given, or nothing after telling `usage`.
+std::optional<PlotViewOptions> plotViewOptions(const ParsedArguments& arguments,
+                                               UsageErrors& usage);
 
 // The ratio and "Optimize Drawing"; before the view takes its Y range.
 void applyGraphOptions(const PlotViewOptions& options, TwoDGraph& graph);

@@ -32,30 +32,22 @@ CommandSyntax rootsSyntax() {
             "both at a grid point and by the bisection after it is printed twice.\n"
             "Options may come before or after EQUATION; give exactly one of --y and --x.\n"
             "Exit status: 0 scanned (no solution included), 1 an entry refused (the dialog's\n"
-            "message is printed), 2 wrong command line.\n"};
+            "message is printed), 2 wrong command line.\n",
+            true};
 }
 
-int runRoots(const ParsedArguments& parsed, std::ostream& out, std::ostream& err) {
-    ParsedArguments arguments = parsed;
-    const CommandSyntax syntax = rootsSyntax();
-    if (!parseTrailingOptions(syntax, arguments, err)) {
-        return kExitUsage;
-    }
-    const auto typed = formulaArgument(arguments.positionals[0], "roots", err);
-    const auto steps =
-        wholeArgument(arguments.value("steps"), "steps", 1, 1000000, 500, "roots", err);
+int runRoots(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
+    const auto typed = formulaArgument(arguments.positionals[0], usage);
+    const auto steps = wholeArgument(arguments.value("steps"), "steps", 1, 1000000, 500, usage);
     const auto precision =
-        wholeArgument(arguments.value("precision"), "precision", 1, 15, 5, "roots", err);
-    for (const char* required : {"x-begin", "x-end", "y-begin", "y-end"}) {
-        if (!arguments.value(required)) {
-            err << "curvemill-cli roots: --x-begin, --x-end, --y-begin and --y-end are required\n";
-            return kExitUsage;
-        }
+        wholeArgument(arguments.value("precision"), "precision", 1, 15, 5, usage);
+    if (!requireOptions(arguments, {"x-begin", "x-end", "y-begin", "y-end"}, usage)) {
+        return kExitUsage;
     }
     const auto fixedY = arguments.value("y");
     const auto fixedX = arguments.value("x");
     if (fixedY.has_value() == fixedX.has_value()) {
-        err << "curvemill-cli roots: give exactly one of --y V and --x V\n";
+        usage.report() << "give exactly one of --y V and --x V\n";
         return kExitUsage;
     }
     if (!typed || !steps || !precision) {
@@ -79,10 +71,8 @@ int runRoots(const ParsedArguments& parsed, std::ostream& out, std::ostream& err
         out << *refusal << '\n';
         return kExitRefused;
     }
-    formula.xSteps = *steps;
-    formula.ySteps = *steps;
-    formula.precisionExponent = *precision;
-    const RootScanResult result = findRoots(formula, kind, fixed.value, range, {});
+    const RootScanResult result =
+        findRoots(formula, kind, fixed.value, range, {}, {*steps, *steps, *precision});
     for (const std::string& line : solutionTexts(result.solutions, false)) {
         out << line << '\n';
     }

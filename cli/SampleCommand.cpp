@@ -24,7 +24,8 @@ CommandSyntax sampleSyntax() {
         "highest value).\n"
         "Options may come before or after FORMULA.\n"
         "Exit status: 0 sampled, 1 an entry refused (the dialog's message is printed),\n"
-        "2 wrong command line.\n"};
+        "2 wrong command line.\n",
+        true};
     syntax.options.push_back({"summary", "", "print the summary lines instead of the records"});
     syntax.options.push_back(
         {"integral-curve", "", "also compute the integral curve and print its records"});
@@ -52,17 +53,8 @@ void printRecords(const Curve& curve, std::ostream& out) {
     out << text;
 }
 
-int runSample(const ParsedArguments& parsed, std::ostream& out, std::ostream& err) {
-    ParsedArguments arguments = parsed;
-    const CommandSyntax syntax = sampleSyntax();
-    if (!parseTrailingOptions(syntax, arguments, err)) {
-        return kExitUsage;
-    }
-    if (arguments.helpRequested) {  // "--help" after FORMULA
-        out << usageText(syntax);
-        return kExitOk;
-    }
-    const auto request = graphRequest(arguments, "sample", err);
+int runSample(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
+    const auto request = graphRequest(arguments, usage);
     if (!request) {
         return kExitUsage;
     }

@@ -56,7 +56,8 @@ CommandSyntax coreSurfaceSyntax() {
             "Give exactly one of -o FILE, --summary and --vertices. Numbers are printed with 17\n"
             "significant digits. Options may come before or after FORMULA.\n"
             "Exit status: 0 done, 1 an entry refused (the window's message is printed) or the\n"
-            "file could not be written, 2 wrong command line (an unknown extension too).\n"};
+            "file could not be written, 2 wrong command line (an unknown extension too).\n",
+            true};
 }
 
 // The options of the figure's look follow those of the computation and the output.
@@ -84,7 +85,7 @@ std::optional<std::string> readSurface(Formula& formula, const ParsedArguments& 
 
 std::optional<char> letterArgument(const std::optional<std::string>& value, std::string_view name,
                                    std::initializer_list<std::pair<std::string_view, char>> choices,
-                                   char fallback, std::ostream& err) {
+                                   char fallback, UsageErrors& usage) {
     if (!value) {
         return fallback;
     }
@@ -93,7 +94,7 @@ std::optional<char> letterArgument(const std::optional<std::string>& value, std:
             return letter;
         }
     }
-    err << "curvemill-cli surface: --" << name << " must be one of";
+    std::ostream& err = usage.report() << "--" << name << " must be one of";
     for (const auto& choice : choices) {
         err << ' ' << choice.first;
     }
@@ -129,22 +130,13 @@ void printVertices(const SurfaceGrid& grid, std::ostream& out) {
     out << text;
 }
 
-int runSurface(const ParsedArguments& parsed, std::ostream& out, std::ostream& err) {
-    ParsedArguments arguments = parsed;
-    const CommandSyntax syntax = surfaceSyntax();
-    if (!parseTrailingOptions(syntax, arguments, err)) {
-        return kExitUsage;
-    }
-    if (arguments.helpRequested) {  // "--help" after FORMULA
-        out << usageText(syntax);
-        return kExitOk;
-    }
-    const auto typed = formulaArgument(arguments.positionals[0], "surface", err);
-    const auto nx = wholeArgument(arguments.value("nx"), "nx", 100, 500, 100, "surface", err);
-    const auto ny = wholeArgument(arguments.value("ny"), "ny", 100, 500, 100, "surface", err);
+int runSurface(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
+    const auto typed = formulaArgument(arguments.positionals[0], usage);
+    const auto nx = wholeArgument(arguments.value("nx"), "nx", 100, 500, 100, usage);
+    const auto ny = wholeArgument(arguments.value("ny"), "ny", 100, 500, 100, usage);
     const auto mode =
         letterArgument(arguments.value("mode"), "mode",
-                       {{"polygons", 'a'}, {"lines", 'l'}, {"pixels", 'p'}}, 'a', err);
+                       {{"polygons", 'a'}, {"lines", 'l'}, {"pixels", 'p'}}, 'a', usage);
     const auto scheme = letterArgument(arguments.value("scheme"), "scheme",
                                        {{"r", 'r'},
                                         {"g", 'g'},
@@ -154,34 +146,28 @@ int runSurface(const ParsedArguments& parsed, std::ostream& out, std::ostream& e
                                         {"y", 'y'},
                                         {"1", '1'},
                                         {"o", 'o'}},
-                                       'r', err);
-    const auto rotation = readRotation(arguments.value("rotate"), err);
+                                       'r', usage);
+    const auto rotation = readRotation(arguments.value("rotate"), usage);
     SurfaceView placedEye;
     int width = 1024;
     int height = 768;
     if (!typed || !nx || !ny || !mode || !scheme || !rotation ||
-        !readViewerLocation(arguments.value("view"), placedEye, err) ||
-        !readImageSize(arguments.value("size"), width, height, "surface", err)) {
+        !readViewerLocation(arguments.value("view"), placedEye, usage) ||
+        !readImageSize(arguments.value("size"), width, height, usage) ||
+        !requireOptions(arguments, {"x-begin", "x-end", "y-begin", "y-end"}, usage)) {
         return kExitUsage;
-    }
-    for (const char* required : {"x-begin", "x-end", "y-begin", "y-end"}) {
-        if (!arguments.value(required)) {
-            err << "curvemill-cli surface: --x-begin, --x-end, --y-begin and --y-end are "
-                   "required\n";
-            return kExitUsage;
-        }
     }
     const auto output = arguments.value("output");
     const bool summary = arguments.flag("summary");
     const bool vertices = arguments.flag("vertices");
     if (int(output.has_value()) + int(summary) + int(vertices) != 1) {
-        err << "curvemill-cli surface: give exactly one of -o FILE, --summary and --vertices\n";
+        usage.report() << "give exactly one of -o FILE, --summary and --vertices\n";
         return kExitUsage;
     }
     std::optional<ImageFormat> format;
-    const std::optional<int> depth = outputDepth(arguments.value("depth"), "surface", err);
+    const std::optional<int> depth = outputDepth(arguments.value("depth"), usage);
     if (output) {
-        format = outputFormat(*output, "surface", err);
+        format = outputFormat(*output, usage);
     }
     if (!depth || (output && !format)) {
         return kExitUsage;
@@ -209,7 +195,7 @@ int runSurface(const ParsedArguments& parsed, std::ostream& out, std::ostream& e
     applyRotation(scene.view, *rotation);
     scene.drawing.mode = *mode;
     scene.light.scheme = *scheme;
-    if (!applySurfaceLook(arguments, scene, err)) {
+    if (!applySurfaceLook(arguments, scene, usage)) {
         return kExitUsage;
     }
     if (summary) {

@@ -36,7 +36,7 @@ std::vector<OptionSpec> surfaceLookOptions() {
             {"shiny", "S", "shiny surface with specular share S, 0 to 1 (default off)"}};
 }
 
-bool applySurfaceLook(const ParsedArguments& arguments, SurfaceScene& scene, std::ostream& err) {
+bool applySurfaceLook(const ParsedArguments& arguments, SurfaceScene& scene, UsageErrors& usage) {
     SurfaceLight& light = scene.light;
     scene.drawing.gridBox = arguments.flag("grid");
     if (const auto text = arguments.value("light")) {
@@ -57,17 +57,17 @@ bool applySurfaceLook(const ParsedArguments& arguments, SurfaceScene& scene, std
             start = comma + 1;
         }
         if (!ok || (parts[0] == 0 && parts[1] == 0 && parts[2] == 0)) {
-            err << "curvemill-cli surface: --light takes three numbers X,Y,Z from -1 to 1, not "
-                   "all 0, not "
-                << quoted(*text) << "\n";
+            usage.report() << "--light takes three numbers X,Y,Z from -1 to 1, not "
+                              "all 0, not "
+                           << quoted(*text) << "\n";
             return false;
         }
         light.vector = {parts[0], parts[1], parts[2]};
     }
-    const auto fog = wholeArgument(arguments.value("fog"), "fog", 0, kLookSliderMax,
-                                   light.fogIntensity, "surface", err);
+    const auto fog =
+        wholeArgument(arguments.value("fog"), "fog", 0, kLookSliderMax, light.fogIntensity, usage);
     const auto ambient = wholeArgument(arguments.value("ambient"), "ambient", 0, kLookSliderMax,
-                                       ambientPosition(light.ambient), "surface", err);
+                                       ambientPosition(light.ambient), usage);
     if (!fog || !ambient) {
         return false;
     }
@@ -76,8 +76,7 @@ bool applySurfaceLook(const ParsedArguments& arguments, SurfaceScene& scene, std
     if (const auto text = arguments.value("shiny")) {
         const auto share = plainNumber(*text);
         if (!share || *share < 0 || *share > 1) {
-            err << "curvemill-cli surface: --shiny takes a share from 0 to 1, not " << quoted(*text)
-                << "\n";
+            usage.report() << "--shiny takes a share from 0 to 1, not " << quoted(*text) << "\n";
             return false;
         }
         light.shiny = true;

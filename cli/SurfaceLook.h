@@ -13,7 +13,7 @@ namespace curvemill::cli {
 std::vector<OptionSpec> surfaceLookOptions();
 
 // Applies the options to a scene whose new figure has been set up; false (with the reason on
-// `err`) for a value out of range.
-bool applySurfaceLook(const ParsedArguments& arguments, SurfaceScene& scene, std::ostream& err);
+// `usage`) for a value out of range.
+bool applySurfaceLook(const ParsedArguments& arguments, SurfaceScene& scene, UsageErrors& usage);
 
 }  // namespace curvemill::cli

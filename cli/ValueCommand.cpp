@@ -25,35 +25,25 @@ CommandSyntax valueSyntax() {
             "INDEFINITE (the slope is INDEFINITE too when y is).\n"
             "Options may come before or after FORMULA.\n"
             "Exit status: 0 computed, 1 an entry refused (the dialog's message is printed),\n"
-            "2 wrong command line.\n"};
+            "2 wrong command line.\n",
+            true};
 }
 
-int runValue(const ParsedArguments& parsed, std::ostream& out, std::ostream& err) {
-    ParsedArguments arguments = parsed;
-    const CommandSyntax syntax = valueSyntax();
-    if (!parseTrailingOptions(syntax, arguments, err)) {
-        return kExitUsage;
-    }
-    const auto typed = formulaArgument(arguments.positionals[0], "value", err);
-    const auto begin = arguments.value("x-begin");
-    const auto end = arguments.value("x-end");
-    const auto at = arguments.value("at");
-    if (!begin || !end || !at) {
-        err << "curvemill-cli value: --x-begin, --x-end and --at are required\n";
-        return kExitUsage;
-    }
-    if (!typed) {
+int runValue(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
+    const auto typed = formulaArgument(arguments.positionals[0], usage);
+    if (!requireOptions(arguments, {"x-begin", "x-end", "at"}, usage) || !typed) {
         return kExitUsage;
     }
     Formula formula;
     TwoDGraph graph;
-    if (const auto refusal =
-            computeGraph({*typed, std::nullopt, *begin, *end, kPoints, false}, formula, graph)) {
+    if (const auto refusal = computeGraph({*typed, std::nullopt, *arguments.value("x-begin"),
+                                           *arguments.value("x-end"), kPoints, false},
+                                          formula, graph)) {
         out << *refusal << '\n';
         return kExitRefused;
     }
     NumberBox xBox(math_messages::kBoxX);
-    xBox.setText(*at);
+    xBox.setText(*arguments.value("at"));
     double x = 0.0;
     if (const auto refusal = acceptPointX(formula, graph, xBox, x)) {
         out << *refusal << '\n';

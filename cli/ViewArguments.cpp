@@ -34,15 +34,15 @@ std::optional<std::vector<double>> numberList(const std::string& text) {
 }  // namespace
 
 std::optional<RotationAngles> readRotation(const std::optional<std::string>& value,
-                                           std::ostream& err) {
+                                           UsageErrors& usage) {
     if (!value) {
         return RotationAngles{};
     }
     const auto numbers = numberList(*value);
     if (!numbers || numbers->size() != 3) {
-        err << "curvemill-cli surface: --rotate takes three angles in degrees about x, y and z, "
-               "as A,B,C, not "
-            << quoted(*value) << "\n";
+        usage.report() << "--rotate takes three angles in degrees about x, y and z, "
+                          "as A,B,C, not "
+                       << quoted(*value) << "\n";
         return std::nullopt;
     }
     return RotationAngles{wrapDegrees((*numbers)[0]), wrapDegrees((*numbers)[1]),
@@ -50,7 +50,7 @@ std::optional<RotationAngles> readRotation(const std::optional<std::string>& val
 }
 
 bool readViewerLocation(const std::optional<std::string>& value, SurfaceView& view,
-                        std::ostream& err) {
+                        UsageErrors& usage) {
     if (!value) {
         return true;
     }
@@ -61,10 +61,10 @@ bool readViewerLocation(const std::optional<std::string>& value, SurfaceView& vi
     if (!whole || (*numbers)[0] < kLeastHorizontalLocation ||
         (*numbers)[0] > kMostHorizontalLocation ||
         std::abs((*numbers)[1]) > kMostVerticalLocation) {
-        err << "curvemill-cli surface: --view takes two whole numbers H,V with H from "
-            << kLeastHorizontalLocation << " to " << kMostHorizontalLocation << " and V from "
-            << -kMostVerticalLocation << " to " << kMostVerticalLocation << ", not "
-            << quoted(*value) << "\n";
+        usage.report() << "--view takes two whole numbers H,V with H from "
+                       << kLeastHorizontalLocation << " to " << kMostHorizontalLocation
+                       << " and V from " << -kMostVerticalLocation << " to "
+                       << kMostVerticalLocation << ", not " << quoted(*value) << "\n";
         return false;
     }
     view.horizontalLocation = static_cast<std::int32_t>((*numbers)[0]);

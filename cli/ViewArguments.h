@@ -6,6 +6,7 @@
 #include <ostream>
 #include <string>
 
+#include "cli/Arguments.h"
 #include "graph3d/SurfaceRotation.h"
 
 namespace curvemill::cli {
@@ -18,10 +19,10 @@ inline constexpr int kMostVerticalLocation = 20;
 
 // "A,B,C": degrees about x, y and z, any finite numbers. No value gives no rotation.
 std::optional<RotationAngles> readRotation(const std::optional<std::string>& value,
-                                           std::ostream& err);
+                                           UsageErrors& usage);
 
 // "H,V": whole horizontal and vertical locations. No value keeps the view's own.
 bool readViewerLocation(const std::optional<std::string>& value, SurfaceView& view,
-                        std::ostream& err);
+                        UsageErrors& usage);
 
 }  // namespace curvemill::cli

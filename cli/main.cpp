@@ -64,17 +64,15 @@ int run(int argc, char** argv) {
         return kExitUsage;
     }
     ParsedArguments arguments;
-    const std::vector<std::string> rest(words.begin() + 1, words.end());
-    if (const auto error = parseArguments(command->syntax, rest, arguments)) {
-        std::cerr << "curvemill-cli " << command->syntax.command << ": " << *error
-                  << "\n(see 'curvemill-cli " << command->syntax.command << " --help')\n";
+    UsageErrors usage(command->syntax.command, std::cerr);
+    if (!parseCommandLine(command->syntax, {words.begin() + 1, words.end()}, arguments, usage)) {
         return kExitUsage;
     }
     if (arguments.helpRequested) {
         std::cout << usageText(command->syntax);
         return kExitOk;
     }
-    return command->run(arguments, std::cout, std::cerr);
+    return command->run(arguments, std::cout, usage);
 }
 
 }  // namespace

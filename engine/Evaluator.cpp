@@ -12,8 +12,7 @@
 // - a number becomes a 32-bit integer by truncation toward zero, and one whose truncation is
 //   outside that range (or NaN) becomes INT32_MIN, as the processor's conversion does;
 // - any other character in an operand place (empty or stray brackets of a lenient text) reads as 0.
-// The slot text is never written, so it needs no restoring; savedText is filled once when the plan
-// is built, which is what every evaluation's copy would hold.
+// The slot text is never written, so it needs no restoring.
 #include <iterator>
 
 #include "engine/EvaluationSteps.h"

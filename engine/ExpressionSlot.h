@@ -17,9 +17,6 @@ struct ExpressionSlot {
     std::int32_t length = 0;
     // Bracketed and encoded formula, NUL-terminated.
     std::array<char, kSlotCapacity> text{};
-    // The text every evaluation starts from; filled when the plan is built, since evaluate only
-    // runs the plan and never rewrites text.
-    std::array<char, kSlotCapacity + 4> savedText{};
     // Value of each 'k' by its text position.
     std::array<double, kSlotCapacity> constants{};
     // Result of each computed bracket pair by the position of its opening bracket; values[0] is

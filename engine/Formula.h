@@ -3,7 +3,6 @@
 
 #include <array>
 #include <atomic>
-#include <cstdint>
 #include <string>
 
 #include "engine/ExpressionSlot.h"
@@ -32,13 +31,6 @@ class Formula {
     double evaluate(double x, int slot = kCurrentSlot, double y = 0.0);
 
     std::array<ExpressionSlot, 5> slots{};
-
-    // Root-scan settings read by the math tools.
-    std::int32_t xSteps = 500;
-    std::int32_t ySteps = 500;
-    std::int32_t precisionExponent = 5;
-    // Surface grid counts along x and y, then two spare counts.
-    std::array<std::int32_t, 4> gridCounts{100, 100, 100, 100};
 
     // Message of the last failed check.
     std::string errorText;

@@ -244,8 +244,6 @@ void buildEvaluationPlan(ExpressionSlot& slot) {
 
     Text saved = slot.text;
     saved.back() = '\0';
-    std::fill(slot.savedText.begin(), slot.savedText.end(), '\0');
-    std::copy(saved.begin(), saved.end(), slot.savedText.begin());
 
     Recorder record(plan, saved);
     record.text = saved;

@@ -6,8 +6,7 @@
 namespace curvemill {
 
 // Replays the text-rewriting evaluation once on a copy of slot.text, recording which pair is
-// computed when and where each operand comes from; also fills slot.savedText, the copy every
-// evaluation of the rewriting algorithm would take (evaluate itself never writes the text).
+// computed when and where each operand comes from (evaluate itself never writes the text).
 void buildEvaluationPlan(ExpressionSlot& slot);
 
 }  // namespace curvemill

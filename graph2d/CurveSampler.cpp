@@ -266,7 +266,6 @@ bool sampleCurve(TwoDGraph& graph, Formula& formula, const SamplingControl& cont
     curve.yMin = run.extent().yMin;
     curve.yMax = run.extent().yMax;
     graph.definedSpan = findDefinedSpan(curve, graph.xBegin, graph.xEnd);
-    graph.markedX = -1.0;
     graph.dependentName.assign(1, 'y');
     return true;
 }

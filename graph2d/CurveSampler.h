@@ -12,8 +12,7 @@ class Formula;
 // `formula`, inserting refined turning points and the edges of indefinite stretches and marking
 // jumps as breaks. Returns false when stopped (by control.stopRequested or by clearing
 // formula.keepComputing): the main curve is then left exactly as it was, while the second curve is
-// removed. On success also sets definedSpan (of the curve just sampled), markedX and
-// dependentName.
+// removed. On success also sets definedSpan (of the curve just sampled) and dependentName.
 // Throws std::bad_alloc when the records cannot be allocated.
 bool sampleCurve(TwoDGraph& graph, Formula& formula, const SamplingControl& control);
 

@@ -43,8 +43,6 @@ struct TwoDGraph {
     std::string secondFormulaText;
     // Name of the dependent variable in titles and read-outs; y labels are hidden while it is "n".
     std::string dependentName = "y";
-    // x marked by the coordinate read-out; -1.0 when nothing is marked.
-    double markedX = -1.0;
 
     // The painted area: indices into main.points, and the text of its value for the title.
     std::int32_t areaFirst = 0;

@@ -89,13 +89,13 @@ std::string general(double v) {
 }  // namespace
 
 RootScanResult findRoots(Formula& formula, RootKind kind, double fixedValue, const RootRange& range,
-                         const SamplingControl& control) {
+                         const SamplingControl& control, const RootScanSettings& settings) {
     RootScanResult result;
     const bool scanX = kind == RootKind::kX;
     const double begin = scanX ? range.xBegin : range.yBegin;
     const double end = scanX ? range.xEnd : range.yEnd;
-    const int steps = std::max(1, scanX ? formula.xSteps : formula.ySteps);
-    const double tolerance = 1.0 / std::pow(10.0, formula.precisionExponent);
+    const int steps = std::max(1, scanX ? settings.xSteps : settings.ySteps);
+    const double tolerance = 1.0 / std::pow(10.0, settings.precisionExponent);
     const double step = (end - begin) / steps;
     const ScanLine line(formula, kind, fixedValue);
     Scan scan(formula, line, tolerance, control, result);

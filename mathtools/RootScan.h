@@ -13,8 +13,15 @@ namespace curvemill {
 class Formula;
 
 enum class RootKind {
-    kX,  // scan x over [xBegin, xEnd] with y fixed, in formula.xSteps steps
-    kY,  // scan y over [yBegin, yEnd] with x fixed, in formula.ySteps steps
+    kX,  // scan x over [xBegin, xEnd] with y fixed, in xSteps steps
+    kY,  // scan y over [yBegin, yEnd] with x fixed, in ySteps steps
+};
+
+// How finely the scan looks: grid steps along each axis and the tolerance 10^-precisionExponent.
+struct RootScanSettings {
+    int xSteps = 500;
+    int ySteps = 500;
+    int precisionExponent = 5;
 };
 
 // The visible range of the graph the scan covers.
@@ -36,11 +43,11 @@ struct RootScanResult {
     bool completed = true;
 };
 
-// Scans slot 4 with the tolerance 10^-formula.precisionExponent. Reports progress in whole
-// percent of the scanned range and polls the stop (control.stopRequested or
-// formula.keepComputing) at every grid point and bisection step.
+// Scans slot 4 as `settings` say. Reports progress in whole percent of the scanned range and
+// polls the stop (control.stopRequested or formula.keepComputing) at every grid point and
+// bisection step.
 RootScanResult findRoots(Formula& formula, RootKind kind, double fixedValue, const RootRange& range,
-                         const SamplingControl& control);
+                         const SamplingControl& control, const RootScanSettings& settings = {});
 
 // The Information dialog's test of the typed fixed value: a y outside [yBegin, yEnd] gives
 // "Y IS OUTSIDE THE CURRENTLY SELECTED RANGE:\n" with the range, an x outside [xBegin, xEnd]

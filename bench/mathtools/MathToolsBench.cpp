@@ -62,10 +62,10 @@ void BM_IntegralCurve(benchmark::State& bench) {
 void BM_FindRoots(benchmark::State& bench) {
     Formula formula;
     prepareFormula(formula, "x*x-y", 'e');
-    formula.xSteps = static_cast<int>(bench.range(0));
     std::size_t found = 0;
     for (auto _ : bench) {
-        const RootScanResult r = findRoots(formula, RootKind::kX, 4.0, {-5, 5, -5, 5}, {});
+        const RootScanResult r = findRoots(formula, RootKind::kX, 4.0, {-5, 5, -5, 5}, {},
+                                           {static_cast<int>(bench.range(0)), 500, 5});
         found = r.solutions.size();
         benchmark::DoNotOptimize(found);
     }

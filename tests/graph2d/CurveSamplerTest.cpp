@@ -10,7 +10,7 @@
 
 #include "engine/DisplayFormat.h"
 #include "graph2d/CurveSampler.h"
-#include "graph2d/DerivativeCurve.h"
+#include "mathtools/DerivativeCurve.h"
 #include "tests/support/SampledGraph.h"
 
 namespace curvemill {

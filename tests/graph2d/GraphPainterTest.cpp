@@ -10,9 +10,9 @@
 #include "GeometryFixture.h"
 #include "engine/Formula.h"
 #include "engine/Preparation.h"
-#include "graph2d/DerivativeCurve.h"
 #include "graph2d/ui/GraphPainter.h"
 #include "graph2d/ui/GraphPens.h"
+#include "mathtools/DerivativeCurve.h"
 
 namespace curvemill {
 namespace {

@@ -74,10 +74,9 @@ TEST(RootScan, FindsEveryRootOfTheRangeInTheOrderFound) {
                      << c.equation << " fixed " << c.fixed << " steps " << c.steps);
         Formula formula;
         ASSERT_TRUE(prepareFormula(formula, c.equation, 'e'));
-        formula.xSteps = c.kind == RootKind::kX ? c.steps : 1;
-        formula.ySteps = c.kind == RootKind::kY ? c.steps : 1;
-        formula.precisionExponent = c.precision;
-        const RootScanResult r = findRoots(formula, c.kind, c.fixed, {-5, 5, -5, 5}, {});
+        const RootScanSettings settings{c.kind == RootKind::kX ? c.steps : 1,
+                                        c.kind == RootKind::kY ? c.steps : 1, c.precision};
+        const RootScanResult r = findRoots(formula, c.kind, c.fixed, {-5, 5, -5, 5}, {}, settings);
         EXPECT_TRUE(r.completed);
         EXPECT_LE(r.solutions.size(), c.most);
         EXPECT_GE(r.solutions.size(), c.near.size());

@@ -15,7 +15,7 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/CalculatorLocator.h"
+#include "shell/ui/CalculatorLookup.h"
 #include "shell/CommandState.h"
 #include "shell/CommandTable.h"
 #include "shell/Mnemonics.h"

@@ -1,4 +1,4 @@
-#include "graph2d/DerivativeCurve.h"
+#include "mathtools/DerivativeCurve.h"
 
 #include <cmath>
 
