@@ -82,13 +82,18 @@ std::optional<std::string> parseArguments(const CommandSyntax& syntax,
 bool parseCommandLine(const CommandSyntax& syntax, const std::vector<std::string>& args,
                       ParsedArguments& parsed, UsageErrors& usage) {
     std::optional<std::string> error = parseArguments(syntax, args, parsed);
-    if (!error && syntax.optionsAfterPositional && parsed.positionals.size() > 1) {
-        const std::vector<std::string> rest(parsed.positionals.begin() + 1,
-                                            parsed.positionals.end());
+    // The first minPositionals words are the command's own; what follows them may be options.
+    const std::size_t own = syntax.minPositionals;
+    if (!error && syntax.optionsAfterPositional && parsed.positionals.size() > own) {
+        const std::vector<std::string> rest(
+            parsed.positionals.begin() + static_cast<std::ptrdiff_t>(own),
+            parsed.positionals.end());
         CommandSyntax optionsOnly = syntax;
         optionsOnly.minPositionals = 0;
         optionsOnly.maxPositionals = 0;
-        optionsOnly.positionalUsage = "no more arguments after FORMULA";
+        // Scripts match the one-positional commands' words, whatever they call their positional.
+        optionsOnly.positionalUsage = "no more arguments after " +
+                                      (own == 1 ? std::string("FORMULA") : syntax.positionalUsage);
         ParsedArguments trailing;
         error = parseArguments(optionsOnly, rest, trailing);
         for (const OptionSpec& option : syntax.options) {
@@ -97,7 +102,7 @@ bool parseCommandLine(const CommandSyntax& syntax, const std::vector<std::string
             }
         }
         parsed.helpRequested = parsed.helpRequested || trailing.helpRequested;
-        parsed.positionals.resize(1);
+        parsed.positionals.resize(own);
     }
     if (error) {
         usage.report() << *error << "\n(see 'curvemill-cli " << syntax.command << " --help')\n";

@@ -26,8 +26,8 @@ struct CommandSyntax {
     std::size_t maxPositionals = 0;
     std::vector<OptionSpec> options;
     std::string details;  // free text after the option list
-    // Options may also follow the one positional ("plot sin(x) --x-begin -1 ..."); words after it
-    // that are no options are refused as "no more arguments after FORMULA".
+    // Options may also follow the minPositionals positionals ("plot sin(x) --x-begin -1 ...");
+    // words after them that are no options are refused as "no more arguments after FORMULA".
     bool optionsAfterPositional = false;
 };
 

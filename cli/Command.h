@@ -28,6 +28,8 @@ Command plotCommand();
 Command sampleCommand();
 Command surfaceCommand();
 Command equationCommand();
+Command parametricCommand();
+Command polarCommand();
 
 std::span<const Command> commandTable();
 

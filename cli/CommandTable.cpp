@@ -13,7 +13,9 @@ std::span<const Command> commandTable() {
         // 3D surfaces
         surfaceCommand(),
         // equation curves
-        equationCommand()};
+        equationCommand(),
+        // curves drawn by a parameter t
+        parametricCommand(), polarCommand()};
     return table;
 }
 
