@@ -125,13 +125,6 @@ TEST_F(FaultTranslationTest, OrdinaryFormulasNeverFail) {
                                 {"1/0*0", -1.0, 1.0},
                                 {"tan(x)^9*e^(x*x)", -50.0, 50.0},
                                 {"ln(x)*Sqr(x)/x", -5.0, 5.0}};
-    double plain = 0.0;
-    EXPECT_FALSE(caught([&] {
-        volatile double zero = 0.0;
-        volatile double big = 1e308;
-        plain = (big * big - big * big) + zero / zero + 1e-300 * 1e-300;
-    }));
-    EXPECT_TRUE(std::isnan(plain));
     for (const Row& row : rows) {
         SCOPED_TRACE(row.text);
         Formula formula;

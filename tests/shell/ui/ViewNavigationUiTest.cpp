@@ -5,7 +5,6 @@
 #include <QRegularExpression>
 #include <QSpinBox>
 #include <QToolBar>
-#include <QToolButton>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <QtTest>
