@@ -62,7 +62,7 @@ TEST(FormulaCheck, GivesEachMessage) {
     }
 }
 
-TEST(FormulaCheck, FailureLeavesSlotsAndASilentFailureTheOldMessage) {
+TEST(FormulaCheck, FailuresLeaveTheSlotsBlanksGoAndOverlongTextsAreRefused) {
     Formula formula;
     std::string good = "x+1";
     ASSERT_TRUE(checkFormula(formula, good, kModeFunction, false));
@@ -73,14 +73,10 @@ TEST(FormulaCheck, FailureLeavesSlotsAndASilentFailureTheOldMessage) {
     std::string bad = "x+1+";
     EXPECT_FALSE(checkFormula(formula, bad, kModeFunction, false));
     EXPECT_STREQ(formula.slots[kFunctionSlot].text.data(), "x+1");
-}
 
-TEST(FormulaCheck, RemoveBlanksAndOverlongTexts) {
     std::string text = " sin( x ) ";
     removeBlanks(text);
     EXPECT_EQ(text, "sin(x)");
-
-    Formula formula;
     std::string longest = "x" + std::string(168, '!');
     std::string overlong = longest + "!";
     EXPECT_TRUE(checkFormula(formula, longest, kModeFunction, false));

@@ -57,12 +57,6 @@ void trap(int exception) {
     (void)result;
 }
 
-// Raises the fault for real inside a guard and returns what the guard caught.
-template <class Body>
-std::optional<Failure> caught(Body body) {
-    return catchFailure(kProcTwoDGraphDialog, body);
-}
-
 class FaultTranslationTest : public ::testing::Test {
   protected:
     static void SetUpTestSuite() { installFaultTranslation(); }
@@ -90,7 +84,7 @@ TEST_F(FaultTranslationTest, RealFaultsAndThrowsReachTheGuardWithTheirCodes) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
-        const std::optional<Failure> failure = caught(row.body);
+        const std::optional<Failure> failure = catchFailure(kProcTwoDGraphDialog, row.body);
         ASSERT_TRUE(failure.has_value());
         EXPECT_EQ(failure->name, kProcTwoDGraphDialog);
         EXPECT_EQ(failure->code, row.code);
@@ -125,18 +119,11 @@ TEST_F(FaultTranslationTest, OrdinaryFormulasNeverFail) {
                                 {"1/0*0", -1.0, 1.0},
                                 {"tan(x)^9*e^(x*x)", -50.0, 50.0},
                                 {"ln(x)*Sqr(x)/x", -5.0, 5.0}};
-    double plain = 0.0;
-    EXPECT_FALSE(caught([&] {
-        volatile double zero = 0.0;
-        volatile double big = 1e308;
-        plain = (big * big - big * big) + zero / zero + 1e-300 * 1e-300;
-    }));
-    EXPECT_TRUE(std::isnan(plain));
     for (const Row& row : rows) {
         SCOPED_TRACE(row.text);
         Formula formula;
         ASSERT_TRUE(prepareFormula(formula, row.text, kModeFunction));
-        const std::optional<Failure> failure = caught([&] {
+        const std::optional<Failure> failure = catchFailure(kProcTwoDGraphDialog, [&] {
             for (int i = 0; i <= 20000; ++i) {
                 formula.evaluate(row.from + (row.to - row.from) * i / 20000.0);
             }

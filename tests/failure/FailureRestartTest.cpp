@@ -4,31 +4,21 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <thread>
 
 #include <gtest/gtest.h>
 
 #include "failure/FailureMessage.h"
+#include "tests/support/TempDirectory.h"
 
 namespace {
-
-std::string readFile(const std::filesystem::path& path) {
-    std::stringstream text;
-    text << std::ifstream(path).rdbuf();
-    return text.str();
-}
 
 // A real fault in a real process: the report shows its box, starts the program again and ends
 // this copy with exit code 0.
 TEST(FailureRestart, RealFaultRestartsTheProgramAndExitsWithZero) {
-    const std::filesystem::path marker = std::filesystem::temp_directory_path() /
-                                         ("curvemill-restart-" + std::to_string(::getpid()));
-    const std::string box = marker.string() + ".box";
-    std::filesystem::remove(marker);
-    std::filesystem::remove(box);
+    const curvemill::testing::TempDirectory dir;
+    const std::filesystem::path marker = dir.path() / "marker";
     const std::string command = "CURVEMILL_TEST_MARKER='" + marker.string() +
                                 "' QT_QPA_PLATFORM=offscreen '" FAILURE_RESTART_HELPER "' fault";
     const int status = std::system(command.c_str());
@@ -39,12 +29,10 @@ TEST(FailureRestart, RealFaultRestartsTheProgramAndExitsWithZero) {
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    EXPECT_EQ(readFile(marker), "restarted");
-    EXPECT_EQ(readFile(box),
+    EXPECT_EQ(dir.read("marker"), "restarted");
+    EXPECT_EQ(dir.read("marker.box"),
               "ERROR MESSAGE|1|" + curvemill::failureMessage(curvemill::kProcMainWindow,
                                                              curvemill::kCodeAccessViolation));
-    std::filesystem::remove(marker);
-    std::filesystem::remove(box);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // The equation's road through the main window: the command opens the input window, a computed
 // equation is shown with its dots, the menus and tools follow it, and Copy and Print send it out.
 #include <QClipboard>
-#include <QMimeData>
 #include <QProgressBar>
 #include <QScreen>
 #include <QToolBar>

@@ -5,7 +5,6 @@
 #include <QRegularExpression>
 #include <QSpinBox>
 #include <QToolBar>
-#include <QToolButton>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <QtTest>
@@ -139,7 +138,7 @@ class ViewNavigationUiTest : public MainWindowFixture {
 
     // The mouse over the plot shows the graph's x and y under it in the status line, to the
     // pixel; outside the plot and after it leaves, nothing.
-    void coordinatesFollowTheMouse() {
+    void coordinatesAndTooltipFollowTheMouse() {
         auto* readOut = named<QLabel>(u"coordinatesText"_s);
         const QRegularExpression pair(u"^x = (-?\\d+\\.\\d+)   y = (-?\\d+\\.\\d+)$"_s);
         for (const QPoint at : {QPoint(200, 150), QPoint(640, 420)}) {
@@ -155,11 +154,9 @@ class ViewNavigationUiTest : public MainWindowFixture {
         QEvent leave(QEvent::Leave);
         QApplication::sendEvent(canvas(), &leave);
         QCOMPARE(readOut->text(), QString());
-    }
 
-    // The curve's name and the nearest record's coordinates once the mouse rests on it; nothing
-    // away from it or with "Display Tooltips" off, on the toolbar too.
-    void tooltipNamesTheCurveUnderTheMouse() {
+        // The curve's name and the nearest record's coordinates once the mouse rests on it;
+        // nothing away from it or with "Display Tooltips" off, on the toolbar too.
         const QPoint onCurve(int(view.toPixelX(3.0)), int(view.toPixelY(80 * std::sin(3.0) / 3)));
         const auto rest = [&](QWidget* widget, QPoint at) {
             QToolTip::hideText();
