@@ -11,14 +11,23 @@
 namespace curvemill {
 namespace {
 
+// The eye stands beyond the far corner above the figure, and the aim point lies on the picture
+// plane; a point on the eye's plane still lands on a finite pixel. Turned, the eye in grid space
+// undoes the rotation.
 TEST(SurfaceView, EyeStandsBeyondTheFarCornerAboveTheFigure) {
     const SurfaceGrid grid = cubeGrid();
     SurfaceView view;
     setUpView(view, grid);
     EXPECT_LT(distance(view.eye, {5.0825, 5.0825, 4.4641}), 1e-4);
-    // The aim point lies on the picture plane.
     EXPECT_NEAR(view.normal.x * view.aimX + view.normal.y * view.aimY + view.planeConstant, 0,
                 1e-12);
+    const ScreenPoint s = projectToPixel(view, grid, {view.eye.x - 1, view.eye.y + 1, 0}, {});
+    EXPECT_TRUE(std::abs(s.x) <= 1 << 24 && std::abs(s.y) <= 1 << 24) << s.x << ',' << s.y;
+    setAxisAngle(view, 180);
+    view.mode = 'Q';
+    EXPECT_LT(distance(eyeInGridSpace(view, grid), {-view.eye.x, -view.eye.y, view.eye.z}), 1e-9);
+    setRotationMatrix(view, 30, 20, 10);
+    EXPECT_LT(distance(rotatePoint(view, grid, eyeInGridSpace(view, grid)), view.eye), 1e-9);
 }
 
 TEST(SurfaceView, RotationsTurnAboutTheCentre) {
@@ -46,18 +55,6 @@ TEST(SurfaceView, RotationsTurnAboutTheCentre) {
     setRotationMatrix(matrix, 90, 0, 0);
     EXPECT_EQ(matrix.mode, 'P');
     EXPECT_LT(distance(rotatePoint(matrix, grid, {2, 2, 3}), {1, 3, 3}), 1e-12);
-}
-
-TEST(SurfaceView, EyeInGridSpaceUndoesTheRotation) {
-    const SurfaceGrid grid = cubeGrid();
-    SurfaceView view;
-    setUpView(view, grid);
-    setAxisAngle(view, 180);
-    view.mode = 'Q';
-    EXPECT_LT(distance(eyeInGridSpace(view, grid), {-view.eye.x, -view.eye.y, view.eye.z}), 1e-9);
-    // Turning the figure and then the eye back gives the eye again.
-    setRotationMatrix(view, 30, 20, 10);
-    EXPECT_LT(distance(rotatePoint(view, grid, eyeInGridSpace(view, grid)), view.eye), 1e-9);
 }
 
 // The figure's box fills nine tenths of the tighter side of any target, centred; zoom scales it
@@ -91,15 +88,6 @@ TEST(SurfaceView, FitCentresTheBoxOnEveryTargetAndZoomScalesIt) {
             EXPECT_NEAR(fill, 0.9 * zoom, 1e-9);
         }
     }
-}
-
-TEST(SurfaceView, PixelsStayFiniteForPointsOnTheEyesPlane) {
-    const SurfaceGrid grid = cubeGrid();
-    SurfaceView view;
-    resetView(view, grid);
-    const ScreenPoint s = projectToPixel(view, grid, {view.eye.x - 1, view.eye.y + 1, 0}, {});
-    EXPECT_LE(std::abs(s.x), 1 << 24);
-    EXPECT_LE(std::abs(s.y), 1 << 24);
 }
 
 TEST(SurfaceRotation, QuarterTurnsAreRightHandedByBothRoutes) {

@@ -1,11 +1,6 @@
 // The ThreeD Rotation dialog, the animation's timer and the mouse over a surface, offscreen.
-#include <QComboBox>
-#include <QDoubleSpinBox>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QSlider>
-#include <QWidget>
 #include <QtTest>
+#include <QtWidgets>
 
 #include "graph3d/SurfaceScene.h"
 #include "graph3d/ui/RotationDialog.h"
