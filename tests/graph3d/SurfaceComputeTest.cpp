@@ -62,9 +62,8 @@ TEST(SurfaceCompute, ZLimitsCutTallSurfacesToABandAroundTheMiddle) {
     const double mid = (g.limits.zMin + g.limits.zMax) / 2;
     EXPECT_NEAR(g.zLow, mid - 10 * D, 1e-9);
     EXPECT_NEAR(g.zHigh, mid + 10 * D, 1e-9);
-    EXPECT_EQ(g.vertex(0, 5).zShown, g.zLow);
-    EXPECT_EQ(g.vertex(100, 5).zShown, g.zHigh);
-    EXPECT_EQ(g.vertex(50, 5).zShown, g.vertex(50, 5).z);
+    EXPECT_EQ(std::tuple(g.vertex(0, 5).zShown, g.vertex(100, 5).zShown, g.vertex(50, 5).zShown),
+              std::tuple(g.zLow, g.zHigh, g.vertex(50, 5).z));
 
     // The user's step: 'n' keeps it and narrows the band.
     steep.grid.limits.step = 3;
@@ -120,10 +119,8 @@ TEST(SurfaceCompute, StopEndsBeforeTheNextVertexAndKeepsTheGrid) {
             keep = false;
         }
     };
-    Formula formula;
-    ASSERT_TRUE(prepareFormula(formula, "x*y", kModeTwoVariables));
-    setDomain(scene.grid, -1, 1, -1, 1);
-    EXPECT_EQ(computeSurface(formula, scene.grid, stopAtHalf, keep), SurfaceOutcome::Stopped);
+    EXPECT_EQ(computeFor(scene, "x*y", -1, 1, -1, 1, &keep, 100, stopAtHalf),
+              SurfaceOutcome::Stopped);
     EXPECT_EQ(std::tuple(scene.grid.evaluatedCount, calls), std::tuple(50 * 101, 51));
     EXPECT_TRUE(lastPercent == 49 || lastPercent == 50) << lastPercent;
     EXPECT_TRUE(scene.grid.allocated());

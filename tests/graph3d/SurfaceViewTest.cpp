@@ -158,7 +158,7 @@ TEST(SurfaceRotation, DragOfKnownLengthGivesItsAnglesAndCarriesTheNearSideAlong)
     EXPECT_LT(projectPoint(view, grid, nearCorner, {}).x, before - 1e-3);
 }
 
-TEST(SurfaceRotation, AFullTurnOfTheAnimationReturnsTheProjectionToItsStart) {
+TEST(SurfaceRotation, AFullTurnOfTheAnimationReturnsToItsStartAtABoundedSpeed) {
     const SurfaceGrid grid = cubeGrid();
     const Placement placement{200, 400, 300};
     const struct {
@@ -199,9 +199,8 @@ TEST(SurfaceRotation, AFullTurnOfTheAnimationReturnsTheProjectionToItsStart) {
         }
         EXPECT_GT(moved, 50);
     }
-}
-
-TEST(SurfaceRotation, AnimationHoldsItsSpeedWithinBounds) {
+    // The speed is held within bounds, and hours later the angle still lands where speed times
+    // time puts it.
     RotationAnimation animation;
     animation.start({}, RotationAxis::kY, 1e9);
     EXPECT_EQ(animation.degreesPerSecond(), RotationAnimation::kMaxDegreesPerSecond);
@@ -209,7 +208,6 @@ TEST(SurfaceRotation, AnimationHoldsItsSpeedWithinBounds) {
     EXPECT_EQ(animation.degreesPerSecond(), 0);
     EXPECT_NEAR(animation.anglesAt(1e12).y, 0, 1e-12);
     animation.start({0, 5, 0}, RotationAxis::kY, 10);
-    // Hours later the angle still lands where speed times time puts it.
     EXPECT_NEAR(animation.anglesAt(3600 * 5 + 1.5).y, 20, 1e-6);
 }
 
