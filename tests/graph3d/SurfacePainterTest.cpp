@@ -49,8 +49,7 @@ class SurfacePainterTest : public ::testing::TestWithParam<Road> {};
 
 // Each cell's distance from the eye to its middle and its colour, by where the cell's own
 // vertex lands on screen.
-std::map<std::pair<int, int>, std::pair<double, std::uint32_t>> cellsByCorner(
-    const SurfaceScene& scene, const DrawingPlan& plan) {
+auto cellsByCorner(const SurfaceScene& scene, const DrawingPlan& plan) {
     std::map<std::pair<int, int>, std::pair<double, std::uint32_t>> cells;
     const SurfaceGrid& g = scene.grid;
     for (int i = 1; i <= g.nx; ++i) {
@@ -79,7 +78,6 @@ TEST_P(SurfacePainterTest, EachPixelShowsTheNearestCellInItsOwnColour) {
     scene.view.mode = 'Q';
     struct Cell {
         QPolygonF shape;
-        QRectF near;
         QPainterPath outline;  // two pixels either side of the edges
         double distance;
         QRgb colour;
@@ -103,9 +101,8 @@ TEST_P(SurfacePainterTest, EachPixelShowsTheNearestCellInItsOwnColour) {
             QPainterPath path;
             path.addPolygon(shape);
             path.closeSubpath();
-            cells.push_back({shape, shape.boundingRect().adjusted(-3, -3, 3, 3),
-                             stroker.createStroke(path), distance,
-                             RasterSurfaceSink::toPixel(colour)});
+            cells.push_back(
+                {shape, stroker.createStroke(path), distance, RasterSurfaceSink::toPixel(colour)});
         }
         const QImage image = rendered(scene, GetParam(), {800, 600}, {800, 600});
         int covered = 0;
@@ -117,7 +114,7 @@ TEST_P(SurfacePainterTest, EachPixelShowsTheNearestCellInItsOwnColour) {
                 int covering = 0;
                 bool nearEdge = false;
                 for (const Cell& cell : cells) {
-                    if (cell.near.contains(centre)) {
+                    if (cell.outline.boundingRect().contains(centre)) {
                         nearEdge |= cell.outline.contains(centre);
                         if (cell.shape.containsPoint(centre, Qt::OddEvenFill)) {
                             ++covering;
