@@ -30,33 +30,6 @@ TEST(SurfaceView, EyeStandsBeyondTheFarCornerAboveTheFigure) {
     EXPECT_LT(distance(rotatePoint(view, grid, eyeInGridSpace(view, grid)), view.eye), 1e-9);
 }
 
-TEST(SurfaceView, RotationsTurnAboutTheCentre) {
-    SurfaceGrid grid = cubeGrid();
-    grid.xc = 1;
-    grid.yc = 2;
-    grid.zc = 3;
-    const struct {
-        char mode;
-        Vec3 from;
-        Vec3 to;
-    } cases[] = {
-        {'a', {4, 5, 6}, {4, 5, 6}}, {'X', {1, 3, 3}, {1, 2, 4}}, {'x', {1, 2, 4}, {1, 1, 3}},
-        {'Y', {2, 2, 3}, {1, 2, 4}}, {'y', {1, 2, 4}, {0, 2, 3}}, {'Q', {2, 2, 3}, {1, 1, 3}},
-        {'R', {1, 3, 3}, {2, 2, 3}}, {'q', {2, 2, 3}, {1, 1, 3}}, {'r', {1, 3, 3}, {2, 2, 3}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.mode);
-        SurfaceView view;
-        setAxisAngle(view, 90);
-        view.mode = c.mode;
-        EXPECT_LT(distance(rotatePoint(view, grid, c.from), c.to), 1e-12);
-    }
-    SurfaceView matrix;
-    setRotationMatrix(matrix, 90, 0, 0);
-    EXPECT_EQ(matrix.mode, 'P');
-    EXPECT_LT(distance(rotatePoint(matrix, grid, {2, 2, 3}), {1, 3, 3}), 1e-12);
-}
-
 // The figure's box fills nine tenths of the tighter side of any target, centred; zoom scales it
 // about the middle of the target.
 TEST(SurfaceView, FitCentresTheBoxOnEveryTargetAndZoomScalesIt) {
@@ -90,8 +63,8 @@ TEST(SurfaceView, FitCentresTheBoxOnEveryTargetAndZoomScalesIt) {
     }
 }
 
-TEST(SurfaceRotation, QuarterTurnsAreRightHandedByBothRoutes) {
-    const SurfaceGrid grid = cubeGrid();
+TEST(SurfaceRotation, QuarterTurnsAreRightHandedByBothRoutesAboutTheCentre) {
+    const SurfaceGrid centred = cubeGrid();
     // A negligible second angle sends the same turn through the matrix instead of the axis mode.
     constexpr double kNudge = 1e-300;
     const struct {
@@ -111,8 +84,33 @@ TEST(SurfaceRotation, QuarterTurnsAreRightHandedByBothRoutes) {
         SurfaceView view;
         applyRotation(view, c.angles);
         EXPECT_EQ(view.mode, c.mode);
+        EXPECT_LT(distance(rotatePoint(view, centred, c.from), c.to), 1e-12);
+    }
+    // Each axis mode turns about the figure's centre, wherever it lies.
+    SurfaceGrid grid = centred;
+    grid.xc = 1;
+    grid.yc = 2;
+    grid.zc = 3;
+    const struct {
+        char mode;
+        Vec3 from;
+        Vec3 to;
+    } modes[] = {
+        {'a', {4, 5, 6}, {4, 5, 6}}, {'X', {1, 3, 3}, {1, 2, 4}}, {'x', {1, 2, 4}, {1, 1, 3}},
+        {'Y', {2, 2, 3}, {1, 2, 4}}, {'y', {1, 2, 4}, {0, 2, 3}}, {'Q', {2, 2, 3}, {1, 1, 3}},
+        {'R', {1, 3, 3}, {2, 2, 3}}, {'q', {2, 2, 3}, {1, 1, 3}}, {'r', {1, 3, 3}, {2, 2, 3}},
+    };
+    for (const auto& c : modes) {
+        SCOPED_TRACE(c.mode);
+        SurfaceView view;
+        setAxisAngle(view, 90);
+        view.mode = c.mode;
         EXPECT_LT(distance(rotatePoint(view, grid, c.from), c.to), 1e-12);
     }
+    SurfaceView matrix;
+    setRotationMatrix(matrix, 90, 0, 0);
+    EXPECT_EQ(matrix.mode, 'P');
+    EXPECT_LT(distance(rotatePoint(matrix, grid, {2, 2, 3}), {1, 3, 3}), 1e-12);
 }
 
 TEST(SurfaceRotation, AnglesWrapIntoOneTurn) {
