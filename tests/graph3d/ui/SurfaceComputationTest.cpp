@@ -3,10 +3,8 @@
 #include <QtTest>
 
 // The engine's headers come before Qt's, whose "slots" macro would swallow a member name.
-#include "engine/Formula.h"
-#include "engine/FormulaCheck.h"
-#include "engine/Preparation.h"
 #include "graph3d/SurfaceComputation.h"
+#include "tests/graph3d/SurfaceFixture.h"
 #include "tests/support/RecordingReporter.h"
 #include "worker/ui/Worker.h"
 
