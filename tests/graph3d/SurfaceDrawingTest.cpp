@@ -2,6 +2,7 @@
 // their far-to-near order; the box around the surface.
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -11,59 +12,47 @@
 namespace curvemill {
 namespace {
 
-// A flat 4 x 4 grid whose vertex (i, j) sits at pixel (10 i, 10 j).
-struct LaidOut {
-    SurfaceScene scene;
-    ScreenPoints points;
-};
-LaidOut laidOut() {
-    LaidOut laid;
-    laid.scene.grid.allocate(4, 4);
-    laid.points.fit(laid.scene.grid);
-    for (int i = 0; i <= 4; ++i) {
-        for (int j = 0; j <= 4; ++j) {
-            laid.scene.grid.vertex(i, j) = {double(i), double(j), 0, 0, 0};
-            laid.points.at(i, j) = {10 * i, 10 * j};
-        }
-    }
-    return laid;
-}
-
 ScreenPoint at(int i, int j) {
     return {10 * i, 10 * j};
 }
 
-TEST(SurfaceDrawing, IndefiniteVertexLeavesAHoleAndTriangles) {
-    auto [scene, points] = laidOut();
-    scene.grid.vertex(2, 2).indefinite = 1;
-    RecordingSink sink;
-    for (const auto& [i, j] : {std::pair{1, 1}, {2, 2}, {3, 2}, {2, 3}, {3, 3}}) {
-        drawCellPolygon(scene, points, i, j, 7, sink);
+// On a flat 4 x 4 grid whose vertex (i, j) sits at pixel (10 i, 10 j): an indefinite vertex
+// leaves a hole and triangles, and lines and pixels leave it out; pixels are dots or squares
+// inside the clip, and an unknown mode draws nothing.
+TEST(SurfaceDrawing, IndefiniteVerticesLeaveHolesAndPixelsStayInsideTheClip) {
+    SurfaceScene scene;
+    ScreenPoints points;
+    scene.grid.allocate(4, 4);
+    points.fit(scene.grid);
+    for (int i = 0; i <= 4; ++i) {
+        for (int j = 0; j <= 4; ++j) {
+            scene.grid.vertex(i, j) = {double(i), double(j), 0, 0, 0};
+            points.at(i, j) = at(i, j);
+        }
     }
-    ASSERT_EQ(sink.items.size(), 4u);
-    EXPECT_EQ(sink.items[0].points, (std::vector{at(1, 1), at(0, 1), at(0, 0), at(1, 0)}));
-    EXPECT_EQ(sink.items[1].points, (std::vector{at(3, 2), at(2, 1), at(3, 1)}));
-    EXPECT_EQ(sink.items[2].points, (std::vector{at(2, 3), at(1, 3), at(1, 2)}));
-    EXPECT_EQ(sink.items[3].points, (std::vector{at(3, 3), at(2, 3), at(3, 2)}));
-}
-
-TEST(SurfaceDrawing, LinesLeaveOutIndefiniteEnds) {
-    auto [scene, points] = laidOut();
     scene.grid.vertex(2, 2).indefinite = 1;
-    scene.grid.vertex(1, 3).indefinite = 1;
-    RecordingSink sink;
-    drawCellLines(scene, points, 2, 2, 1, sink);  // the vertex itself
-    drawCellLines(scene, points, 2, 3, 1, sink);  // both back neighbours
-    EXPECT_TRUE(sink.items.empty());
-    drawCellLines(scene, points, 3, 2, 1, sink);
-    ASSERT_EQ(sink.items.size(), 1u);
-    EXPECT_EQ(sink.items[0].points, (std::vector{at(3, 2), at(3, 1)}));
-    drawCellLines(scene, points, 1, 1, 1, sink);
-    EXPECT_EQ(sink.items.size(), 3u);
-}
+    RecordingSink polygons;
+    for (const auto& [i, j] : {std::pair{1, 1}, {2, 2}, {3, 2}, {2, 3}, {3, 3}}) {
+        drawCellPolygon(scene, points, i, j, 7, polygons);
+    }
+    ASSERT_EQ(polygons.items.size(), 4u);
+    EXPECT_EQ(polygons.items[0].points, (std::vector{at(1, 1), at(0, 1), at(0, 0), at(1, 0)}));
+    EXPECT_EQ(polygons.items[1].points, (std::vector{at(3, 2), at(2, 1), at(3, 1)}));
+    EXPECT_EQ(polygons.items[2].points, (std::vector{at(2, 3), at(1, 3), at(1, 2)}));
+    EXPECT_EQ(polygons.items[3].points, (std::vector{at(3, 3), at(2, 3), at(3, 2)}));
 
-TEST(SurfaceDrawing, PixelsAreDotsOrSquaresInsideTheClip) {
-    auto [scene, points] = laidOut();
+    scene.grid.vertex(1, 3).indefinite = 1;
+    RecordingSink lines;
+    drawCellLines(scene, points, 2, 2, 1, lines);  // the vertex itself
+    drawCellLines(scene, points, 2, 3, 1, lines);  // both back neighbours
+    EXPECT_TRUE(lines.items.empty());
+    drawCellLines(scene, points, 3, 2, 1, lines);
+    ASSERT_EQ(lines.items.size(), 1u);
+    EXPECT_EQ(lines.items[0].points, (std::vector{at(3, 2), at(3, 1)}));
+    drawCellLines(scene, points, 1, 1, 1, lines);
+    EXPECT_EQ(lines.items.size(), 3u);
+
+    scene.grid.vertex(1, 3).indefinite = 0;  // below the clip: refused by the clip alone
     scene.grid.vertex(1, 2).indefinite = 1;
     const ClipRect clip{0, 0, 30, 20};
     RecordingSink sink;
@@ -93,9 +82,11 @@ const struct {
     int lastLine;
 } kPasses[] = {{9, 9, 1}, {9, 1, 9}, {8, 9, 2}, {9, 1, 9}};
 
-TEST(SurfaceDrawing, PassesWalkTheirLinesWithTheirAsymmetry) {
+// Whatever way the figure is then turned, the line drawn first lies further from the eye than
+// the line drawn last, and the inner walk runs far to near where the eye's quadrant allows.
+TEST(SurfaceDrawing, PassesWalkTheirLinesFarToNearForEveryRotation) {
     SurfaceScene scene;
-    ASSERT_EQ(computeFor(scene, "x*y", -1, 1, -1, 1, nullptr, 10), SurfaceOutcome::Done);
+    ASSERT_EQ(computeFor(scene, "x*y", -1, 1, -2, 2, nullptr, 10), SurfaceOutcome::Done);
     for (int pass = 1; pass <= 4; ++pass) {
         SCOPED_TRACE(pass);
         DrawingPlan plan = prepareDrawing(scene, 400, 300);
@@ -118,13 +109,6 @@ TEST(SurfaceDrawing, PassesWalkTheirLinesWithTheirAsymmetry) {
         EXPECT_EQ(lineOf(sink.items.front()), c.firstLine);
         EXPECT_EQ(lineOf(sink.items.back()), c.lastLine);
     }
-}
-
-// Whatever way the figure is turned, the line drawn first lies further from the eye than the line
-// drawn last, and the inner walk runs far to near where the eye's quadrant allows.
-TEST(SurfaceDrawing, FarLinesComeFirstForEveryRotation) {
-    SurfaceScene scene;
-    ASSERT_EQ(computeFor(scene, "x*y", -1, 1, -2, 2, nullptr, 10), SurfaceOutcome::Done);
     const SurfaceGrid& g = scene.grid;
     for (const char mode : {'a', 'Q', 'X', 'Y'}) {
         for (int angle = 0; angle < 360; angle += 30) {
@@ -178,18 +162,9 @@ TEST(SurfaceGridBox, ValuesAtTidySteps) {
     }
 }
 
-class GridBoxLayout : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        ASSERT_EQ(computeFor(scene, "x*y", -1, 1, -2, 2, nullptr, 10), SurfaceOutcome::Done);
-    }
+TEST(SurfaceGridBox, LinesOnTheBackFacesLabelsNamingTheAxesAllProjectedLikeTheSurface) {
     SurfaceScene scene;
-};
-
-// Seen from beyond (X_END, Y_END) and above, the faces at X_BEG, Y_BEG and the bottom are the
-// back faces; turned half round about z, the faces at X_END and Y_END are. Either way the labels
-// name every axis and keep the values of the shared corner.
-TEST_F(GridBoxLayout, GridLinesLieOnTheBackFacesAndTheAxesAreNamed) {
+    ASSERT_EQ(computeFor(scene, "x*y", -1, 1, -2, 2, nullptr, 10), SurfaceOutcome::Done);
     const SurfaceGrid& g = scene.grid;
     const auto onFace = [](const BoxLine& l, char axis, double v) {
         const auto c = [axis](Vec3 p) { return axis == 'x' ? p.x : axis == 'y' ? p.y : p.z; };
@@ -207,12 +182,9 @@ TEST_F(GridBoxLayout, GridLinesLieOnTheBackFacesAndTheAxesAreNamed) {
         int edges = 0;
         int gridLines = 0;
         for (const BoxLine& line : box.lines) {
-            if (line.edge) {
-                ++edges;
-                continue;
-            }
-            ++gridLines;
-            EXPECT_TRUE(onFace(line, 'x', backX) || onFace(line, 'y', backY) ||
+            edges += line.edge;
+            gridLines += !line.edge;
+            EXPECT_TRUE(line.edge || onFace(line, 'x', backX) || onFace(line, 'y', backY) ||
                         onFace(line, 'z', g.zLow));
         }
         // Seen from above, the values lie on the floor. Each axis is named once, and the corner
@@ -224,17 +196,10 @@ TEST_F(GridBoxLayout, GridLinesLieOnTheBackFacesAndTheAxesAreNamed) {
             names += label.axisName ? label.text : "";
             yValues += label.axis == 'y' && !label.axisName;
         }
-        EXPECT_EQ(names, "xyz");
-        EXPECT_EQ(yValues, 5);
-        EXPECT_EQ(edges, 12);
-        // x: 5 values on two faces, y: 5 on two, z: 5 on two.
-        EXPECT_EQ(gridLines, 30);
+        // x: 5 values on two faces, y: 5 on two, z: 5 on two: 30 grid lines.
+        EXPECT_EQ(std::tuple(names, yValues, edges, gridLines), std::tuple("xyz", 5, 12, 30));
     }
-}
-
-TEST_F(GridBoxLayout, CornersAndLabelsProjectLikeTheSurface) {
-    const SurfaceGrid& g = scene.grid;
-    scene.view.mode = 'P';
+    // Turned by the matrix, the box's corners and labels land where the surface's points would.
     setRotationMatrix(scene.view, 20, -35, 60);
     const Placement placement = fitFigure(scene.view, g, 640, 480);
     const GridBox box = layoutGridBox(scene.view, g);

@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cmath>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -25,7 +26,7 @@ inline void setDomain(SurfaceGrid& grid, double x0, double x1, double y0, double
 // Computes `text` over the domain with n x n intervals and, when done, readies the figure.
 inline SurfaceOutcome computeFor(SurfaceScene& scene, const std::string& text, double x0, double x1,
                                  double y0, double y1, std::atomic<bool>* keep = nullptr,
-                                 int n = 100) {
+                                 int n = 100, const std::function<void(int)>& progress = {}) {
     Formula formula;
     if (!prepareFormula(formula, text, kModeTwoVariables)) {
         return SurfaceOutcome::NoMemory;
@@ -34,7 +35,7 @@ inline SurfaceOutcome computeFor(SurfaceScene& scene, const std::string& text, d
     scene.grid.requestedNx = scene.grid.requestedNy = n;
     std::atomic<bool> always{true};
     const SurfaceOutcome outcome =
-        computeSurface(formula, scene.grid, {}, keep != nullptr ? *keep : always);
+        computeSurface(formula, scene.grid, progress, keep != nullptr ? *keep : always);
     if (outcome == SurfaceOutcome::Done) {
         startNewFigure(scene);
         scene.complete = true;

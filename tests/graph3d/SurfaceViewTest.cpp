@@ -11,51 +11,21 @@
 namespace curvemill {
 namespace {
 
+// The eye stands beyond the far corner above the figure, and the aim point lies on the picture
+// plane; a point on the eye's plane still lands on a finite pixel. Turned, the eye in grid space
+// undoes the rotation.
 TEST(SurfaceView, EyeStandsBeyondTheFarCornerAboveTheFigure) {
     const SurfaceGrid grid = cubeGrid();
     SurfaceView view;
     setUpView(view, grid);
     EXPECT_LT(distance(view.eye, {5.0825, 5.0825, 4.4641}), 1e-4);
-    // The aim point lies on the picture plane.
     EXPECT_NEAR(view.normal.x * view.aimX + view.normal.y * view.aimY + view.planeConstant, 0,
                 1e-12);
-}
-
-TEST(SurfaceView, RotationsTurnAboutTheCentre) {
-    SurfaceGrid grid = cubeGrid();
-    grid.xc = 1;
-    grid.yc = 2;
-    grid.zc = 3;
-    const struct {
-        char mode;
-        Vec3 from;
-        Vec3 to;
-    } cases[] = {
-        {'a', {4, 5, 6}, {4, 5, 6}}, {'X', {1, 3, 3}, {1, 2, 4}}, {'x', {1, 2, 4}, {1, 1, 3}},
-        {'Y', {2, 2, 3}, {1, 2, 4}}, {'y', {1, 2, 4}, {0, 2, 3}}, {'Q', {2, 2, 3}, {1, 1, 3}},
-        {'R', {1, 3, 3}, {2, 2, 3}}, {'q', {2, 2, 3}, {1, 1, 3}}, {'r', {1, 3, 3}, {2, 2, 3}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.mode);
-        SurfaceView view;
-        setAxisAngle(view, 90);
-        view.mode = c.mode;
-        EXPECT_LT(distance(rotatePoint(view, grid, c.from), c.to), 1e-12);
-    }
-    SurfaceView matrix;
-    setRotationMatrix(matrix, 90, 0, 0);
-    EXPECT_EQ(matrix.mode, 'P');
-    EXPECT_LT(distance(rotatePoint(matrix, grid, {2, 2, 3}), {1, 3, 3}), 1e-12);
-}
-
-TEST(SurfaceView, EyeInGridSpaceUndoesTheRotation) {
-    const SurfaceGrid grid = cubeGrid();
-    SurfaceView view;
-    setUpView(view, grid);
+    const ScreenPoint s = projectToPixel(view, grid, {view.eye.x - 1, view.eye.y + 1, 0}, {});
+    EXPECT_TRUE(std::abs(s.x) <= 1 << 24 && std::abs(s.y) <= 1 << 24) << s.x << ',' << s.y;
     setAxisAngle(view, 180);
     view.mode = 'Q';
     EXPECT_LT(distance(eyeInGridSpace(view, grid), {-view.eye.x, -view.eye.y, view.eye.z}), 1e-9);
-    // Turning the figure and then the eye back gives the eye again.
     setRotationMatrix(view, 30, 20, 10);
     EXPECT_LT(distance(rotatePoint(view, grid, eyeInGridSpace(view, grid)), view.eye), 1e-9);
 }
@@ -93,17 +63,8 @@ TEST(SurfaceView, FitCentresTheBoxOnEveryTargetAndZoomScalesIt) {
     }
 }
 
-TEST(SurfaceView, PixelsStayFiniteForPointsOnTheEyesPlane) {
-    const SurfaceGrid grid = cubeGrid();
-    SurfaceView view;
-    resetView(view, grid);
-    const ScreenPoint s = projectToPixel(view, grid, {view.eye.x - 1, view.eye.y + 1, 0}, {});
-    EXPECT_LE(std::abs(s.x), 1 << 24);
-    EXPECT_LE(std::abs(s.y), 1 << 24);
-}
-
-TEST(SurfaceRotation, QuarterTurnsAreRightHandedByBothRoutes) {
-    const SurfaceGrid grid = cubeGrid();
+TEST(SurfaceRotation, QuarterTurnsAreRightHandedByBothRoutesAboutTheCentre) {
+    const SurfaceGrid centred = cubeGrid();
     // A negligible second angle sends the same turn through the matrix instead of the axis mode.
     constexpr double kNudge = 1e-300;
     const struct {
@@ -123,8 +84,33 @@ TEST(SurfaceRotation, QuarterTurnsAreRightHandedByBothRoutes) {
         SurfaceView view;
         applyRotation(view, c.angles);
         EXPECT_EQ(view.mode, c.mode);
+        EXPECT_LT(distance(rotatePoint(view, centred, c.from), c.to), 1e-12);
+    }
+    // Each axis mode turns about the figure's centre, wherever it lies.
+    SurfaceGrid grid = centred;
+    grid.xc = 1;
+    grid.yc = 2;
+    grid.zc = 3;
+    const struct {
+        char mode;
+        Vec3 from;
+        Vec3 to;
+    } modes[] = {
+        {'a', {4, 5, 6}, {4, 5, 6}}, {'X', {1, 3, 3}, {1, 2, 4}}, {'x', {1, 2, 4}, {1, 1, 3}},
+        {'Y', {2, 2, 3}, {1, 2, 4}}, {'y', {1, 2, 4}, {0, 2, 3}}, {'Q', {2, 2, 3}, {1, 1, 3}},
+        {'R', {1, 3, 3}, {2, 2, 3}}, {'q', {2, 2, 3}, {1, 1, 3}}, {'r', {1, 3, 3}, {2, 2, 3}},
+    };
+    for (const auto& c : modes) {
+        SCOPED_TRACE(c.mode);
+        SurfaceView view;
+        setAxisAngle(view, 90);
+        view.mode = c.mode;
         EXPECT_LT(distance(rotatePoint(view, grid, c.from), c.to), 1e-12);
     }
+    SurfaceView matrix;
+    setRotationMatrix(matrix, 90, 0, 0);
+    EXPECT_EQ(matrix.mode, 'P');
+    EXPECT_LT(distance(rotatePoint(matrix, grid, {2, 2, 3}), {1, 3, 3}), 1e-12);
 }
 
 TEST(SurfaceRotation, AnglesWrapIntoOneTurn) {
@@ -170,7 +156,7 @@ TEST(SurfaceRotation, DragOfKnownLengthGivesItsAnglesAndCarriesTheNearSideAlong)
     EXPECT_LT(projectPoint(view, grid, nearCorner, {}).x, before - 1e-3);
 }
 
-TEST(SurfaceRotation, AFullTurnOfTheAnimationReturnsTheProjectionToItsStart) {
+TEST(SurfaceRotation, AFullTurnOfTheAnimationReturnsToItsStartAtABoundedSpeed) {
     const SurfaceGrid grid = cubeGrid();
     const Placement placement{200, 400, 300};
     const struct {
@@ -211,9 +197,8 @@ TEST(SurfaceRotation, AFullTurnOfTheAnimationReturnsTheProjectionToItsStart) {
         }
         EXPECT_GT(moved, 50);
     }
-}
-
-TEST(SurfaceRotation, AnimationHoldsItsSpeedWithinBounds) {
+    // The speed is held within bounds, and hours later the angle still lands where speed times
+    // time puts it.
     RotationAnimation animation;
     animation.start({}, RotationAxis::kY, 1e9);
     EXPECT_EQ(animation.degreesPerSecond(), RotationAnimation::kMaxDegreesPerSecond);
@@ -221,7 +206,6 @@ TEST(SurfaceRotation, AnimationHoldsItsSpeedWithinBounds) {
     EXPECT_EQ(animation.degreesPerSecond(), 0);
     EXPECT_NEAR(animation.anglesAt(1e12).y, 0, 1e-12);
     animation.start({0, 5, 0}, RotationAxis::kY, 10);
-    // Hours later the angle still lands where speed times time puts it.
     EXPECT_NEAR(animation.anglesAt(3600 * 5 + 1.5).y, 20, 1e-6);
 }
 

@@ -1,11 +1,6 @@
 // The ThreeD Rotation dialog, the animation's timer and the mouse over a surface, offscreen.
-#include <QComboBox>
-#include <QDoubleSpinBox>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QSlider>
-#include <QWidget>
 #include <QtTest>
+#include <QtWidgets>
 
 #include "graph3d/SurfaceScene.h"
 #include "graph3d/ui/RotationDialog.h"
@@ -53,13 +48,24 @@ class RotationDialogTest : public QObject {
         rotator.reset();
     }
 
-    // Slider and spin of each axis: moving one sets the angle, the view and the other control;
-    // a rotation from elsewhere moves both.
-    void anglesFollowSlidersSpinsAndTheFigure() {
-        const char* axes[] = {"X", "Y", "Z"};
-        for (int k = 0; k < 3; ++k) {
-            auto* slider = find<QSlider>(QStringLiteral("angle%1Slider").arg(axes[k]));
-            auto* spin = find<QDoubleSpinBox>(QStringLiteral("angle%1Spin").arg(axes[k]));
+    // The step buttons turn about the chosen axis and Reset undoes all. Slider and spin of each
+    // axis: moving one sets the angle, the view and the other control; a rotation from elsewhere
+    // moves both.
+    void stepsResetAndAnglesFollowSlidersSpinsAndTheFigure() {
+        setAxis(find<QComboBox>("stepAxisCombo"), RotationAxis::kX);
+        find<QDoubleSpinBox>("stepSpin")->setValue(100);
+        find<QPushButton>("stepForwardButton")->click();
+        find<QPushButton>("stepForwardButton")->click();
+        compareAngles(rotator->angles(), -160, 0, 0);
+        setAxis(find<QComboBox>("stepAxisCombo"), RotationAxis::kZ);
+        find<QPushButton>("stepBackButton")->click();
+        compareAngles(rotator->angles(), -160, 0, -100);
+        find<QPushButton>("resetButton")->click();
+        compareAngles(rotator->angles(), 0, 0, 0);
+        QCOMPARE(find<QSlider>("angleXSlider")->value(), 0);
+        for (const char* axis : {"X", "Y", "Z"}) {
+            auto* slider = find<QSlider>(QStringLiteral("angle%1Slider").arg(axis));
+            auto* spin = find<QDoubleSpinBox>(QStringLiteral("angle%1Spin").arg(axis));
             slider->setValue(-1255);
             QCOMPARE(spin->value(), -125.5);
             spin->setValue(40);
@@ -73,20 +79,6 @@ class RotationDialogTest : public QObject {
         rotator->turn(RotationAxis::kY, -100);
         QCOMPARE(find<QDoubleSpinBox>("angleYSpin")->value(), -100.0);
         QCOMPARE(find<QSlider>("angleYSlider")->value(), -1000);
-    }
-
-    void stepButtonsTurnAboutTheChosenAxisAndResetUndoesAll() {
-        setAxis(find<QComboBox>("stepAxisCombo"), RotationAxis::kX);
-        find<QDoubleSpinBox>("stepSpin")->setValue(100);
-        find<QPushButton>("stepForwardButton")->click();
-        find<QPushButton>("stepForwardButton")->click();
-        compareAngles(rotator->angles(), -160, 0, 0);
-        setAxis(find<QComboBox>("stepAxisCombo"), RotationAxis::kZ);
-        find<QPushButton>("stepBackButton")->click();
-        compareAngles(rotator->angles(), -160, 0, -100);
-        find<QPushButton>("resetButton")->click();
-        compareAngles(rotator->angles(), 0, 0, 0);
-        QCOMPARE(find<QSlider>("angleXSlider")->value(), 0);
     }
 
     // Start turns the figure frame by frame about the chosen axis; Stop and any typed angle end
