@@ -110,8 +110,7 @@ TEST(AreaPolygons, SplitAtTheAxisCrossingAndBoundedByThePlottingRows) {
     const auto polygons = buildAreaPolygons(view, rising.data(), 10, 0, 9);
     ASSERT_EQ(polygons.size(), 2u);
     const PixelPoint crossing{265, 190};  // x = 5 on the axis row
-    EXPECT_FALSE(polygons[0].aboveAxis);
-    EXPECT_TRUE(polygons[1].aboveAxis);
+    EXPECT_EQ(std::pair(polygons[0].aboveAxis, polygons[1].aboveAxis), std::pair(false, true));
     EXPECT_EQ(polygons[0].points.back(), crossing);
     EXPECT_EQ(polygons[1].points.front(), crossing);
     EXPECT_EQ(polygons[0].points.front(), (PixelPoint{85, 190}));
@@ -159,16 +158,13 @@ TEST(IndefiniteStretches, ReachFromEdgeToEdgeOrToTheRangesEnds) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.pattern);
-        const std::vector<XStretch> found = indefiniteStretches(patternCurve(c.pattern), -1, 9);
-        ASSERT_EQ(found.size(), c.stretches.size());
-        for (std::size_t i = 0; i < found.size(); ++i) {
-            EXPECT_EQ(found[i].begin, c.stretches[i].first);
-            EXPECT_EQ(found[i].end, c.stretches[i].second);
+        std::vector<std::pair<double, double>> found;
+        for (const XStretch& s : indefiniteStretches(patternCurve(c.pattern), -1, 9)) {
+            found.emplace_back(s.begin, s.end);
         }
+        EXPECT_EQ(found, c.stretches);
     }
-}
-
-TEST(IndefiniteStretches, ACountBeyondTheRecordsIsNotRead) {
+    // A count beyond the records is not read.
     Curve curve = patternCurve(".I");
     curve.pointCount = 50;
     const std::vector<XStretch> found = indefiniteStretches(curve, 0, 9);

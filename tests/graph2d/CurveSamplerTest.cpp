@@ -38,8 +38,7 @@ TEST(CurveSampler, MonotonicCurvesGetRegularSamplesPlusFinalRecord) {
         ASSERT_TRUE(s.completed);
         const Curve& m = s.graph.main;
         // The loop steps x by dx = 3/10000 while x <= 2; rounding may add one pass.
-        ASSERT_GE(m.pointCount, 10001 + 1);
-        ASSERT_LE(m.pointCount, 10002 + 1);
+        ASSERT_TRUE(m.pointCount == 10001 + 1 || m.pointCount == 10002 + 1) << m.pointCount;
         for (int i = 0; i + 1 < m.pointCount; ++i) {
             const PlotPoint& p = m.points[i];
             ASSERT_NEAR(p.x, -1.0 + i * 3.0 / 10000, 1e-9) << i;
@@ -52,9 +51,7 @@ TEST(CurveSampler, MonotonicCurvesGetRegularSamplesPlusFinalRecord) {
         EXPECT_DOUBLE_EQ(m.yMax, yMax);
         EXPECT_EQ(s.span(), std::make_pair(-1.0, 2.0));
         // Each whole percent once; the last regular sample lies within one step of X_END.
-        ASSERT_FALSE(s.percents.empty());
-        EXPECT_EQ(s.percents.front(), 0);
-        EXPECT_GE(s.percents.back(), 99);
+        ASSERT_TRUE(!s.percents.empty() && s.percents.front() == 0 && s.percents.back() >= 99);
         EXPECT_EQ(std::adjacent_find(s.percents.begin(), s.percents.end(), std::greater_equal<>()),
                   s.percents.end());
     }
@@ -147,8 +144,7 @@ TEST(CurveSampler, IndefiniteStretchesGetEdgesAndSpans) {
 
     SampledGraph upTo("Sqr(-x)", -1.0, 1.0);
     const auto after = indicesWhere(upTo.graph.main, indefinite);
-    ASSERT_GT(after.size(), 0u);
-    ASSERT_GT(after[0], 0);
+    ASSERT_TRUE(!after.empty() && after[0] > 0);
     const double edge = upTo.graph.main.points[after[0] - 1].x;
     EXPECT_TRUE(edge <= 0.0 && edge > -1e-12) << edge;
     EXPECT_EQ(upTo.span(), std::make_pair(-1.0, edge));
@@ -240,8 +236,8 @@ TEST(CurveSampler, DerivativeHasOneRecordFewer) {
     for (int i = 0; i < d.pointCount; i += 997) {
         EXPECT_NEAR(d.points[i].y, 2 * d.points[i].x, 1e-4);
     }
-    EXPECT_NEAR(d.yMin, -4.0, 1e-3);
-    EXPECT_NEAR(d.yMax, 4.0, 1e-3);
+    EXPECT_TRUE(std::fabs(d.yMin + 4) < 1e-3 && std::fabs(d.yMax - 4) < 1e-3)
+        << d.yMin << " " << d.yMax;
 }
 
 }  // namespace

@@ -37,10 +37,8 @@ TEST(GridSteps, ChooserTakesTheFirstCandidateOfTheZoomedLists) {
     GraphView view = testView();  // 40 pixels per unit, so 60 pixels are 3 units at base scale 20
     view.xZoom = 2.0;             // ... and 1.5 units on the zoomed x axis: halfway between 1 and 2
     resetGridSteps(view);
-    EXPECT_EQ(view.gridStepX, 1.0);
-    EXPECT_EQ(view.gridStepY, 2.0);
-    const auto& xs = view.stepCandidates[kStepX];
-    EXPECT_EQ(xs, (std::vector<double>{2.0, 5.0, 10.0}));
+    EXPECT_EQ(std::pair(view.gridStepX, view.gridStepY), std::pair(1.0, 2.0));
+    EXPECT_EQ(view.stepCandidates[kStepX], (std::vector<double>{2.0, 5.0, 10.0}));
     EXPECT_EQ(view.stepCandidates[kStepZoomedX].front(), 1.0);
     EXPECT_NEAR(view.stepCandidates[kStepX + 1].front(), kPi, 1e-15);
 

@@ -101,9 +101,8 @@ class EquationToolsTest : public QObject {
         ModalAnswer warning;
         control<QCheckBox>(panel, equation_information_ids::kPiUnits)->setChecked(true);
         QVERIFY(warning.seen);
-        QCOMPARE(warning.caption, u"WARNING"_s);
         QCOMPARE(warning.text, u"NOT ALL VALUES CAN BE DISPLAYED"_s);
-        QCOMPARE(warning.icon, QMessageBox::Warning);
+        QVERIFY(warning.caption == u"WARNING"_s && warning.icon == QMessageBox::Warning);
         QCOMPARE(list->count(), 1);
         QVERIFY(list->item(0)->text().startsWith(u"pi*"_s));
     }
