@@ -126,12 +126,8 @@ class TwoDGraphDialogTest : public QObject {
     void acceptedEntryIsSampledRangedAndRecorded() {
         auto dialog = makeDialog();
         std::vector<std::string> recorded;
-        dialog->setHistoryHooks(
-            {[&](const std::string& f, const std::string& b, const std::string& e) {
-                 recorded = {f, b, e};
-             },
-             [] {},
-             {}});
+        const auto record = [&](auto& f, auto& b, auto& e) { recorded = {f, b, e}; };
+        dialog->setHistoryHooks({record, [] {}, {}});
         QVERIFY(control(*dialog, 1063)->isEnabled());
         setViewSize(view, 800, 600);
         graph.derivative.points.resize(4);
