@@ -268,8 +268,7 @@ TEST(ScrollBars, OffsetsStayWithinTheEnlargedGraph) {
     EXPECT_FALSE(horizontalScrollBar(view, true).enabled);
     zoomIn(view, ZoomAxis::kX);  // 800 wide in a 400-pixel area, scrolled to the middle
     const ScrollBarState bar = horizontalScrollBar(view, true);
-    EXPECT_TRUE(bar.enabled);
-    EXPECT_FALSE(horizontalScrollBar(view, false).enabled);
+    EXPECT_TRUE(bar.enabled && !horizontalScrollBar(view, false).enabled);
     EXPECT_EQ(std::tuple(bar.maximum, bar.page, bar.position), std::tuple(800, 400, 200));
     EXPECT_EQ(verticalScrollBar(view, true).maximum, 300);
 
