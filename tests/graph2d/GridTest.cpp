@@ -47,16 +47,15 @@ TEST(GridSteps, ChooserTakesTheFirstCandidateOfTheZoomedLists) {
     EXPECT_NEAR(view.gridStepY, kPi, 1e-15);
 }
 
-TEST(GridLayout, OriginUsesTheWholePartRule) {
+// The first line follows the whole-part rule; the walk from it ends when the step is below the
+// resolution.
+TEST(GridLayout, OriginAndWalk) {
     const std::pair<double, double> cases[] = {{5.5, 5.0},   {5.0, 4.0}, {-5.5, -5.0},
                                                {-5.0, -4.0}, {0.7, 0.0}, {-0.7, 0.0}};
     for (const auto& [begin, origin] : cases) {
         EXPECT_EQ(gridOrigin(begin, 1.0), origin) << begin;
     }
     EXPECT_EQ(gridOrigin(-10.0, 2.0), -8.0);
-}
-
-TEST(GridLayout, WalkEndsWhenTheStepIsBelowTheResolution) {
     EXPECT_EQ(gridWalk(1e20, 1.0, 1e20, 1e20 + 1e6).size(), 1u);
     EXPECT_TRUE(gridWalk(0.0, 0.0, 0.0, 1.0).empty());
     EXPECT_TRUE(gridWalk(0.0, NAN, 0.0, 1.0).empty());

@@ -298,7 +298,7 @@ TEST(CurveHit, NearestCurveWithinFivePixels) {
     EXPECT_EQ(curveUnderMouse(graph, view, 145, 130).name, "");
 }
 
-TEST(ViewYRange, TallRangesAreCutAroundTheAxis) {
+TEST(ViewYRange, TallRangesAreCutAroundTheAxisAndEveryCurveWidensIt) {
     // X range 20 and ratio 10: at most 200 high, h = 100.
     // Rows: stays, shoots up, shoots down / wholly high, wholly low, both ways / exactly R high,
     // high end exactly h.
@@ -311,9 +311,7 @@ TEST(ViewYRange, TallRangesAreCutAroundTheAxis) {
         const YRange r = clampYRange(extent, -10.0, 10.0, 10);
         EXPECT_EQ(std::pair(r.begin, r.end), std::pair(expected.begin, expected.end));
     }
-}
-
-TEST(ViewYRange, EveryExistingCurveWidensTheRange) {
+    // Every existing curve widens the range.
     TwoDGraph graph;
     graph.xBegin = 0.0;
     graph.xEnd = 10.0;
