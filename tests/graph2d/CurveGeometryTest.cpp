@@ -24,7 +24,7 @@ std::vector<std::vector<PixelPoint>> runsOf(const GraphView& view,
     return out;
 }
 
-TEST(CurveRuns, MapsPointsAndBreaksWhereTheCurveMustNotBeJoined) {
+TEST(CurveRuns, MapsPointsBreaksWhereTheCurveMustNotBeJoinedAndClampsFarValues) {
     // x = 0 is column 65; y runs from row 40 (3.75) to row 340 (-3.75).
     const GraphView view = testView();
 
@@ -57,10 +57,7 @@ TEST(CurveRuns, MapsPointsAndBreaksWhereTheCurveMustNotBeJoined) {
         SCOPED_TRACE(c.name);
         EXPECT_EQ(runsOf(view, c.points), c.runs);
     }
-}
-
-TEST(CurveRuns, FarValuesAreClampedAndNeverOverflow) {
-    const GraphView view = testView();
+    // Far values are clamped and never overflow.
     const auto runs = runsOf(view, {point(1, 0), point(2, 1e300), point(3, -INFINITY),
                                     point(4, NAN), point(5, 0), point(6, 1)});
     for (const auto& run : runs) {
@@ -104,7 +101,7 @@ TEST(CurveRuns, VisibleStretchReachesOneRecordBeyondEachEdge) {
     EXPECT_EQ(visibleStretch(view, points.data(), 0).second, -1);
 }
 
-TEST(AreaPolygons, SplitAtTheAxisCrossingAndBoundedByThePlottingRows) {
+TEST(AreaPolygons, SplitAtTheAxisBoundedByThePlottingRowsAndRestartedWhenLong) {
     const GraphView view = testView();
     const auto rising = line(10, 0.5, 9.5, [](int i) { return i - 4.5; });
     const auto polygons = buildAreaPolygons(view, rising.data(), 10, 0, 9);
@@ -120,22 +117,20 @@ TEST(AreaPolygons, SplitAtTheAxisCrossingAndBoundedByThePlottingRows) {
     const auto bounded = buildAreaPolygons(view, tall.data(), 3, 0, 2);
     ASSERT_EQ(bounded.size(), 1u);
     EXPECT_EQ(bounded[0].points[2], (PixelPoint{145, 40}));
-}
 
-TEST(AreaPolygons, LongAreasRestartAndOutsideColumnsAreLeftOut) {
-    const GraphView view = testView();
+    // Long areas restart, and columns outside the plotting area are left out.
     const auto wave = line(2001, -2, 12, [](int) { return 2; });
-    const auto polygons = buildAreaPolygons(view, wave.data(), 2001, 0, 2000);
-    ASSERT_GT(polygons.size(), 1u);
-    for (const AreaPolygon& polygon : polygons) {
+    const auto pieces = buildAreaPolygons(view, wave.data(), 2001, 0, 2000);
+    ASSERT_GT(pieces.size(), 1u);
+    for (const AreaPolygon& polygon : pieces) {
         EXPECT_LE(polygon.points.size(), static_cast<std::size_t>(kMaxAreaPolygonPoints));
         EXPECT_TRUE(polygon.aboveAxis);
         for (const PixelPoint& p : polygon.points) {
             EXPECT_TRUE(p.x >= 65 && p.x <= 465) << p.x;
         }
     }
-    EXPECT_EQ(polygons.front().points.front().x, 65);
-    EXPECT_GE(polygons.back().points.back().x, 464);
+    EXPECT_EQ(pieces.front().points.front().x, 65);
+    EXPECT_GE(pieces.back().points.back().x, 464);
 }
 
 // One record per character at x = its position: '.' defined, 'I' indefinite.
