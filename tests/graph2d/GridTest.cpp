@@ -15,7 +15,7 @@
 namespace curvemill {
 namespace {
 
-TEST(GridSteps, CandidateChainKeepsTheEarlierStepOnATie) {
+TEST(GridSteps, CandidateChainKeepsTheEarlierStepOnATieAndTheZoomedListsComeFirst) {
     const struct {
         double raw;
         double unit;
@@ -31,9 +31,7 @@ TEST(GridSteps, CandidateChainKeepsTheEarlierStepOnATie) {
         SCOPED_TRACE(c.raw);
         EXPECT_DOUBLE_EQ(tidyStep(c.raw, c.unit), c.step);
     }
-}
-
-TEST(GridSteps, ChooserTakesTheFirstCandidateOfTheZoomedLists) {
+    // The chooser takes the first candidate of the zoomed lists.
     GraphView view = testView();  // 40 pixels per unit, so 60 pixels are 3 units at base scale 20
     view.xZoom = 2.0;             // ... and 1.5 units on the zoomed x axis: halfway between 1 and 2
     resetGridSteps(view);
