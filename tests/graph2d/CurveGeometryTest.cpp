@@ -24,7 +24,7 @@ std::vector<std::vector<PixelPoint>> runsOf(const GraphView& view,
     return out;
 }
 
-TEST(CurveRuns, MapsPointsAndBreaksWhereTheCurveMustNotBeJoined) {
+TEST(CurveRuns, MapsPointsBreaksWhereTheCurveMustNotBeJoinedAndClampsFarValues) {
     // x = 0 is column 65; y runs from row 40 (3.75) to row 340 (-3.75).
     const GraphView view = testView();
 
@@ -57,10 +57,7 @@ TEST(CurveRuns, MapsPointsAndBreaksWhereTheCurveMustNotBeJoined) {
         SCOPED_TRACE(c.name);
         EXPECT_EQ(runsOf(view, c.points), c.runs);
     }
-}
-
-TEST(CurveRuns, FarValuesAreClampedAndNeverOverflow) {
-    const GraphView view = testView();
+    // Far values are clamped and never overflow.
     const auto runs = runsOf(view, {point(1, 0), point(2, 1e300), point(3, -INFINITY),
                                     point(4, NAN), point(5, 0), point(6, 1)});
     for (const auto& run : runs) {
@@ -104,14 +101,13 @@ TEST(CurveRuns, VisibleStretchReachesOneRecordBeyondEachEdge) {
     EXPECT_EQ(visibleStretch(view, points.data(), 0).second, -1);
 }
 
-TEST(AreaPolygons, SplitAtTheAxisCrossingAndBoundedByThePlottingRows) {
+TEST(AreaPolygons, SplitAtTheAxisBoundedByThePlottingRowsAndRestartedWhenLong) {
     const GraphView view = testView();
     const auto rising = line(10, 0.5, 9.5, [](int i) { return i - 4.5; });
     const auto polygons = buildAreaPolygons(view, rising.data(), 10, 0, 9);
     ASSERT_EQ(polygons.size(), 2u);
     const PixelPoint crossing{265, 190};  // x = 5 on the axis row
-    EXPECT_FALSE(polygons[0].aboveAxis);
-    EXPECT_TRUE(polygons[1].aboveAxis);
+    EXPECT_EQ(std::pair(polygons[0].aboveAxis, polygons[1].aboveAxis), std::pair(false, true));
     EXPECT_EQ(polygons[0].points.back(), crossing);
     EXPECT_EQ(polygons[1].points.front(), crossing);
     EXPECT_EQ(polygons[0].points.front(), (PixelPoint{85, 190}));
@@ -121,22 +117,20 @@ TEST(AreaPolygons, SplitAtTheAxisCrossingAndBoundedByThePlottingRows) {
     const auto bounded = buildAreaPolygons(view, tall.data(), 3, 0, 2);
     ASSERT_EQ(bounded.size(), 1u);
     EXPECT_EQ(bounded[0].points[2], (PixelPoint{145, 40}));
-}
 
-TEST(AreaPolygons, LongAreasRestartAndOutsideColumnsAreLeftOut) {
-    const GraphView view = testView();
+    // Long areas restart, and columns outside the plotting area are left out.
     const auto wave = line(2001, -2, 12, [](int) { return 2; });
-    const auto polygons = buildAreaPolygons(view, wave.data(), 2001, 0, 2000);
-    ASSERT_GT(polygons.size(), 1u);
-    for (const AreaPolygon& polygon : polygons) {
+    const auto pieces = buildAreaPolygons(view, wave.data(), 2001, 0, 2000);
+    ASSERT_GT(pieces.size(), 1u);
+    for (const AreaPolygon& polygon : pieces) {
         EXPECT_LE(polygon.points.size(), static_cast<std::size_t>(kMaxAreaPolygonPoints));
         EXPECT_TRUE(polygon.aboveAxis);
         for (const PixelPoint& p : polygon.points) {
             EXPECT_TRUE(p.x >= 65 && p.x <= 465) << p.x;
         }
     }
-    EXPECT_EQ(polygons.front().points.front().x, 65);
-    EXPECT_GE(polygons.back().points.back().x, 464);
+    EXPECT_EQ(pieces.front().points.front().x, 65);
+    EXPECT_GE(pieces.back().points.back().x, 464);
 }
 
 // One record per character at x = its position: '.' defined, 'I' indefinite.
@@ -159,16 +153,13 @@ TEST(IndefiniteStretches, ReachFromEdgeToEdgeOrToTheRangesEnds) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.pattern);
-        const std::vector<XStretch> found = indefiniteStretches(patternCurve(c.pattern), -1, 9);
-        ASSERT_EQ(found.size(), c.stretches.size());
-        for (std::size_t i = 0; i < found.size(); ++i) {
-            EXPECT_EQ(found[i].begin, c.stretches[i].first);
-            EXPECT_EQ(found[i].end, c.stretches[i].second);
+        std::vector<std::pair<double, double>> found;
+        for (const XStretch& s : indefiniteStretches(patternCurve(c.pattern), -1, 9)) {
+            found.emplace_back(s.begin, s.end);
         }
+        EXPECT_EQ(found, c.stretches);
     }
-}
-
-TEST(IndefiniteStretches, ACountBeyondTheRecordsIsNotRead) {
+    // A count beyond the records is not read.
     Curve curve = patternCurve(".I");
     curve.pointCount = 50;
     const std::vector<XStretch> found = indefiniteStretches(curve, 0, 9);

@@ -4,6 +4,7 @@
 #include <QPainter>
 
 #include <functional>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -24,9 +25,7 @@ class GraphPainterTest : public ::testing::Test {
         static int argc = 1;
         static char name[] = "graph2d_painter_test";
         static char* argv[] = {name, nullptr};
-        if (QGuiApplication::instance() == nullptr) {
-            static QGuiApplication app(argc, argv);
-        }
+        static QGuiApplication app(argc, argv);
     }
 
     // Draws `graph` unsmoothed and without a grid, unless `adjust` says otherwise, into a 530 x
@@ -114,10 +113,10 @@ TEST_F(GraphPainterTest, AreaAcrossTheAxisIsPaintedInBothColours) {
     graph.areaText = std::string("S(0, 10) = 0");
     const QImage image = render(graph, 1.0, [](GraphView& view) { view.areaPainted = true; });
     // Left of x = 5 the area lies below the axis (row 190), right of it above.
-    EXPECT_EQ(image.pixelColor(view_.toPixelX(3), 200), graph_colors::kAreaBelow);
-    EXPECT_EQ(image.pixelColor(view_.toPixelX(7), 180), graph_colors::kAreaAbove);
-    EXPECT_EQ(image.pixelColor(view_.toPixelX(3), 180), QColor(Qt::white));
-    EXPECT_EQ(image.pixelColor(view_.toPixelX(7), 200), QColor(Qt::white));
+    const auto at = [&](double x, int row) { return image.pixelColor(view_.toPixelX(x), row); };
+    const QColor white(Qt::white);
+    EXPECT_EQ(std::tuple(at(3, 200), at(7, 180), at(3, 180), at(7, 200)),
+              std::tuple(graph_colors::kAreaBelow, graph_colors::kAreaAbove, white, white));
     const int crossing = static_cast<int>(view_.toPixelX(5));
     EXPECT_EQ(countColour(image, graph_colors::kAreaBelow, QRect(crossing + 2, 40, 200, 300)), 0);
     EXPECT_EQ(countColour(image, graph_colors::kAreaAbove, QRect(65, 40, crossing - 67, 300)), 0);
@@ -166,8 +165,7 @@ TEST_F(GraphPainterTest, DenseTargetsAreDrawnInTheirOwnPixels) {
 // and the widths of Courier New.
 TEST_F(GraphPainterTest, LabelFontsScaleWithThePictureAndHaveCourierWidths) {
     const TwoDGraph graph;
-    GraphPainter once;
-    GraphPainter twice;
+    GraphPainter once, twice;
     for (auto [painter, ratio] : {std::pair{&once, 1.0}, std::pair{&twice, 2.0}}) {
         QImage image(530 * ratio, 380 * ratio, QImage::Format_RGB32);
         image.setDevicePixelRatio(ratio);
@@ -195,8 +193,7 @@ TEST_F(GraphPainterTest, CurveAlongAnAxisStaysInSight) {
 // Where curves overlap, the last letter of the display order is on top.
 TEST_F(GraphPainterTest, EveryCurveInItsColourOverTheGridInTheDisplayOrder) {
     TwoDGraph graph;
-    graph.xBegin = 0;
-    graph.xEnd = 10;
+    std::tie(graph.xBegin, graph.xEnd) = std::pair(0.0, 10.0);
     Formula formula;
     ASSERT_TRUE(prepareFormula(formula, "x^2/20", 'f'));
     setCurve(graph.main, line(11, 0, 10, [](int i) { return i * i / 20.0; }));

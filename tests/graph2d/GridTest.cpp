@@ -15,7 +15,7 @@
 namespace curvemill {
 namespace {
 
-TEST(GridSteps, CandidateChainKeepsTheEarlierStepOnATie) {
+TEST(GridSteps, CandidateChainKeepsTheEarlierStepOnATieAndTheZoomedListsComeFirst) {
     const struct {
         double raw;
         double unit;
@@ -31,16 +31,12 @@ TEST(GridSteps, CandidateChainKeepsTheEarlierStepOnATie) {
         SCOPED_TRACE(c.raw);
         EXPECT_DOUBLE_EQ(tidyStep(c.raw, c.unit), c.step);
     }
-}
-
-TEST(GridSteps, ChooserTakesTheFirstCandidateOfTheZoomedLists) {
+    // The chooser takes the first candidate of the zoomed lists.
     GraphView view = testView();  // 40 pixels per unit, so 60 pixels are 3 units at base scale 20
     view.xZoom = 2.0;             // ... and 1.5 units on the zoomed x axis: halfway between 1 and 2
     resetGridSteps(view);
-    EXPECT_EQ(view.gridStepX, 1.0);
-    EXPECT_EQ(view.gridStepY, 2.0);
-    const auto& xs = view.stepCandidates[kStepX];
-    EXPECT_EQ(xs, (std::vector<double>{2.0, 5.0, 10.0}));
+    EXPECT_EQ(std::pair(view.gridStepX, view.gridStepY), std::pair(1.0, 2.0));
+    EXPECT_EQ(view.stepCandidates[kStepX], (std::vector<double>{2.0, 5.0, 10.0}));
     EXPECT_EQ(view.stepCandidates[kStepZoomedX].front(), 1.0);
     EXPECT_NEAR(view.stepCandidates[kStepX + 1].front(), kPi, 1e-15);
 
@@ -49,16 +45,15 @@ TEST(GridSteps, ChooserTakesTheFirstCandidateOfTheZoomedLists) {
     EXPECT_NEAR(view.gridStepY, kPi, 1e-15);
 }
 
-TEST(GridLayout, OriginUsesTheWholePartRule) {
+// The first line follows the whole-part rule; the walk from it ends when the step is below the
+// resolution.
+TEST(GridLayout, OriginAndWalk) {
     const std::pair<double, double> cases[] = {{5.5, 5.0},   {5.0, 4.0}, {-5.5, -5.0},
                                                {-5.0, -4.0}, {0.7, 0.0}, {-0.7, 0.0}};
     for (const auto& [begin, origin] : cases) {
         EXPECT_EQ(gridOrigin(begin, 1.0), origin) << begin;
     }
     EXPECT_EQ(gridOrigin(-10.0, 2.0), -8.0);
-}
-
-TEST(GridLayout, WalkEndsWhenTheStepIsBelowTheResolution) {
     EXPECT_EQ(gridWalk(1e20, 1.0, 1e20, 1e20 + 1e6).size(), 1u);
     EXPECT_TRUE(gridWalk(0.0, 0.0, 0.0, 1.0).empty());
     EXPECT_TRUE(gridWalk(0.0, NAN, 0.0, 1.0).empty());

@@ -1,7 +1,9 @@
 #include <string>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
+#include "engine/DisplayFormat.h"
 #include "engine/Formula.h"
 #include "twovar/TwoVariableEntries.h"
 
@@ -30,22 +32,19 @@ TEST(TwoVariableEntries, TheFirstFailureInTheWindowsOrder) {
         {{"-1", "pi", "-2", "1/2", ok}, nullptr, B::kXBegin, true},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.texts.xBegin + " | " + c.texts.xEnd + " | " + c.texts.yBegin + " | " +
-                     c.texts.yEnd + " | " + c.texts.formula);
+        SCOPED_TRACE(c.texts.xBegin + " " + c.texts.yEnd + " " + c.texts.formula);
         Formula formula;
         const TwoVariableEntries entries = checkTwoVariableEntries(formula, c.texts);
         if (c.message == nullptr) {
             ASSERT_FALSE(entries.refusal);
-            EXPECT_EQ(entries.xBegin, -1.0);
-            EXPECT_NEAR(entries.xEnd, 3.14159265358979, 1e-12);
-            EXPECT_EQ(entries.yBegin, -2.0);
-            EXPECT_EQ(entries.yEnd, 0.5);
+            EXPECT_EQ(std::tuple(entries.xBegin, entries.xEnd, entries.yBegin, entries.yEnd),
+                      std::tuple(-1.0, kPi, -2.0, 0.5));
             continue;
         }
         ASSERT_TRUE(entries.refusal);
         EXPECT_EQ(entries.refusal->message.rfind(c.message, 0), 0u) << entries.refusal->message;
-        EXPECT_EQ(entries.refusal->box, c.box);
-        EXPECT_EQ(entries.refusal->explained, c.explained);
+        EXPECT_EQ(std::pair(entries.refusal->box, entries.refusal->explained),
+                  std::pair(c.box, c.explained));
     }
 }
 

@@ -81,17 +81,17 @@ class EquationToolsTest : public QObject {
         panel.show();
         auto* list = control<QListWidget>(panel, equation_information_ids::kList);
         ModalAnswer refusal;
-        retype(panel, equation_information_ids::kXForY, u"-7"_s);
-        QTest::mouseClick(control<QPushButton>(panel, equation_information_ids::kFindY),
-                          Qt::LeftButton);
+        const auto ask = [&panel](int box, const QString& value, int button) {
+            retype(panel, box, value);
+            QTest::mouseClick(control<QPushButton>(panel, button), Qt::LeftButton);
+        };
+        ask(equation_information_ids::kXForY, u"-7"_s, equation_information_ids::kFindY);
         QVERIFY(refusal.seen);
         QCOMPARE(refusal.text, u"X IS OUTSIDE THE RANGE OF FUNCTION"_s);
         QVERIFY(!panel.isRunning());
 
         QSignalSpy finished(&panel, &EquationInformationPanel::scanFinished);
-        retype(panel, equation_information_ids::kYForX, u"4"_s);
-        QTest::mouseClick(control<QPushButton>(panel, equation_information_ids::kFindX),
-                          Qt::LeftButton);
+        ask(equation_information_ids::kYForX, u"4"_s, equation_information_ids::kFindX);
         QVERIFY(finished.wait(10000));
         QVERIFY(list->count() >= 2);  // x = -2 and 2; where they lie is the root scan's
         QCOMPARE(list->currentRow(), 0);
@@ -101,9 +101,8 @@ class EquationToolsTest : public QObject {
         ModalAnswer warning;
         control<QCheckBox>(panel, equation_information_ids::kPiUnits)->setChecked(true);
         QVERIFY(warning.seen);
-        QCOMPARE(warning.caption, u"WARNING"_s);
         QCOMPARE(warning.text, u"NOT ALL VALUES CAN BE DISPLAYED"_s);
-        QCOMPARE(warning.icon, QMessageBox::Warning);
+        QVERIFY(warning.caption == u"WARNING"_s && warning.icon == QMessageBox::Warning);
         QCOMPARE(list->count(), 1);
         QVERIFY(list->item(0)->text().startsWith(u"pi*"_s));
     }

@@ -20,12 +20,10 @@ class TwoDCustomizationDialogTest : public QObject {
     // A main curve over x 0..20 whose y runs yMin..yMax.
     static TwoDGraph graphOf(double yMin, double yMax) {
         TwoDGraph graph;
-        graph.xBegin = 0;
-        graph.xEnd = 20;
+        std::tie(graph.xBegin, graph.xEnd, graph.main.yMin, graph.main.yMax) =
+            std::tuple(0.0, 20.0, yMin, yMax);
         graph.main.points.resize(2);
         graph.main.pointCount = 2;
-        graph.main.yMin = yMin;
-        graph.main.yMax = yMax;
         return graph;
     }
 
@@ -48,22 +46,17 @@ class TwoDCustomizationDialogTest : public QObject {
             settings.maxYRatio = ratio;
             TwoDCustomizationDialog dialog(graph, settings, false);
             auto* spin = control<QSpinBox>(dialog, ids::kRatioSpin);
-            QCOMPARE(spin->minimum(), 1);
-            QCOMPARE(spin->maximum(), top);
-            QCOMPARE(spin->isEnabled(), top > 1);
-            QCOMPARE(spin->value(), std::min(ratio, top));
-            QCOMPARE(dialog.openingRatio(), std::min(ratio, top));
+            const int opening = std::min(ratio, top);
+            QCOMPARE((QList<int>{spin->minimum(), spin->maximum(), spin->isEnabled(), spin->value(),
+                                 dialog.openingRatio()}),
+                     (QList<int>{1, top, top > 1, opening, opening}));
             QCOMPARE(control<QLabel>(dialog, ids::kXRangeLabel)->text(), u"X Range: 0 to 20"_s);
             QCOMPARE(control<QLabel>(dialog, ids::kYRangeLabel)->text(), yRange);
         }
-    }
-
-    void spinRewritesTheYRangeAtOnce() {
+        // The spin rewrites the Y range at once.
         const TwoDGraph graph = graphOf(0, 1000);
         TwoDCustomizationDialog dialog(graph, TwoDSettings{}, false);
-        auto* spin = control<QSpinBox>(dialog, ids::kRatioSpin);
-        QCOMPARE(spin->maximum(), 20);
-        spin->setValue(3);
+        control<QSpinBox>(dialog, ids::kRatioSpin)->setValue(3);
         QCOMPARE(control<QLabel>(dialog, ids::kYRangeLabel)->text(), u"Y Range: 0 to 60"_s);
         QCOMPARE(dialog.settings().maxYRatio, 3);
         QCOMPARE(dialog.openingRatio(), 10);
@@ -99,17 +92,15 @@ class TwoDCustomizationDialogTest : public QObject {
         settings.selectArea = true;
         settings.tooltips = false;
         TwoDCustomizationDialog dialog(graph, settings, true);
-        QVERIFY(control<QRadioButton>(dialog, ids::kSelectArea)->isChecked());
-        QVERIFY(!control<QCheckBox>(dialog, ids::kDisplayTooltips)->isChecked());
-        QVERIFY(control<QCheckBox>(dialog, ids::kDisplayToolbar)->isChecked());
+        QVERIFY(control<QRadioButton>(dialog, ids::kSelectArea)->isChecked() &&
+                !control<QCheckBox>(dialog, ids::kDisplayTooltips)->isChecked() &&
+                control<QCheckBox>(dialog, ids::kDisplayToolbar)->isChecked());
         // An equation is shown: its points are not sampled in drawing steps.
         QVERIFY(!control<QCheckBox>(dialog, ids::kOptimizeDrawing)->isEnabled());
         control<QRadioButton>(dialog, ids::kMoveScreen)->click();
         control<QCheckBox>(dialog, ids::kDisplayToolbar)->click();
         const TwoDSettings chosen = dialog.settings();
-        QVERIFY(!chosen.selectArea);
-        QVERIFY(!chosen.toolbar);
-        QVERIFY(chosen.optimizeDrawing);
+        QVERIFY(!chosen.selectArea && !chosen.toolbar && chosen.optimizeDrawing);
         QCOMPARE(control<QPushButton>(dialog, 1)->text(), u"O&K"_s);
     }
 };

@@ -46,10 +46,11 @@ class TwoVariableWindowTest : public QObject {
         [[maybe_unused]] const bool active = QTest::qWaitForWindowActive(window.get());
         return window;
     }
-    static void fill(TwoVariableWindow& window, const QStringList& texts) {
+    // The five boxes in their order: X begin, X end, Y begin, Y end, formula.
+    static void fill(TwoVariableWindow& window, const QString& texts) {
         const int order[] = {ids::kXBegin, ids::kXEnd, ids::kYBegin, ids::kYEnd, ids::kFormula};
         for (int i = 0; i < 5; ++i) {
-            retype(window, order[i], texts[i]);
+            retype(window, order[i], texts.section(u' ', i, i));
         }
     }
     static void pressOk(TwoVariableWindow& window) {
@@ -79,10 +80,10 @@ class TwoVariableWindowTest : public QObject {
         QCOMPARE(control<QSpinBox>(*window, ids::kPrecisionSpin)->maximum(), 15);
         QCOMPARE(control<QLabel>(*window, ids::kYPointsLabel)->text(), u"Number of Points: 500"_s);
         QCOMPARE(control<QLabel>(*window, ids::kPrecisionLabel)->text(), u"Precision: 1e-5"_s);
-        QVERIFY(!control(*window, ids::kPrecisionSpin)->isHidden());
-        QVERIFY(control(*window, ids::kHistory)->isEnabled());
-        QVERIFY(!control(*window, ids::kStop)->isEnabled());
-        QVERIFY(control(*window, ids::kProgress)->isHidden());
+        QVERIFY(!control(*window, ids::kPrecisionSpin)->isHidden() &&
+                control(*window, ids::kHistory)->isEnabled());
+        QVERIFY(!control(*window, ids::kStop)->isEnabled() &&
+                control(*window, ids::kProgress)->isHidden());
         for (int id : {ids::kXBegin, ids::kXEnd, ids::kYBegin, ids::kYEnd, ids::kFormula}) {
             QCOMPARE(control<QLineEdit>(*window, id)->maxLength(), 99);
         }
@@ -92,15 +93,14 @@ class TwoVariableWindowTest : public QObject {
         retype(*window, ids::kPrecisionEdit, u"9"_s);
         QCOMPARE(control<QLabel>(*window, ids::kXPointsLabel)->text(), u"Number of Points: 1200"_s);
         QCOMPARE(control<QLabel>(*window, ids::kPrecisionLabel)->text(), u"Precision: 1e-9"_s);
-        QCOMPARE(settings.equationXPoints, 1200);
-        QCOMPARE(settings.precisionDigits, 9);
-        QCOMPARE(settings.surfaceXPoints, 100);
+        QVERIFY(std::tuple(settings.equationXPoints, settings.precisionDigits,
+                           settings.surfaceXPoints) == std::tuple(1200, 9, 100));
     }
 
     // Which refusal comes first is the core's table; one refusal shows the window's wiring.
     void okShowsTheFirstFailureAndSelectsItsBox() {
         auto window = makeWindow(TwoVariableMode::kEquation);
-        fill(*window, {u"-1"_s, u"1"_s, u"2"_s, u"1"_s, u"z+"_s});
+        fill(*window, u"-1 1 2 1 z+"_s);
         ModalAnswer answer;
         QLineEdit* box = control<QLineEdit>(*window, ids::kYEnd);
         pressOk(*window);
@@ -108,14 +108,13 @@ class TwoVariableWindowTest : public QObject {
         QCOMPARE(answer.icon, QMessageBox::Critical);
         QCOMPARE(answer.text, u"Y BEG MUST BE LESS THAN Y END"_s);
         QCOMPARE(window->focusWidget(), box);
-        QVERIFY(!window->isRunning() && history.entries.empty());
-        QCOMPARE(settings.kind, '\0');
+        QVERIFY(!window->isRunning() && history.entries.empty() && settings.kind == '\0');
     }
 
     // "Log Base" comes up before the formula is checked, so even a bad formula asks for the base.
     void logBaseComesBeforeTheCheck() {
         auto window = makeWindow(TwoVariableMode::kEquation);
-        fill(*window, {u"1"_s, u"2"_s, u"1"_s, u"2"_s, u"log(x+*y"_s});
+        fill(*window, u"1 2 1 2 log(x+*y"_s);
         QStringList order;
         std::unique_ptr<ModalAnswer> answer;
         ModalAction<LogBaseDialog> logBase([&](LogBaseDialog* dialog) {
@@ -131,12 +130,11 @@ class TwoVariableWindowTest : public QObject {
 
     void historyListFillsTheEdits() {
         auto window = makeWindow(TwoVariableMode::kEquation);
-        fill(*window, {u"-3"_s, u"3"_s, u"-2"_s, u"2"_s, u"x*y-1"_s});
+        fill(*window, u"-3 3 -2 2 x*y-1"_s);
         QTest::mouseClick(control<QPushButton>(*window, ids::kHistory), Qt::LeftButton);
         QVERIFY(history.client.currentInput && history.client.select);
         const TypedEntry input = history.client.currentInput();
-        QCOMPARE(input.yBegin, std::string("-2"));
-        QCOMPARE(input.section, 'n');
+        QVERIFY(input.yBegin == "-2" && input.section == 'n');
         history.client.select(TypedEntry{"sin(x)-cos(y)", "-pi", "pi", "-5", "5", 'n'});
         QCOMPARE(control<QLineEdit>(*window, ids::kFormula)->text(), u"sin(x)-cos(y)"_s);
         QCOMPARE(control<QLineEdit>(*window, ids::kXBegin)->text(), u"-pi"_s);
@@ -149,13 +147,12 @@ class TwoVariableWindowTest : public QObject {
     void completedRunShowsTheCurve() {
         auto window = makeWindow(TwoVariableMode::kEquation);
         retype(*window, ids::kXPointsEdit, u"2"_s);
-        fill(*window, {u"-2"_s, u"2"_s, u"-2"_s, u"2"_s, u"x^2+y^2-1"_s});
+        fill(*window, u"-2 2 -2 2 x^2+y^2-1"_s);
         QSignalSpy shown(window.get(), &TwoVariableWindow::computationShown);
         pressOk(*window);
         QTRY_COMPARE(shown.size(), 1);
         QCOMPARE(window->result(), int(QDialog::Accepted));
-        QVERIFY(curve.shown && curve.count() > 100);
-        QCOMPARE(curve.grid.xSteps, 200);
+        QVERIFY(curve.shown && curve.count() > 100 && curve.grid.xSteps == 200);
         QCOMPARE(curve.formulaText, std::string("x^2+y^2-1"));
         QCOMPARE(history.entries.size(), size_t(1));
         QVERIFY(history.entries[0].yEnd == "2" && history.entries[0].section == 'n');
@@ -171,8 +168,7 @@ class TwoVariableWindowTest : public QObject {
         auto window = makeWindow(TwoVariableMode::kEquation);
         retype(*window, ids::kXPointsEdit, u"20"_s);
         retype(*window, ids::kYPointsEdit, u"20"_s);
-        fill(*window, {u"-9"_s, u"9"_s, u"-9"_s, u"9"_s,
-                       u"sin(x*y)^3+cos(x+y)^5-atan(x-y)*ln(2+x^2)-0.3"_s});
+        fill(*window, u"-9 9 -9 9 sin(x*y)^3+cos(x+y)^5-atan(x-y)*ln(2+x^2)-0.3"_s);
         QSignalSpy repaint(window.get(), &TwoVariableWindow::repaintRequested);
         pressOk(*window);
         QVERIFY(window->isRunning() && !control(*window, ids::kProgress)->isHidden());
@@ -193,14 +189,12 @@ class TwoVariableWindowTest : public QObject {
 
     void surfaceWithoutComputationIsCheckedAndRecorded() {
         auto window = makeWindow(TwoVariableMode::kSurface);
-        fill(*window, {u"-2"_s, u"2"_s, u"-2"_s, u"2"_s, u"sin(x)*cos(y)"_s});
+        fill(*window, u"-2 2 -2 2 sin(x)*cos(y)"_s);
         QSignalSpy status(window.get(), &TwoVariableWindow::statusMessage);
         pressOk(*window);
         QCOMPARE(status.size(), 1);
-        QCOMPARE(history.entries.size(), size_t(1));
-        QCOMPARE(history.entries[0].section, 'y');
-        QVERIFY(window->isVisible());
-        QVERIFY(control(*window, ids::kOk)->isEnabled());
+        QVERIFY(history.entries.size() == 1 && history.entries[0].section == 'y');
+        QVERIFY(window->isVisible() && control(*window, ids::kOk)->isEnabled());
         QTest::mouseClick(control<QPushButton>(*window, ids::kCancel), Qt::LeftButton);
         QVERIFY(!window->isVisible());
         QCOMPARE(history.shownKinds.back(), EntryKind::TwoD);
