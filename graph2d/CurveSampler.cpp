@@ -143,8 +143,7 @@ void SamplingRun::refineTurn(double x, double dx, bool risingNow) {
     const double b = x;
     // Falling after rising means a maximum lies behind x.
     const Extreme kind = risingNow ? Extreme::kMinimum : Extreme::kMaximum;
-    const double x1 = refineTurningPoint(f_, a, b, kind, Side::kLeft, extent_);
-    const double x2 = refineTurningPoint(f_, a, b, kind, Side::kRight, extent_);
+    const auto [x1, x2] = refineTurningPair(f_, a, b, kind, extent_);
     const FunctionValue v1 = f_(x1);
     const FunctionValue v2 = f_(x2);
     // yMin/yMax cover every record stored, the refined pair and the third record included: the

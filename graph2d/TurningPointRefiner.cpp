@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace curvemill {
 
@@ -9,6 +10,9 @@ namespace {
 
 constexpr int kSubSteps = 50;
 constexpr int kMaxPasses = 11;
+
+// Which end of the final bracket a refinement returns.
+enum class Side { kLeft, kRight };
 
 // One pass: false when the bracket cannot be narrowed.
 bool narrow(const CurveFunction& f, double& a, double& b, Extreme kind, Side side,
@@ -48,16 +52,30 @@ bool narrow(const CurveFunction& f, double& a, double& b, Extreme kind, Side sid
     return true;
 }
 
-}  // namespace
-
-double refineTurningPoint(const CurveFunction& f, double a, double b, Extreme kind, Side side,
-                          YExtent& extent) {
+double refine(const CurveFunction& f, double a, double b, Extreme kind, Side side,
+              YExtent& extent) {
     for (int pass = 0; pass < kMaxPasses; ++pass) {
         if (!narrow(f, a, b, kind, side, extent)) {
             break;
         }
     }
     return side == Side::kLeft ? a : b;
+}
+
+}  // namespace
+
+TurningPair refineTurningPair(const CurveFunction& f, double a, double b, Extreme kind,
+                              YExtent& extent) {
+    TurningPair pair{refine(f, a, b, kind, Side::kLeft, extent),
+                     refine(f, a, b, kind, Side::kRight, extent)};
+    // On a curve flat up to rounding (sin(x)^2+cos(x)^2) the extreme sample is one rounding bump
+    // among many, and the two refinements may follow different bumps and cross. Both still lie in
+    // [a, b]; taken in order they span what was found, and the records keep x ascending, which
+    // the drawing, the integral's index search and the export rely on.
+    if (pair.right < pair.left) {
+        std::swap(pair.left, pair.right);
+    }
+    return pair;
 }
 
 }  // namespace curvemill

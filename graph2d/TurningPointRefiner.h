@@ -1,4 +1,4 @@
-// Narrows a bracket around a turning point of a sampled curve from one side or the other.
+// Narrows a bracket around a turning point of a sampled curve from one side and the other.
 #pragma once
 
 #include "graph2d/SampledFunction.h"
@@ -7,15 +7,18 @@ namespace curvemill {
 
 enum class Extreme { kMaximum, kMinimum };
 
-// Which end of the final bracket is returned: the refinement from the left gives a point just
-// before the turning point, the one from the right a point just after it. At a jump the two lie
-// on either side of the jump.
-enum class Side { kLeft, kRight };
+// The two refined abscissas of one turning point: `left` just before it, `right` just after it,
+// left <= right always. At a jump the two lie on either side of the jump.
+struct TurningPair {
+    double left;
+    double right;
+};
 
-// Up to 11 passes over [a, b], each evaluating 51 points and keeping the two sub-steps around
-// the extreme sample. A pass that cannot narrow (sub-step below the resolution of the left end,
-// or an indefinite value inside) ends the refinement. Every defined value is taken into `extent`.
-double refineTurningPoint(const CurveFunction& f, double a, double b, Extreme kind, Side side,
-                          YExtent& extent);
+// Two refinements of [a, b], one closing in from the left and one from the right, each of up to
+// 11 passes that evaluate 51 points and keep the two sub-steps around the extreme sample. A pass
+// that cannot narrow (sub-step below the resolution of the left end, or an indefinite value
+// inside) ends that refinement. Every defined value is taken into `extent`.
+TurningPair refineTurningPair(const CurveFunction& f, double a, double b, Extreme kind,
+                              YExtent& extent);
 
 }  // namespace curvemill
