@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace curvemill {
@@ -114,30 +115,26 @@ TEST(EntriesFormatTest, SearchStringsWithBlanksAreWrittenAndReadBackWhole) {
         nineteen.push_back(std::string("s").append(std::to_string(i)));
     }
     nineteen.push_back("a  b");
-    const struct {
-        const char* name;
-        std::vector<std::string> added;
-        std::string written;
-        std::string loaded;  // slots from 0 up
-    } cases[] = {
+    // back: the slots loaded, from 0 up
+    const std::tuple<const char*, std::vector<std::string>, std::string, std::string> cases[] = {
         // Slot 0 counts as the newest until the ring is full.
         {"a string with a blank", {"s0", "sin (x"}, "sin (x s0 ", "sin (x s0"},
         {"twenty words at most, the oldest left out", nineteen,
          "s2 s3 s4 s5 s6 s7 s8 s9 s10 s11 s12 s13 s14 s15 s16 s17 s18 a  b s0 ",
          "s2 s3 s4 s5 s6 s7 s8 s9 s10 s11 s12 s13 s14 s15 s16 s17 s18 a b s0"},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, added, written, back] : cases) {
+        SCOPED_TRACE(name);
         HistoryStore store;
-        for (const std::string& text : c.added) {
+        for (const std::string& text : added) {
             store.searchRing().add(text);
         }
         RecordChecker checker;
         const std::string text = formatEntries(store, checker);
-        EXPECT_EQ(text.substr(text.find('@') + 2), c.written);
+        EXPECT_EQ(text.substr(text.find('@') + 2), written);
         HistoryStore loaded;
         EXPECT_TRUE(readEntries(loaded, text, kLoadAtStartup, checker));
-        EXPECT_EQ(slots(loaded.searchRing()), c.loaded);
+        EXPECT_EQ(slots(loaded.searchRing()), back);
     }
 }
 
