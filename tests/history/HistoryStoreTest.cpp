@@ -41,24 +41,20 @@ TEST(HistoryStoreTest, NewEntriesGroupByFormulaNewestFirst) {
     EXPECT_EQ(store.twoDCount(), 5);
 }
 
-TEST(HistoryStoreTest, EqualEntryChangesNothing) {
+// An equal entry changes nothing; nor does one the file cannot hold.
+TEST(HistoryStoreTest, EqualOrUnwritableEntriesAreNotRecorded) {
     HistoryStore store;
+    RecordChecker checker;
+    const auto writable = [&](const HistoryEntry& e) { return checker.accepts(e); };
     store.addLoadedEntry(twoD("sin(x)", 5));
     HistoryEntry same = twoD("sin(x)", 5);
     same.section = kSectionN;  // the section is not one of the five strings
     EXPECT_FALSE(store.addNewEntry(same));
-    EXPECT_FALSE(store.changed());
-    EXPECT_EQ(store.size(), 1);
     // Blanks typed in a box are not part of the entry.
     EXPECT_FALSE(store.addNewEntry({"sin (x)", "-5", " 5", "$", "$", kSectionY}));
-}
-
-TEST(HistoryStoreTest, AnEntryTheFileCannotHoldIsNotRecorded) {
-    HistoryStore store;
-    RecordChecker checker;
-    const auto writable = [&](const HistoryEntry& e) { return checker.accepts(e); };
     EXPECT_FALSE(store.addNewEntry(twoD("cos(x", 1), writable));
     EXPECT_FALSE(store.changed());
+    EXPECT_EQ(store.size(), 1);
     // The blanks go before the check.
     EXPECT_TRUE(store.addNewEntry(twoD("cos (x)", 1), writable));
     EXPECT_EQ(store.entries().at(0).formula, "cos(x)");

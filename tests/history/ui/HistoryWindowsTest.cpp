@@ -218,15 +218,10 @@ class HistoryWindowsTest : public QObject {
     }
 
     void loadingDialogIsUpBeforeTheFileIsRead() {
-        bool visibleWhileLoading = false;
         LoadingDialog* dialog = nullptr;
-        LoadingDialog loading([&] {
-            visibleWhileLoading = dialog->isVisible();
-            return 1;
-        });
+        LoadingDialog loading([&] { return dialog->isVisible() ? 1 : 2; });
         dialog = &loading;
         QCOMPARE(loading.exec(), 1);
-        QVERIFY(visibleWhileLoading);
     }
 
     void startupWithoutFileAndExitQuestion() {
