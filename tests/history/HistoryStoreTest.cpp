@@ -77,13 +77,9 @@ TEST(HistoryStoreTest, OverCapacityDropsFromTheFormulasRunOrTheTail) {
     ASSERT_EQ(store.size(), HistoryStore::kCapacity);
     EXPECT_EQ(store.entries().back().xEnd, "200");
     EXPECT_EQ(store.entries()[6].xEnd, "1000");
-    std::vector<std::string> f7;
-    for (const HistoryEntry& e : store.entries()) {
-        if (e.formula == "f7") {
-            f7.push_back(e.xEnd);
-        }
-    }
-    EXPECT_EQ(f7, (std::vector<std::string>{"1000", "57", "107", "157"}));
+    std::vector<std::string> f7 = formulasAndEnds(store);
+    std::erase_if(f7, [](const std::string& e) { return !e.starts_with("f7:"); });
+    EXPECT_EQ(f7, (std::vector<std::string>{"f7:1000", "f7:57", "f7:107", "f7:157"}));
     // Three g entries grouped at the tail, newest first: the run loses its last entry.
     store = full([](int i) { return i <= 3 ? std::string("g") : named("h", i); }, false);
     store.addNewEntry(twoD("g", 99));

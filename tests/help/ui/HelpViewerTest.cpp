@@ -6,7 +6,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
-#include <QSet>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QtTest>

@@ -1,5 +1,4 @@
 // Pictures and files: rendering per source, BMP read back, SVG and PDF validity, clipboard, print.
-#include <QBuffer>
 #include <QFile>
 #include <QImage>
 #include <QMimeData>
