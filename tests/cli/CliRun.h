@@ -58,21 +58,19 @@ inline CliRun runCli(const std::vector<std::string>& args, const CliSetting& set
                 open(setting.stdoutPath, O_WRONLY);  // takes the lowest free descriptor: 1
             }
         }
-        if (setting.memoryLimit >= 0) {
-            const rlimit limit{static_cast<rlim_t>(setting.memoryLimit),
-                               static_cast<rlim_t>(setting.memoryLimit)};
-            setrlimit(RLIMIT_AS, &limit);
-        }
+        const auto limit = [](int resource, long bytes) {
+            const rlimit value{static_cast<rlim_t>(bytes), static_cast<rlim_t>(bytes)};
+            if (bytes >= 0) {
+                setrlimit(resource, &value);
+            }
+        };
+        limit(RLIMIT_AS, setting.memoryLimit);
+        limit(RLIMIT_FSIZE, setting.fileSizeLimit);
         dup2(err[1], STDERR_FILENO);
         for (const std::string& name : setting.unsetVariables) {
             unsetenv(name.c_str());
         }
-        if (setting.fileSizeLimit >= 0) {
-            std::signal(SIGXFSZ, SIG_IGN);  // an ignored signal stays ignored across exec
-            const rlimit limit{static_cast<rlim_t>(setting.fileSizeLimit),
-                               static_cast<rlim_t>(setting.fileSizeLimit)};
-            setrlimit(RLIMIT_FSIZE, &limit);
-        }
+        std::signal(SIGXFSZ, SIG_IGN);  // an ignored signal stays ignored across exec
         std::vector<char*> argv{const_cast<char*>(CURVEMILL_CLI_PATH)};
         for (const std::string& a : args) {
             argv.push_back(const_cast<char*>(a.c_str()));
@@ -130,14 +128,13 @@ inline void PrintTo(const CliCase& c, std::ostream* os) {
     for (const std::string& a : c.args) {
         *os << '[';
         for (const char b : a.substr(0, 24)) {
-            char hex[8];
-            std::snprintf(hex, sizeof hex, "\\x%02x", static_cast<unsigned char>(b));
-            *os << (b > ' ' && b < 0x7f ? std::string(1, b) : std::string(hex));
+            char shown[8];
+            const bool plain = b > ' ' && b < 0x7f;
+            std::snprintf(shown, sizeof shown, plain ? "%c" : "\\x%02x",
+                          static_cast<unsigned char>(b));
+            *os << shown;
         }
-        if (a.size() > 24) {
-            *os << "...(" << a.size() << ')';
-        }
-        *os << "] ";
+        *os << (a.size() > 24 ? "...(" + std::to_string(a.size()) + ")] " : std::string("] "));
     }
 }
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace curvemill {
@@ -47,25 +48,20 @@ TEST(EntriesFormatTest, LoaderReadsEveryQuirkOfTheFormat) {
     const std::string example = "-10 10 $ $ sin(x)/x*80 &-5 5 -5 5 x^2+y^2-16 @ sin ";
     const std::string exampleEntries = "y|-10|10|$|$|sin(x)/x*80; n|-5|5|-5|5|x^2+y^2-16";
     const std::string x1 = "y|-1|1|$|$|x";  // the one entry most rows keep
-    const struct {
-        const char* name;
-        std::string text;
-        std::string entries;
-        std::string ring = "";
-        char mode = 'y';
-        bool whole = true;  // everything in the text was taken
-    } cases[] = {
-        {"example file", example, exampleEntries, "sin"},
-        {"mode n leaves the search strings", example, exampleEntries, "", 'n'},
+    // ring: the slots from 0 up; whole: everything in the text was taken.
+    const std::tuple<const char*, std::string, std::string, std::string, char, bool> cases[] = {
+        {"example file", example, exampleEntries, "sin", 'y', true},
+        {"mode n leaves the search strings", example, exampleEntries, "", 'n', true},
         {"empty first section: its '&' joins the first X begin", "&-5 5 -5 5 x^2+y^2-16 @ sin ", "",
          "", 'y', false},
         {"'&' inside a field switches the section and is dropped", "-1 1 $ $ x -10 1&0 $ $ x^2 @ ",
-         "y|-1|1|$|$|x; n|-10|10|$|$|x^2"},
+         "y|-1|1|$|$|x; n|-10|10|$|$|x^2", "", 'y', true},
         {"the character after '&' is not tested again", "-1 1 $ $ x &&2 3 $ $ x @ s ", x1, "", 'y',
          false},
-        {"'@' inside a field ends the records", "-1 1 $ $ x -2 2@ $ $ cos(x) ", x1, "$ $ cos(x)"},
+        {"'@' inside a field ends the records", "-1 1 $ $ x -2 2@ $ $ cos(x) ", x1, "$ $ cos(x)",
+         'y', true},
         {"98 characters load", "-1 1 $ $ " + formulaOfLength(98) + " @ ",
-         "y|-1|1|$|$|" + formulaOfLength(98)},
+         "y|-1|1|$|$|" + formulaOfLength(98), "", 'y', true},
         {"99 characters end the load", "-1 1 $ $ x -1 1 $ $ " + formulaOfLength(99) + " @ a ", x1,
          "", 'y', false},
         {"X begin equal to X end stops, earlier records stay",
@@ -78,28 +74,31 @@ TEST(EntriesFormatTest, LoaderReadsEveryQuirkOfTheFormat) {
          x1, "", 'y', false},
         {"an entry without Y range is checked as a function of x", "-1 1 $ $ x*y @ ", "", "", 'y',
          false},
-        {"the same formula with a Y range passes", "-1 1 -1 1 x*y @ ", "y|-1|1|-1|1|x*y"},
+        {"the same formula with a Y range passes", "-1 1 -1 1 x*y @ ", "y|-1|1|-1|1|x*y", "", 'y',
+         true},
         {"a 2D entry in section n keeps its mark", "-1 1 $ $ x &-1 1 $ $ x^2 @ ",
-         "y|-1|1|$|$|x; n|-1|1|$|$|x^2"},
+         "y|-1|1|$|$|x; n|-1|1|$|$|x^2", "", 'y', true},
         {"trailing partial record is dropped", "-1 1 $ $ x -2 2 $ ", x1, "", 'y', false},
         {"no blank after the last field drops the record", "-1 1 $ $ x", "", "", 'y', false},
-        {"no search strings at all", "-1 1 $ $ x ", x1},
-        {"empty file", "", ""},
-        {"a NUL ends the text of its field", std::string("-1 1 $ $ x\0yz @ ", 16), x1},
+        {"no search strings at all", "-1 1 $ $ x ", x1, "", 'y', true},
+        {"empty file", "", "", "", 'y', true},
+        {"a NUL ends the text of its field", std::string("-1 1 $ $ x\0yz @ ", 16), x1, "", 'y',
+         true},
         {"last word without its blank is dropped", "-1 1 $ $ x @ ab cd", x1, "ab", 'y', false},
-        {"the byte after '@' is skipped whatever it is", "-1 1 $ $ x @ab cd ", x1, "b cd"},
+        {"the byte after '@' is skipped whatever it is", "-1 1 $ $ x @ab cd ", x1, "b cd", 'y',
+         true},
         {"at most twenty words", "-1 1 $ $ x @ " + wordList(25) + " ", x1, wordList(20), 'y',
          false},
         {"two blanks in a row take no slot", "-1 1 $ $ x @  w0  " + wordList(20).substr(3) + "  ",
-         x1, wordList(20)},
+         x1, wordList(20), 'y', true},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, text, entries, ring, mode, whole] : cases) {
+        SCOPED_TRACE(name);
         HistoryStore store;
         RecordChecker checker;
-        EXPECT_EQ(readEntries(store, c.text, c.mode, checker), c.whole);
-        EXPECT_EQ(describe(store), c.entries);
-        EXPECT_EQ(slots(store.searchRing()), c.ring);
+        EXPECT_EQ(readEntries(store, text, mode, checker), whole);
+        EXPECT_EQ(describe(store), entries);
+        EXPECT_EQ(slots(store.searchRing()), ring);
         EXPECT_EQ(store.searchRing().newest(), 0);
         EXPECT_FALSE(store.changed());
         EXPECT_FALSE(store.searchRing().changed());
@@ -114,30 +113,26 @@ TEST(EntriesFormatTest, SearchStringsWithBlanksAreWrittenAndReadBackWhole) {
         nineteen.push_back(std::string("s").append(std::to_string(i)));
     }
     nineteen.push_back("a  b");
-    const struct {
-        const char* name;
-        std::vector<std::string> added;
-        std::string written;
-        std::string loaded;  // slots from 0 up
-    } cases[] = {
+    // back: the slots loaded, from 0 up
+    const std::tuple<const char*, std::vector<std::string>, std::string, std::string> cases[] = {
         // Slot 0 counts as the newest until the ring is full.
         {"a string with a blank", {"s0", "sin (x"}, "sin (x s0 ", "sin (x s0"},
         {"twenty words at most, the oldest left out", nineteen,
          "s2 s3 s4 s5 s6 s7 s8 s9 s10 s11 s12 s13 s14 s15 s16 s17 s18 a  b s0 ",
          "s2 s3 s4 s5 s6 s7 s8 s9 s10 s11 s12 s13 s14 s15 s16 s17 s18 a b s0"},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, added, written, back] : cases) {
+        SCOPED_TRACE(name);
         HistoryStore store;
-        for (const std::string& text : c.added) {
+        for (const std::string& text : added) {
             store.searchRing().add(text);
         }
         RecordChecker checker;
         const std::string text = formatEntries(store, checker);
-        EXPECT_EQ(text.substr(text.find('@') + 2), c.written);
+        EXPECT_EQ(text.substr(text.find('@') + 2), written);
         HistoryStore loaded;
         EXPECT_TRUE(readEntries(loaded, text, kLoadAtStartup, checker));
-        EXPECT_EQ(slots(loaded.searchRing()), c.loaded);
+        EXPECT_EQ(slots(loaded.searchRing()), back);
     }
 }
 

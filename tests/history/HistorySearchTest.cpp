@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 namespace curvemill {
 namespace {
@@ -23,39 +24,32 @@ TEST(HistorySearchTest, FindWalksEntriesOfTheShownKindAndWrapsOnRequest) {
     const HistoryStore store = sampleStore();
     using enum EntryKind;
     using enum FindStatus;
-    const struct {
-        const char* name;
-        std::string text;
-        EntryKind kind;
-        std::size_t start;
-        bool answerWrap;
-        FindStatus status;
-        std::size_t index;
-        int questions;
-    } cases[] = {
-        {"first hit from the head", "sin", TwoD, 0, false, Found, 0, 0},
-        {"hit at the start entry counts", "sin", TwoD, 3, false, Found, 3, 0},
-        {"other kinds are passed over", "sin", TwoD, 1, false, Found, 3, 0},
-        {"3D kind", "cos", ThreeD, 0, false, Found, 1, 0},
-        {"equation kind", "sin", Equation, 0, false, Found, 4, 0},
-        {"only above the start: Yes finds it", "cos", TwoD, 3, true, Found, 2, 1},
-        {"only above the start: No ends", "cos", TwoD, 3, false, Declined, 0, 1},
-        {"case-sensitive", "SIN", TwoD, 0, true, NotFound, 0, 1},
-        {"nowhere", "tan", TwoD, 0, true, NotFound, 0, 1},
-        {"start past the tail", "sin", TwoD, 9, true, Found, 0, 1},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+    const std::tuple<const char*, std::string, EntryKind, std::size_t, bool, FindStatus,
+                     std::size_t, int>
+        cases[] = {
+            {"first hit from the head", "sin", TwoD, 0, false, Found, 0, 0},
+            {"hit at the start entry counts", "sin", TwoD, 3, false, Found, 3, 0},
+            {"other kinds are passed over", "sin", TwoD, 1, false, Found, 3, 0},
+            {"3D kind", "cos", ThreeD, 0, false, Found, 1, 0},
+            {"equation kind", "sin", Equation, 0, false, Found, 4, 0},
+            {"only above the start: Yes finds it", "cos", TwoD, 3, true, Found, 2, 1},
+            {"only above the start: No ends", "cos", TwoD, 3, false, Declined, 0, 1},
+            {"case-sensitive", "SIN", TwoD, 0, true, NotFound, 0, 1},
+            {"nowhere", "tan", TwoD, 0, true, NotFound, 0, 1},
+            {"start past the tail", "sin", TwoD, 9, true, Found, 0, 1},
+        };
+    for (const auto& [name, text, kind, start, answerWrap, status, index, asked] : cases) {
+        SCOPED_TRACE(name);
         int questions = 0;
-        const FindResult result = findWithWrap(store, c.text, c.kind, c.start, [&] {
+        const FindResult result = findWithWrap(store, text, kind, start, [&] {
             ++questions;
-            return c.answerWrap;
+            return answerWrap;
         });
-        EXPECT_EQ(result.status, c.status);
-        if (c.status == Found) {
-            EXPECT_EQ(result.index, c.index);
+        EXPECT_EQ(result.status, status);
+        if (status == Found) {
+            EXPECT_EQ(result.index, index);
         }
-        EXPECT_EQ(questions, c.questions);
+        EXPECT_EQ(questions, asked);
     }
 }
 
@@ -78,21 +72,15 @@ namespace {
 TEST(ListLineTest, LineAndItsThreePiecesAroundAHit) {
     const HistoryEntry entry{"sin(x)/x*80", "-10", "10", "$", "$"};
     EXPECT_EQ(listLine(entry), "(sin(x)/x*80)  From:-10  To:10");
-    const struct {
-        std::size_t position, length;
-        const char *before, *hit, *after;
-    } cases[] = {
-        {0, 3, "(", "sin", "(x)/x*80)  From:-10  To:10"},
-        {9, 2, "(sin(x)/x*", "80", ")  From:-10  To:10"},
-        {10, 2, "(sin(x)/x*80)  From:-10  To:10", "", ""},  // runs past the formula
-        {3, 0, "(sin(x)/x*80)  From:-10  To:10", "", ""},
+    const std::tuple<std::size_t, std::size_t, std::string> cases[] = {
+        {0, 3, "(|sin|(x)/x*80)  From:-10  To:10"},
+        {9, 2, "(sin(x)/x*|80|)  From:-10  To:10"},
+        {10, 2, "(sin(x)/x*80)  From:-10  To:10||"},  // runs past the formula
+        {3, 0, "(sin(x)/x*80)  From:-10  To:10||"},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.position);
-        const ListLinePieces pieces = splitAtHit(entry, c.position, c.length);
-        EXPECT_EQ(pieces.before, c.before);
-        EXPECT_EQ(pieces.hit, c.hit);
-        EXPECT_EQ(pieces.after, c.after);
+    for (const auto& [position, length, pieces] : cases) {
+        const ListLinePieces p = splitAtHit(entry, position, length);
+        EXPECT_EQ(p.before + "|" + p.hit + "|" + p.after, pieces) << position;
     }
 }
 

@@ -41,24 +41,20 @@ TEST(HistoryStoreTest, NewEntriesGroupByFormulaNewestFirst) {
     EXPECT_EQ(store.twoDCount(), 5);
 }
 
-TEST(HistoryStoreTest, EqualEntryChangesNothing) {
+// An equal entry changes nothing; nor does one the file cannot hold.
+TEST(HistoryStoreTest, EqualOrUnwritableEntriesAreNotRecorded) {
     HistoryStore store;
+    RecordChecker checker;
+    const auto writable = [&](const HistoryEntry& e) { return checker.accepts(e); };
     store.addLoadedEntry(twoD("sin(x)", 5));
     HistoryEntry same = twoD("sin(x)", 5);
     same.section = kSectionN;  // the section is not one of the five strings
     EXPECT_FALSE(store.addNewEntry(same));
-    EXPECT_FALSE(store.changed());
-    EXPECT_EQ(store.size(), 1);
     // Blanks typed in a box are not part of the entry.
     EXPECT_FALSE(store.addNewEntry({"sin (x)", "-5", " 5", "$", "$", kSectionY}));
-}
-
-TEST(HistoryStoreTest, AnEntryTheFileCannotHoldIsNotRecorded) {
-    HistoryStore store;
-    RecordChecker checker;
-    const auto writable = [&](const HistoryEntry& e) { return checker.accepts(e); };
     EXPECT_FALSE(store.addNewEntry(twoD("cos(x", 1), writable));
     EXPECT_FALSE(store.changed());
+    EXPECT_EQ(store.size(), 1);
     // The blanks go before the check.
     EXPECT_TRUE(store.addNewEntry(twoD("cos (x)", 1), writable));
     EXPECT_EQ(store.entries().at(0).formula, "cos(x)");
@@ -81,13 +77,9 @@ TEST(HistoryStoreTest, OverCapacityDropsFromTheFormulasRunOrTheTail) {
     ASSERT_EQ(store.size(), HistoryStore::kCapacity);
     EXPECT_EQ(store.entries().back().xEnd, "200");
     EXPECT_EQ(store.entries()[6].xEnd, "1000");
-    std::vector<std::string> f7;
-    for (const HistoryEntry& e : store.entries()) {
-        if (e.formula == "f7") {
-            f7.push_back(e.xEnd);
-        }
-    }
-    EXPECT_EQ(f7, (std::vector<std::string>{"1000", "57", "107", "157"}));
+    std::vector<std::string> f7 = formulasAndEnds(store);
+    std::erase_if(f7, [](const std::string& e) { return !e.starts_with("f7:"); });
+    EXPECT_EQ(f7, (std::vector<std::string>{"f7:1000", "f7:57", "f7:107", "f7:157"}));
     // Three g entries grouped at the tail, newest first: the run loses its last entry.
     store = full([](int i) { return i <= 3 ? std::string("g") : named("h", i); }, false);
     store.addNewEntry(twoD("g", 99));

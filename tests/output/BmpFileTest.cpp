@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -25,13 +24,6 @@ std::uint32_t le(const std::string& bytes, std::size_t at, int size) {
         value = value << 8 | static_cast<std::uint8_t>(bytes[at + i]);
     }
     return value;
-}
-
-std::string contents(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
 }
 
 // A small picture in the 32-bit layout of an RGB32 image, rows padded like Qt pads none.
@@ -93,10 +85,8 @@ TEST(Palette256, EntriesMapToThemselvesAndAnyColourToTheClosest) {
     for (int index = 0; index < 256; ++index) {
         const std::uint32_t rgb = palette.colour(index);
         EXPECT_EQ(palette.colour(palette.nearest(rgb)), rgb) << index;
-        EXPECT_EQ(bytes[4 * index], rgb & 0xff);  // blue, green, red, 0
-        EXPECT_EQ(bytes[4 * index + 1], (rgb >> 8) & 0xff);
-        EXPECT_EQ(bytes[4 * index + 2], (rgb >> 16) & 0xff);
-        EXPECT_EQ(bytes[4 * index + 3], 0);
+        // Blue, green, red, 0: the colour's own bytes, little-endian.
+        EXPECT_EQ(le(std::string(bytes.begin(), bytes.end()), 4 * index, 4), rgb) << index;
     }
     // Pure hues, white, black and the drawing surface's grey are exact.
     for (const std::uint32_t exact : {0x0000ffu, 0xff0000u, 0x00ff00u, 0xffffffu, 0u, 0xe6e6e6u}) {
@@ -142,7 +132,7 @@ TEST_F(BmpExportTest, WritesTheSameBytesAsTheEncoderWithEveryStage) {
         stages_.clear();
         ASSERT_EQ(run(bits), ExportOutcome::Written);
         EXPECT_EQ(stages_, (std::vector<int>{10, 20, 30, 40, 50, 100}));
-        EXPECT_EQ(contents(path_), encodeBmp(picture_.pixels(), bits));
+        EXPECT_EQ(folder_.read("Graph.bmp"), encodeBmp(picture_.pixels(), bits));
     }
 }
 

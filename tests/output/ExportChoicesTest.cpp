@@ -1,6 +1,7 @@
 // The Save To File choices: lists per source, scales, picture sizes, size text; the points as CSV.
 #include <cstdlib>
 #include <string>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -12,14 +13,7 @@ namespace {
 
 TEST(ExportChoices, ScalesAndSizesOfEveryChoice) {
     const PixelSize screen{1000, 600};
-    const struct {
-        SizeChoice choice;
-        ExportSource source;
-        int other;
-        PixelSize source_size;
-        double scale;
-        PixelSize size;
-    } cases[] = {
+    const std::tuple<SizeChoice, ExportSource, int, PixelSize, double, PixelSize> cases[] = {
         {SizeChoice::AsIs, ExportSource::Screen, 0, screen, 1.0, {1000, 600}},
         {SizeChoice::FitToScreen, ExportSource::Screen, 0, screen, 1.0, {1000, 600}},
         // A document twice as wide as the screen shrinks to its width.
@@ -32,13 +26,12 @@ TEST(ExportChoices, ScalesAndSizesOfEveryChoice) {
         {SizeChoice::Other, ExportSource::Screen, 1, screen, 2.0, {2000, 1200}},
         {SizeChoice::Other, ExportSource::Selection, 2, {333, 3}, 4.0, {1332, 12}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(std::to_string(c.source_size.width) + " scale " + std::to_string(c.scale));
-        const double scale = choiceScale(c.choice, c.source, c.other, c.source_size, screen);
-        EXPECT_DOUBLE_EQ(scale, c.scale);
-        const PixelSize size = scaledSize(c.source_size, scale);
-        EXPECT_EQ(size.width, c.size.width);
-        EXPECT_EQ(size.height, c.size.height);
+    for (const auto& [choice, source, other, sourceSize, wantScale, want] : cases) {
+        SCOPED_TRACE(std::to_string(sourceSize.width) + " scale " + std::to_string(wantScale));
+        const double scale = choiceScale(choice, source, other, sourceSize, screen);
+        EXPECT_DOUBLE_EQ(scale, wantScale);
+        const PixelSize size = scaledSize(sourceSize, scale);
+        EXPECT_EQ(std::pair(size.width, size.height), std::pair(want.width, want.height));
     }
 }
 

@@ -6,7 +6,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
-#include <QSet>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -129,8 +128,10 @@ class HelpViewerTest : public QObject {
         QCOMPARE(help.page()->source(), gettingStarted);
     }
 
-    // F1 in a box and the Help of an error box reach the topics the table gives them.
-    void f1AndErrorBoxHelpOpenTheirTopics() {
+    // F1 in a box and the Help of an error box reach the topics the table gives them. The input
+    // window's modes have topics of their own; its boxes and Help button reach theirs (its error
+    // boxes are the 2D dialog's), and so does the Save To File dialog.
+    void f1AndHelpButtonsOpenTheirTopics() {
         Formula formula;
         TwoDGraph graph;
         GraphView view;
@@ -157,34 +158,21 @@ class HelpViewerTest : public QObject {
         QVERIFY(box.text.endsWith(u"INVALID ENTRY"_s));
         QVERIFY(shownTopic(viewer).endsWith(u"/file5.htm"_s));
         QVERIFY(!dialog.isRunning());
-    }
+        dialog.hide();
 
-    // The input window's modes have topics of their own; its boxes and Help button reach theirs
-    // (its error boxes are the 2D dialog's), and so does the Save To File dialog.
-    void inputWindowAndSaveDialogOpenTheirTopics() {
-        Formula formula;
         TwoVariableSettings settings;
-        RecordingReporter reporter;
-        Worker worker{reporter};
-        HelpViewer viewer(archivePath, [] {});
-        ContextHelp contextHelp(viewer);
         TwoVariableWindow input(formula, settings, worker, nullptr, nullptr);
-
-        struct Case {
-            TwoVariableMode mode;
-            int box;
-            const char* topic;
-        };
-        for (const Case& c :
-             {Case{TwoVariableMode::kSurface, twovar_ids::kUsePrompts, "/file18.htm"},
-              Case{TwoVariableMode::kEquation, twovar_ids::kUsePrompts, "/file17.htm"}}) {
-            input.prepare(c.mode);
+        const std::pair<TwoVariableMode, QString> modes[] = {
+            {TwoVariableMode::kSurface, u"/file18.htm"_s},
+            {TwoVariableMode::kEquation, u"/file17.htm"_s}};
+        for (const auto& [mode, topic] : modes) {
+            input.prepare(mode);
             input.show();
             QVERIFY(QTest::qWaitForWindowExposed(&input));
-            QWidget* box = input.findChild<QWidget*>(QString::number(c.box));
+            QWidget* box = input.findChild<QWidget*>(QString::number(twovar_ids::kUsePrompts));
             box->setFocus();
             QTest::keyClick(box, Qt::Key_F1);
-            QVERIFY2(shownTopic(viewer).endsWith(QLatin1String(c.topic)), c.topic);
+            QVERIFY2(shownTopic(viewer).endsWith(topic), qPrintable(topic));
         }
         input.prepare(TwoVariableMode::kSurface);
         control<QPushButton>(input, twovar_ids::kHelp)->click();

@@ -6,12 +6,12 @@
 #include <QLockFile>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTimer>
 #include <QToolTip>
 #include <QTreeWidget>
 #include <QtTest>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 
 #include "failure/FailureReporter.h"
 #include "history/EntriesFile.h"
@@ -23,37 +23,18 @@
 #include "history/ui/HistoryService.h"
 #include "history/ui/HistoryWindow.h"
 #include "history/ui/LoadingDialog.h"
-#include "tests/support/AccessKeys.h"
+#include "tests/support/ModalAnswer.h"
 #include "tests/support/RecordingReporter.h"
 #include "tests/support/TempDirectory.h"
 
 using namespace curvemill;
 using namespace curvemill::history_commands;
+using curvemill::testing::ModalAction;
+using curvemill::testing::ModalAnswer;
 using curvemill::testing::RecordingReporter;
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-// Answers the next modal widget of type T (a message box unless told): `act` gets it once it is
-// up. Texts of boxes are collected.
-template <class T = QMessageBox>
-void answerModal(QStringList& seen, std::function<void(QWidget*)> act) {
-    QTimer::singleShot(20, [&seen, act = std::move(act)]() mutable {
-        QWidget* modal = QApplication::activeModalWidget();
-        if (qobject_cast<T*>(modal) == nullptr) {
-            answerModal<T>(seen, std::move(act));
-            return;
-        }
-        if (auto* box = qobject_cast<QMessageBox*>(modal)) {
-            seen << box->text();
-        }
-        act(modal);
-    });
-}
-
-void pressBox(QWidget* modal, QMessageBox::StandardButton button) {
-    static_cast<QMessageBox*>(modal)->button(button)->click();
-}
 
 const char* const kFile =
     "-1 1 $ $ sin(x) -2 2 $ $ cos(x) -3 3 $ $ sin(2*x) -1 1 -1 1 x*y &"
@@ -68,7 +49,6 @@ class HistoryWindowsTest : public QObject {
     std::filesystem::path dir_;
     HistoryStore store_;
     RecordingReporter reporter_;
-    QStringList seen_;
 
   private slots:
     void init() {
@@ -77,40 +57,31 @@ class HistoryWindowsTest : public QObject {
         std::ofstream(dir_ / "Graph.dat") << kFile;
         store_ = HistoryStore();
         loadEntries(store_, kLoadAtStartup, dir_);
-        seen_.clear();
     }
     void cleanup() {
         QVERIFY(reporter_.names.empty());
         folder_.reset();
     }
 
-    void reportListShowsOneKind_data() {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<QStringList>("headers");
-        QTest::addColumn<QStringList>("firstRow");
-        const QStringList twoRanges{"Formula", "X Beg", "X End", "Y Beg", "Y End"};
-        QTest::newRow("2D") << int(EntryKind::TwoD) << QStringList{"Formula", "From", "To"}
-                            << QStringList{"sin(x)", "-1", "1"};
-        QTest::newRow("3D") << int(EntryKind::ThreeD) << twoRanges
-                            << QStringList{"x*y", "-1", "1", "-1", "1"};
-        QTest::newRow("equation") << int(EntryKind::Equation) << twoRanges
-                                  << QStringList{"x^2+y^2-16", "-5", "5", "-5", "5"};
-    }
     void reportListShowsOneKind() {
-        QFETCH(int, kind);
-        QFETCH(QStringList, headers);
-        QFETCH(QStringList, firstRow);
-        HistoryWindow window(HistoryWindow::Style::ReportList, store_, reporter_, dir_);
-        window.setShownKind(EntryKind(kind));
-        QTreeWidget* tree = static_cast<EntryReportList*>(window.view())->tree();
-        QCOMPARE(tree->topLevelItemCount(), store_.countOf(EntryKind(kind)));
-        QStringList shownHeaders, shownRow;
-        for (int c = 0; c < tree->columnCount(); ++c) {
-            shownHeaders << tree->headerItem()->text(c);
-            shownRow << tree->topLevelItem(0)->text(c);
+        const QStringList twoRanges{"Formula", "X Beg", "X End", "Y Beg", "Y End"};
+        const std::tuple<EntryKind, QStringList, QStringList> cases[] = {
+            {EntryKind::TwoD, {"Formula", "From", "To"}, {"sin(x)", "-1", "1"}},
+            {EntryKind::ThreeD, twoRanges, {"x*y", "-1", "1", "-1", "1"}},
+            {EntryKind::Equation, twoRanges, {"x^2+y^2-16", "-5", "5", "-5", "5"}}};
+        for (const auto& [kind, headers, firstRow] : cases) {
+            HistoryWindow window(HistoryWindow::Style::ReportList, store_, reporter_, dir_);
+            window.setShownKind(kind);
+            QTreeWidget* tree = static_cast<EntryReportList*>(window.view())->tree();
+            QCOMPARE(tree->topLevelItemCount(), store_.countOf(kind));
+            QStringList shownHeaders, shownRow;
+            for (int c = 0; c < tree->columnCount(); ++c) {
+                shownHeaders << tree->headerItem()->text(c);
+                shownRow << tree->topLevelItem(0)->text(c);
+            }
+            QCOMPARE(shownHeaders, headers);
+            QCOMPARE(shownRow, firstRow);
         }
-        QCOMPARE(shownHeaders, headers);
-        QCOMPARE(shownRow, firstRow);
     }
 
     // Hovering a row shows its whole entry, the Y range too for two-range entries; off the rows,
@@ -177,16 +148,21 @@ class HistoryWindowsTest : public QObject {
         HistoryWindow window(HistoryWindow::Style::TextList, store_, reporter_, dir_);
         auto* list = static_cast<FunctionTextList*>(window.view());
         list->setCurrentRow(2);  // sin(2*x); "cos" is only above it
-        answerModal<FindDialog>(seen_, [](QWidget* modal) {
-            auto* find = static_cast<FindDialog*>(modal);
-            QCOMPARE(find->windowTitle(), QString("Find"));
-            QCOMPARE(find->combo()->itemText(0), QString("sin"));
-            find->combo()->setEditText("cos");
-            find->accept();
-        });
-        answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::Yes); });
-        window.runCommand(kFind);
-        QCOMPARE(seen_, QStringList{kMsgEndReached});
+        // Finds `text`; the box is answered before anything is verified.
+        const auto find = [&window](const char* text) {
+            ModalAction<FindDialog> dialog([text](FindDialog* find) {
+                find->combo()->setEditText(text);
+                find->accept();
+                QCOMPARE(find->windowTitle(), QString("Find"));
+                QCOMPARE(find->combo()->itemText(0), QString("sin"));
+            });
+            ModalAnswer again(QMessageBox::Yes);
+            std::optional<ModalAnswer> notFound;
+            again.answered = [&notFound] { notFound.emplace(); };
+            window.runCommand(kFind);
+            return notFound && notFound->seen ? notFound->text : again.text;
+        };
+        QCOMPARE(find("cos"), QString(kMsgEndReached));
         QCOMPARE(list->currentRow(), 1);
         QVERIFY(list->hitPieces().has_value());
         QCOMPARE(QString::fromStdString(list->hitPieces()->hit), QString("cos"));
@@ -194,33 +170,22 @@ class HistoryWindowsTest : public QObject {
         QCOMPARE(store_.searchRing().newestFirst().size(), size_t(2));
 
         // Find Next from after the only hit: Yes starts again and finds it once more.
-        answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::Yes); });
+        ModalAnswer again(QMessageBox::Yes);
         window.runCommand(kFindNext);
         QCOMPARE(list->currentRow(), 1);
-
-        answerModal<FindDialog>(seen_, [](QWidget* find) {
-            static_cast<FindDialog*>(find)->combo()->setEditText("tan");
-            static_cast<FindDialog*>(find)->accept();
-        });
-        answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::Yes); });
-        answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::Ok); });
-        window.runCommand(kFind);
-        QCOMPARE(seen_.last(), QString(kMsgStringNotFound));
+        QCOMPARE(find("tan"), QString(kMsgStringNotFound));
     }
 
     void deleteListAsksAndReloadRestores() {
         HistoryWindow window(HistoryWindow::Style::ReportList, store_, reporter_, dir_);
         window.setShownKind(EntryKind::Equation);
-        answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::Cancel); });
-        window.runCommand(kDeleteListReport);
-        QCOMPARE(store_.sectionNCount(), 2);
-        answerModal(seen_, [](QWidget* modal) {
-            QCOMPARE(static_cast<QMessageBox*>(modal)->icon(), QMessageBox::Warning);
-            pressBox(modal, QMessageBox::Ok);
-        });
-        window.runCommand(kDeleteListReport);
-        QCOMPARE(seen_.last(), QString("ARE YOU SURE YOU WANT TO DELETE ENTIRE LIST?"));
-        QCOMPARE(store_.sectionNCount(), 0);
+        for (const auto button : {QMessageBox::Cancel, QMessageBox::Ok}) {
+            ModalAnswer sure(button);
+            window.runCommand(kDeleteListReport);
+            QCOMPARE(sure.text, QString("ARE YOU SURE YOU WANT TO DELETE ENTIRE LIST?"));
+            QCOMPARE(sure.icon, QMessageBox::Warning);
+            QCOMPARE(store_.sectionNCount(), button == QMessageBox::Ok ? 0 : 2);
+        }
         QCOMPARE(store_.twoDCount(), 3);
         QCOMPARE(window.view()->rowCount(), 0);
         QVERIFY(window.action(kLoadOriginalList)->isEnabled());
@@ -246,22 +211,17 @@ class HistoryWindowsTest : public QObject {
         report.setInputSource([&] { return HistoryEntry{longest + "+1", "-1", "1", "$", "$"}; });
         report.runCommand(kLocateInput);
         QCOMPARE(report.view()->currentRow(), 0);
-        answerModal(seen_, [](QWidget* modal) { pressBox(modal, QMessageBox::Ok); });
+        ModalAnswer notInList;
         QVERIFY(!report.locate({"sin(2*x)", "-3", "4", "$", "$"}));
-        QCOMPARE(seen_, QStringList{kMsgEntryNotInList});
+        QCOMPARE(notInList.text, QString(kMsgEntryNotInList));
         QCOMPARE(report.view()->currentRow(), -1);
     }
 
     void loadingDialogIsUpBeforeTheFileIsRead() {
-        bool visibleWhileLoading = false;
         LoadingDialog* dialog = nullptr;
-        LoadingDialog loading([&] {
-            visibleWhileLoading = dialog->isVisible();
-            return 1;
-        });
+        LoadingDialog loading([&] { return dialog->isVisible() ? 1 : 2; });
         dialog = &loading;
         QCOMPARE(loading.exec(), 1);
-        QVERIFY(visibleWhileLoading);
     }
 
     void startupWithoutFileAndExitQuestion() {
@@ -272,8 +232,9 @@ class HistoryWindowsTest : public QObject {
         // verified, so that a failure cannot leave it waiting.
         bool noIsDefault = false;
         QStringList wrapped;
-        answerModal(seen_, [&](QWidget* modal) {
-            auto* box = static_cast<QMessageBox*>(modal);
+        ModalAnswer noFile(QMessageBox::No);
+        noFile.answered = [&] {
+            auto* box = static_cast<QMessageBox*>(QApplication::activeModalWidget());
             noIsDefault = box->defaultButton() == box->button(QMessageBox::No);
             const auto* label = box->findChild<QLabel*>(u"qt_msgbox_label"_s);
             for (const QString& line : box->text().split(u'\n')) {
@@ -282,10 +243,9 @@ class HistoryWindowsTest : public QObject {
                     wrapped << line;
                 }
             }
-            QTest::keyClick(box, Qt::Key_Return);
-        });
+        };
         service.loadAtStartup();
-        QCOMPARE(seen_, QStringList{kMsgNoEntriesFile});
+        QCOMPARE(noFile.text, QString(kMsgNoEntriesFile));
         QVERIFY(noIsDefault);
         QCOMPARE(wrapped, QStringList());
         QCOMPARE(fresh.size(), 0);
@@ -295,29 +255,18 @@ class HistoryWindowsTest : public QObject {
         service.recordEntry({"x^3-3*x", "-3", "3"});
         QVERIFY(service.hasUnsavedEntries());
         QCOMPARE(changes, 1);
-        answerModal(seen_, [](QWidget* modal) {
-            QCOMPARE(modal->windowTitle(), QString("Quit"));
-            pressBox(modal, QMessageBox::No);
-        });
+        ModalAnswer quit(QMessageBox::No);
         QVERIFY(service.saveOnExit());
+        QCOMPARE(quit.caption, QString("Quit"));
         QVERIFY(!std::filesystem::exists(dir_ / "Graph.dat"));
         service.saveNow();
         QVERIFY(!service.hasUnsavedEntries());
         QCOMPARE(changes, 2);
         QVERIFY(std::filesystem::exists(dir_ / "Graph.dat"));
+        ModalAnswer none;
         QVERIFY(service.saveOnExit());  // nothing changed: no question
-        QCOMPARE(seen_.size(), 2);
+        QVERIFY(!none.seen);
     }
-    // Each menu of both list windows reaches its entries by a key of its own.
-    void menusHaveAccessKeys() {
-        for (auto style : {HistoryWindow::Style::TextList, HistoryWindow::Style::ReportList}) {
-            HistoryWindow window(style, store_, reporter_, dir_);
-            for (QMenu* menu : window.findChildren<QMenu*>()) {
-                QCOMPARE(curvemill::testing::accessKeyProblems(*menu), QStringList());
-            }
-        }
-    }
-
     // A second copy of the program in the same folder, and a Graph.dat that cannot be read (a
     // folder here, so that root meets it too): each is told once at start, and then nothing is
     // saved and nothing asked, so neither the other copy's entries nor the file are lost.
@@ -338,21 +287,20 @@ class HistoryWindowsTest : public QObject {
         const auto before = std::filesystem::last_write_time(dir_ / "Graph.dat");
         HistoryStore fresh;
         HistoryService service(fresh, reporter_, dir_, [] { QFAIL("web page opened"); });
-        answerModal(seen_, [secondCopy](QWidget* modal) {
-            pressBox(modal, secondCopy ? QMessageBox::Ok : QMessageBox::No);
-        });
+        std::optional<ModalAnswer> told(std::in_place,
+                                        secondCopy ? QMessageBox::Ok : QMessageBox::No);
         service.loadAtStartup();
-        QCOMPARE(seen_.size(), 1);
-        QVERIFY2(secondCopy
-                     ? seen_[0] == QString::fromLatin1(kMsgSecondCopy)
-                     : seen_[0].startsWith(QString::fromLatin1(kMsgNoEntriesFile)) &&
-                           seen_[0].contains(u"\"Graph.dat\" cannot be read: Is a directory"),
-                 qPrintable(seen_[0]));
+        const QString text = told->text;
+        QVERIFY2(secondCopy ? text == QString::fromLatin1(kMsgSecondCopy)
+                            : text.startsWith(QString::fromLatin1(kMsgNoEntriesFile)) &&
+                                  text.contains(u"\"Graph.dat\" cannot be read: Is a directory"),
+                 qPrintable(text));
+        told.emplace();
         service.recordEntry({"x^3-3*x", "-3", "3"});
         QVERIFY(!service.hasUnsavedEntries());
         service.saveNow();
         QVERIFY(service.saveOnExit());
-        QCOMPARE(seen_.size(), 1);
+        QVERIFY(!told->seen);
         QCOMPARE(std::filesystem::last_write_time(dir_ / "Graph.dat"), before);
     }
 };

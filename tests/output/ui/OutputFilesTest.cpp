@@ -1,5 +1,4 @@
 // Pictures and files: rendering per source, BMP read back, SVG and PDF validity, clipboard, print.
-#include <QBuffer>
 #include <QFile>
 #include <QImage>
 #include <QMimeData>
@@ -61,30 +60,25 @@ class OutputFilesTest : public QObject {
     }
 
     void bitmapsReadBackAsDrawn() {
+        // 37 pixels pad their rows at both depths; at 8 bits each pixel is its nearest in the
+        // palette.
         const Palette256 palette;
-        for (const QSize size : {QSize(3, 2), QSize(37, 21)}) {
-            QImage image(size, QImage::Format_RGB32);
-            for (int y = 0; y < size.height(); ++y) {
-                for (int x = 0; x < size.width(); ++x) {
-                    image.setPixel(x, y, qRgb(x * 97 % 256, y * 53 % 256, (x * y * 31 + 7) % 256));
-                }
+        QImage image(37, 21, QImage::Format_RGB32);
+        QImage eightBits = image;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QRgb drawn = qRgb(x * 97 % 256, y * 53 % 256, (x * y * 31 + 7) % 256);
+                image.setPixel(x, y, drawn);
+                eightBits.setPixel(x, y, palette.colour(palette.nearest(drawn & 0xffffff)));
             }
-            for (const int bits : {24, 8}) {
-                ImageFileOptions options;
-                options.bitsPerPixel = bits;
-                const auto bytes = encodeRasterFile(ImageFormat::Bmp, image, options);
-                QVERIFY(bytes.has_value());
-                const QImage back = QImage::fromData(*bytes, "BMP");
-                QCOMPARE(back.size(), size);
-                for (int y = 0; y < size.height(); ++y) {
-                    for (int x = 0; x < size.width(); ++x) {
-                        const QRgb drawn = image.pixel(x, y) & 0xffffff;
-                        const QRgb expected =
-                            bits == 24 ? drawn : palette.colour(palette.nearest(drawn));
-                        QCOMPARE(back.pixel(x, y) & 0xffffff, expected);
-                    }
-                }
-            }
+        }
+        for (const int bits : {24, 8}) {
+            ImageFileOptions options;
+            options.bitsPerPixel = bits;
+            const auto bytes = encodeRasterFile(ImageFormat::Bmp, image, options);
+            QVERIFY(bytes.has_value());
+            QCOMPARE(QImage::fromData(*bytes, "BMP").convertToFormat(QImage::Format_RGB32),
+                     bits == 24 ? image : eightBits);
         }
     }
 
@@ -143,8 +137,6 @@ class OutputFilesTest : public QObject {
         QCOMPARE(pageCount(pdf), 1);
 
         PrintPreviewWindow preview(printer, fakePicture(calls, QSize(400, 300), QSize(400, 300)));
-        QCOMPARE(QString::fromLatin1(preview.procedureName()),
-                 QStringLiteral("Preview Window Procedure"));
         QCOMPARE(printer.pageLayout().orientation(), QPageLayout::Landscape);
         QTimer::singleShot(0, &preview, [&preview] {
             auto* pages = preview.findChild<QPrintPreviewWidget*>();

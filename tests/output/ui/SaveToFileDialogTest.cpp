@@ -1,4 +1,6 @@
 // The Save To File dialog driven as a user would: choices, size text, lists, stages, Cancel.
+#include <array>
+
 #include <QComboBox>
 #include <QFile>
 #include <QImage>
@@ -43,44 +45,44 @@ QStringList otherList(const QWidget& dialog) {
     return items;
 }
 
+// A dialog on the test picture, shown, that saves to `path` in a folder of its own.
+struct Saving {
+    QTemporaryDir folder;
+    QString path;
+    QString offered;  // the name the dialog suggested
+    SaveToFileDialog dialog{picture()};
+    explicit Saving(const QString& name) : path(folder.filePath(name)) {
+        dialog.setFileNameChooser([this](const QString& suggested) {
+            offered = suggested;
+            return path;
+        });
+        dialog.show();
+    }
+    void ok() { QTest::mouseClick(control<QPushButton>(dialog, save_ids::kOk), Qt::LeftButton); }
+};
+
 }  // namespace
 
 class SaveToFileDialogTest : public QObject {
     Q_OBJECT
   private Q_SLOTS:
 
-    void sizeTextFollowsEveryChoice_data() {
-        QTest::addColumn<int>("source");
-        QTest::addColumn<int>("compression");
-        QTest::addColumn<int>("size");
-        QTest::addColumn<int>("other");
-        QTest::addColumn<QString>("text");
-        using namespace save_ids;
-        // The sizes come from the export choices; a row per source shows the dialog passes its
-        // choices on. 101 pixels at 8 bits are 101 bytes, padded to 104; at 24 bits 303, to 304.
-        QTest::newRow("screen 8 bits")
-            << kCurrentScreen << kEightBits << kAsIs << 0 << QStringLiteral("6278 Bytes");
-        QTest::newRow("document 25%")
-            << kDocument << kFullColour << kOther << 0 << QStringLiteral("3854 Bytes");
-        QTest::newRow("selection 400%")
-            << kCurrentSelection << kFullColour << kOther << 2 << QStringLiteral("29814 Bytes");
-        QTest::newRow("selection fitted 8 bits")
-            << kCurrentSelection << kEightBits << kFitToScreen << 0 << QStringLiteral("5078 Bytes");
-    }
-
+    // The sizes come from the export choices; the rows show the dialog passes its choices on.
+    // 31x20 fitted into 101x50 is 77x50, at 8 bits rows of 80 bytes; 25% (the list's first) of
+    // 202x100 at 24 bits is 50x25, rows of 152 bytes.
     void sizeTextFollowsEveryChoice() {
-        QFETCH(int, source);
-        QFETCH(int, compression);
-        QFETCH(int, size);
-        QFETCH(int, other);
-        QFETCH(QString, text);
-        SaveToFileDialog dialog(picture());
-        dialog.show();
-        choose(dialog, source);
-        choose(dialog, compression);
-        choose(dialog, size);
-        control<QComboBox>(dialog, save_ids::kOtherList)->setCurrentIndex(other);
-        QCOMPARE(sizeText(dialog), text);
+        using namespace save_ids;
+        const std::array<std::array<int, 4>, 2> cases{
+            {{kDocument, kFullColour, kOther, 3854},
+             {kCurrentSelection, kEightBits, kFitToScreen, 5078}}};
+        for (const auto& [source, compression, size, bytes] : cases) {
+            SaveToFileDialog dialog(picture());
+            dialog.show();
+            choose(dialog, source);
+            choose(dialog, compression);
+            choose(dialog, size);
+            QCOMPARE(sizeText(dialog), QString::number(bytes) + QStringLiteral(" Bytes"));
+        }
     }
 
     void listsFollowTheSource() {
@@ -107,14 +109,8 @@ class SaveToFileDialogTest : public QObject {
     }
 
     void writesInStagesAndRemembersTheName() {
-        QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("chosen.bmp"));
-        SaveToFileDialog dialog(picture());
-        QString offered;
-        dialog.setFileNameChooser([&](const QString& suggested) {
-            offered = suggested;
-            return path;
-        });
+        Saving saving(QStringLiteral("chosen.bmp"));
+        SaveToFileDialog& dialog = saving.dialog;
         std::vector<int> stages;
         std::vector<int> barValues;
         bool locked = true;
@@ -125,28 +121,25 @@ class SaveToFileDialogTest : public QObject {
             locked = locked && !control(dialog, save_ids::kOk)->isEnabled() &&
                      !control(dialog, save_ids::kDocument)->isEnabled();
         });
-        dialog.show();
         choose(dialog, save_ids::kEightBits);
         const QString shown = sizeText(dialog);
-        QTest::mouseClick(control<QPushButton>(dialog, save_ids::kOk), Qt::LeftButton);
-        QCOMPARE(offered, QStringLiteral("Graph.bmp"));
+        saving.ok();
+        QCOMPARE(saving.offered, QStringLiteral("Graph.bmp"));
         QCOMPARE(stages, (std::vector<int>{10, 20, 30, 40, 50, 100}));
         QCOMPARE(barValues, stages);
         QVERIFY(locked);
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
         QCOMPARE(dialog.lastOutcome(), ExportOutcome::Written);
-        QCOMPARE(dialog.fileName(), path);
-        QCOMPARE(QString::number(QFile(path).size()) + QStringLiteral(" Bytes"), shown);
-        const QImage back(path);
+        QCOMPARE(dialog.fileName(), saving.path);
+        QCOMPARE(QString::number(QFile(saving.path).size()) + QStringLiteral(" Bytes"), shown);
+        const QImage back(saving.path);
         QCOMPARE(back.size(), QSize(101, 50));
         QCOMPARE(back.pixelColor(50, 25), QColor(Qt::green));  // the screen as shown
     }
 
     void cancelWhileWritingLeavesAnEmptyFile() {
-        QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("Graph.bmp"));
-        SaveToFileDialog dialog(picture());
-        dialog.setFileNameChooser([&](const QString&) { return path; });
+        Saving saving(QStringLiteral("Graph.bmp"));
+        SaveToFileDialog& dialog = saving.dialog;
         std::vector<int> stages;
         dialog.setProgressObserver([&](int percent) {
             stages.push_back(percent);
@@ -154,35 +147,29 @@ class SaveToFileDialogTest : public QObject {
                 QTest::mouseClick(control<QPushButton>(dialog, save_ids::kCancel), Qt::LeftButton);
             }
         });
-        dialog.show();
-        QTest::mouseClick(control<QPushButton>(dialog, save_ids::kOk), Qt::LeftButton);
+        saving.ok();
         QCOMPARE(stages, (std::vector<int>{10, 20, 30}));
         QCOMPARE(dialog.lastOutcome(), ExportOutcome::Cancelled);
         QCOMPARE(dialog.result(), int(QDialog::Rejected));
-        QVERIFY(QFile::exists(path));
-        QCOMPARE(QFile(path).size(), 0);
+        QVERIFY(QFile::exists(saving.path));
+        QCOMPARE(QFile(saving.path).size(), 0);
     }
 
     void otherFormatsAndACancelledSaveDialog() {
-        QTemporaryDir folder;
-        const QString png = folder.filePath(QStringLiteral("graph.png"));
-        SaveToFileDialog dialog(picture());
-        dialog.setFileNameChooser([&](const QString&) { return png; });
-        dialog.show();
-        choose(dialog, save_ids::kOther);
-        control<QComboBox>(dialog, save_ids::kOtherList)->setCurrentIndex(1);
-        QTest::mouseClick(control<QPushButton>(dialog, save_ids::kOk), Qt::LeftButton);
-        const QImage back(png, "PNG");
+        Saving png(QStringLiteral("graph.png"));
+        choose(png.dialog, save_ids::kOther);
+        control<QComboBox>(png.dialog, save_ids::kOtherList)->setCurrentIndex(1);
+        png.ok();
+        const QImage back(png.path, "PNG");
         QCOMPARE(back.size(), QSize(202, 100));  // drawn again at 200 %
         QCOMPARE(back.pixelColor(150, 50), QColor(Qt::blue));
 
-        SaveToFileDialog cancelled(picture());
-        cancelled.setFileNameChooser([](const QString&) { return QString(); });
-        cancelled.show();
-        QTest::mouseClick(control<QPushButton>(cancelled, save_ids::kOk), Qt::LeftButton);
-        QCOMPARE(cancelled.result(), int(QDialog::Rejected));
-        QCOMPARE(cancelled.lastOutcome(), ExportOutcome::Cancelled);
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{"graph.png"});
+        Saving cancelled(QStringLiteral("none.bmp"));
+        cancelled.path.clear();  // the file dialog was cancelled
+        cancelled.ok();
+        QCOMPARE(cancelled.dialog.result(), int(QDialog::Rejected));
+        QCOMPARE(cancelled.dialog.lastOutcome(), ExportOutcome::Cancelled);
+        QVERIFY(QDir(cancelled.folder.path()).isEmpty());
     }
 };
 
