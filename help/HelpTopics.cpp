@@ -95,6 +95,8 @@ constexpr std::array kPlaces{
     HelpPlace{kProcThreeDRotationDialog, "", to(topic::kThreeDView)},
     HelpPlace{kProcThreeDGrid, "", to(topic::kThreeDCustomization)},
     HelpPlace{kProcTest, "", to(topic::kFailures)},
+    // The curve windows read formulas in t: the formula language's topic is theirs for now.
+    HelpPlace{kProcCurveWindow, "", to(topic::kFormulas)},
 };
 
 }  // namespace

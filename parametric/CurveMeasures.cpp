@@ -15,7 +15,7 @@ constexpr int kSimpsonPanels = 64;
 // Bounds the work on a curve that never settles (noise of rounding near a pole).
 constexpr long long kSimpsonBudget = 2'000'000;
 
-double radiusSquared(PlanePoint p) {
+double radiusSquared(CurveXY p) {
     return p.x * p.x + p.y * p.y;
 }
 
@@ -24,7 +24,7 @@ double radiusSquared(PlanePoint p) {
 CurveLocal curveLocalAt(const CurveAt& curve, double t) {
     CurveLocal local;
     const double h = 1e-6 * std::max(1.0, std::fabs(t));
-    PlanePoint before, after;
+    CurveXY before, after;
     if (!curve(t, local.point) || !curve(t - h, before) || !curve(t + h, after)) {
         return local;
     }
@@ -86,7 +86,7 @@ struct Simpson {
 
     double r2(double t) {
         ++evaluations;
-        PlanePoint p;
+        CurveXY p;
         if (!polar(t, p)) {
             defined = false;
             return 0.0;

@@ -11,7 +11,7 @@ namespace curvemill {
 
 struct CurveLocal {
     bool defined = false;  // the curve has a point and both derivatives at t
-    PlanePoint point;
+    CurveXY point;
     double dxdt = 0.0;
     double dydt = 0.0;
     // dy/dx; none where the curve runs straight up or down (dx/dt is 0).

@@ -22,25 +22,25 @@ class Refiner {
     Refiner(const CurveAt& curve, const RefineSettings& settings, CurveSampling& out)
         : curve_(curve), settings_(settings), out_(out) {}
 
-    bool at(double t, PlanePoint& p) {
+    bool at(double t, CurveXY& p) {
         ++out_.evaluations;
         return curve_(t, p);
     }
 
-    void emit(double t, PlanePoint p) {
+    void emit(double t, CurveXY p) {
         out_.points.push_back({t, p.x, p.y, static_cast<std::uint8_t>(breakNext_ ? 1 : 0)});
         breakNext_ = false;
     }
     void breakHere() { breakNext_ = true; }
 
     // The last t with a point between `t` (which has one) and `missing` (which has none).
-    double edge(double t, PlanePoint& p, double missing) {
+    double edge(double t, CurveXY& p, double missing) {
         for (int n = 0; n < kEdgeHalvings; ++n) {
             const double middle = 0.5 * (t + missing);
             if (middle == t || middle == missing) {
                 break;
             }
-            PlanePoint q;
+            CurveXY q;
             if (at(middle, q)) {
                 t = middle;
                 p = q;
@@ -52,7 +52,7 @@ class Refiner {
     }
 
     // Emits the curve after (ta, a) up to and including (tb, b); both have points.
-    void refine(double ta, PlanePoint a, double tb, PlanePoint b, int depth, double parentChord) {
+    void refine(double ta, CurveXY a, double tb, CurveXY b, int depth, double parentChord) {
         const double chord = pixels(a, b);
         const double tm = 0.5 * (ta + tb);
         if (out_.evaluations >= settings_.budget) {
@@ -67,17 +67,17 @@ class Refiner {
             emit(tb, b);
             return;
         }
-        PlanePoint m;
+        CurveXY m;
         if (!at(tm, m)) {
             // No value inside the step: end this stretch at its edge, begin the next at the
             // other edge.
-            PlanePoint left = a;
+            CurveXY left = a;
             const double tl = edge(ta, left, tm);
             if (tl != ta) {
                 refine(ta, a, tl, left, depth + 1, chord);
             }
             breakHere();
-            PlanePoint right = b;
+            CurveXY right = b;
             const double tr = edge(tb, right, tm);
             emit(tr, right);
             if (tr != tb) {
@@ -94,13 +94,13 @@ class Refiner {
     }
 
   private:
-    double pixels(PlanePoint a, PlanePoint b) const {
+    double pixels(CurveXY a, CurveXY b) const {
         return std::hypot((b.x - a.x) / settings_.xPerPixel, (b.y - a.y) / settings_.yPerPixel);
     }
 
     // Pixels from m to the segment a-b: to the segment, not its line, so that a middle beyond
     // either end (a pole between a and b) is never taken for straight.
-    double offSegment(PlanePoint a, PlanePoint m, PlanePoint b) const {
+    double offSegment(CurveXY a, CurveXY m, CurveXY b) const {
         const double bx = (b.x - a.x) / settings_.xPerPixel, by = (b.y - a.y) / settings_.yPerPixel;
         const double mx = (m.x - a.x) / settings_.xPerPixel, my = (m.y - a.y) / settings_.yPerPixel;
         const double length2 = bx * bx + by * by;
@@ -128,7 +128,7 @@ CurveSampling refineCurve(const CurveAt& curve, const RefineSettings& settings,
         return k == count - 1 ? settings.tEnd : settings.tBegin + span * k / (count - 1);
     };
     double ta = startT(0);
-    PlanePoint a;
+    CurveXY a;
     bool hasA = refiner.at(ta, a);
     if (hasA) {
         refiner.emit(ta, a);
@@ -141,19 +141,19 @@ CurveSampling refineCurve(const CurveAt& curve, const RefineSettings& settings,
             break;
         }
         const double tb = startT(k);
-        PlanePoint b;
+        CurveXY b;
         const bool hasB = refiner.at(tb, b);
         if (hasA && hasB) {
             refiner.refine(ta, a, tb, b, 0, inf);
         } else if (hasA) {
-            PlanePoint edge = a;
+            CurveXY edge = a;
             const double te = refiner.edge(ta, edge, tb);
             if (te != ta) {
                 refiner.refine(ta, a, te, edge, 1, inf);
             }
             refiner.breakHere();
         } else if (hasB) {
-            PlanePoint edge = b;
+            CurveXY edge = b;
             const double te = refiner.edge(tb, edge, ta);
             refiner.breakHere();
             refiner.emit(te, edge);

@@ -17,7 +17,7 @@ bool valueAt(Formula& formula, double t, int slot, double& value) {
 
 CurveAt curveOf(Formula& formula, CurveForm form) {
     if (form == CurveForm::Polar) {
-        return [&formula](double t, PlanePoint& point) {
+        return [&formula](double t, CurveXY& point) {
             double r = 0.0;
             if (!valueAt(formula, t, kFunctionSlot, r)) {
                 return false;
@@ -26,7 +26,7 @@ CurveAt curveOf(Formula& formula, CurveForm form) {
             return true;
         };
     }
-    return [&formula](double t, PlanePoint& point) {
+    return [&formula](double t, CurveXY& point) {
         return valueAt(formula, t, kFunctionSlot, point.x) &&
                valueAt(formula, t, kSecondFunctionSlot, point.y);
     };

@@ -11,7 +11,7 @@ class Formula;
 
 enum class CurveForm { Parametric, Polar };
 
-struct PlanePoint {
+struct CurveXY {
     double x = 0.0;
     double y = 0.0;
 };
@@ -27,7 +27,7 @@ struct CurvePoint {
 };
 
 // The curve's point at t; false where it has none (a formula left its domain or gave no number).
-using CurveAt = std::function<bool(double t, PlanePoint& point)>;
+using CurveAt = std::function<bool(double t, CurveXY& point)>;
 
 // The curve of the prepared formula slots: x(t) in the function's slot and y(t) in the second
 // function's, or r(t) in the function's slot.

@@ -24,13 +24,14 @@ bool anyGraph(const S& s) {
 bool function2D(const S& s) {
     return s.kind == GraphKind::Function2D;
 }
-// The math tools work on the function or the equation on screen.
-bool functionOrEquation(const S& s) {
-    return s.kind == GraphKind::Function2D || s.kind == GraphKind::Equation;
+// The math tools work on the function, the equation or the curve on screen.
+bool flatGraph(const S& s) {
+    return s.kind == GraphKind::Function2D || s.kind == GraphKind::Equation ||
+           s.kind == GraphKind::Curve;
 }
 // Fitting, grid properties, the mouse modes and the one-axis zooms act on a flat view.
 bool plane(const S& s) {
-    return functionOrEquation(s);
+    return flatGraph(s);
 }
 bool surface(const S& s) {
     return s.kind == GraphKind::Surface3D;
@@ -55,6 +56,9 @@ constexpr std::array kCommands{
                "EQUATION WITH TWO VARIABLES", always},
     CommandRow{C::ThreeDGraph, 40091, M, "File", "Three D Graph", "", "THREE D FUNCTION F (X, Y)",
                always},
+    // Our own kinds, after the specified ones and numbered clear of them.
+    CommandRow{C::ParametricCurve, 40301, M, "File", "Parametric Curve", "", "", always},
+    CommandRow{C::PolarCurve, 40302, M, "File", "Polar Curve", "", "", always},
     CommandRow{C::SaveAsFile, 40030, M, "File", "Save As File", "", "SAVE TO FILE", anyGraph},
     CommandRow{C::Print, 40018, M, "File", "Print", "", "PRINT", anyGraph},
     CommandRow{C::SaveNewEntries, 40093, M, "File", "Save New Entries", "", "",
@@ -89,9 +93,8 @@ constexpr std::array kCommands{
     CommandRow{C::DrawGrid, 40010, M, "Grid", "Draw Grid", "", "DRAW GRID", planeOrSurface},
     CommandRow{C::GridProperties, 40133, M, "Grid", "Grid Properties", "", "", plane},
     // Math
-    CommandRow{C::MathDialog, 40012, M, "Math", "Math Dialog", "", "MATH DIALOG",
-               functionOrEquation},
-    CommandRow{C::Information, 40200, M, "Math", "Information", "", "", functionOrEquation},
+    CommandRow{C::MathDialog, 40012, M, "Math", "Math Dialog", "", "MATH DIALOG", flatGraph},
+    CommandRow{C::Information, 40200, M, "Math", "Information", "", "", flatGraph},
     // The integral curve and the painted area go together.
     CommandRow{C::EraseIntegral, 40029, M, "Math", "Erase Integral", "", "",
                [](const S& s) { return function2D(s) && (s.hasIntegral || s.areaPainted); }},

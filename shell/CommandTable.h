@@ -16,6 +16,8 @@ enum class Command {
     SwitchFunctions,
     Equation,
     ThreeDGraph,
+    ParametricCurve,
+    PolarCurve,
     SaveAsFile,
     Print,
     SaveNewEntries,

@@ -161,6 +161,8 @@ void CurveWindow::buildControls() {
     connect(tEndEdit_, &QLineEdit::textChanged, this,
             [this](const QString& text) { tEndBox_.setText(text.toStdString()); });
     updatePointsLabel();
+    // The window opens at the formula, as the Function dialog does.
+    firstEdit_->setFocus();
 }
 
 void CurveWindow::setHistory(const CurveHistory* history) {

@@ -8,6 +8,7 @@
 #include "graph2d/ui/FontSubstitutes.h"
 #include "history/HistoryPort.h"
 #include "history/ui/HistoryService.h"
+#include "shell/ui/CurveCommands.h"
 #include "shell/ui/MainWindow.h"
 #include "shell/ui/ProductWebPage.h"
 #include "shell/ui/TitlePage.h"
@@ -35,6 +36,8 @@ void Application::createMainWindow() {
     window_ = std::make_unique<MainWindow>(MainWindowParts{
         formula_, graph_, view_, reporter_, worker_, surface_, &equation_, &twoVariable_});
     window_->setHistoryPort(history_);
+    // The curves' history lives beside the entries file, in the same folder.
+    window_->curves().setHistoryFolder(std::filesystem::path("."));
     historyService_->setDialogParent(window_.get());
     QObject::connect(window_.get(), &MainWindow::closed, &qt_, &QApplication::quit,
                      Qt::QueuedConnection);

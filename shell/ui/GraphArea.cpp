@@ -118,6 +118,8 @@ void GraphCanvas::render() {
     layOutView();
     if (kind_ == GraphKind::Equation && equation_ != nullptr && equationLook_ != nullptr) {
         equationPainter_.draw(painter_, painter, *equation_, view_, *equationLook_);
+    } else if (kind_ == GraphKind::Curve && curve_ != nullptr) {
+        curvePainter_.draw(painter_, painter, *curve_, view_);
     } else if (kind_ == GraphKind::Function2D && graph_.main.exists()) {
         painter_.draw(painter, animating_ ? partial_.graph() : graph_, view_);
     }

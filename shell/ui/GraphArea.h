@@ -10,6 +10,7 @@
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/GraphPainter.h"
 #include "graph3d/ui/SurfaceRedraw.h"
+#include "parametric/ui/CurvePainter.h"
 #include "shell/GraphKind.h"
 
 class QScrollBar;
@@ -46,6 +47,7 @@ class GraphCanvas : public QWidget {
         invalidate();
     }
     GraphKind kind() const { return kind_; }
+    void setCurve(const CurveGraph* curve) { curve_ = curve; }
     void setEquation(const EquationCurve* curve, const EquationLook* look) {
         equation_ = curve;
         equationLook_ = look;
@@ -75,6 +77,8 @@ class GraphCanvas : public QWidget {
     const EquationCurve* equation_ = nullptr;
     const EquationLook* equationLook_ = nullptr;
     EquationPainter equationPainter_;
+    const CurveGraph* curve_ = nullptr;
+    CurvePainter curvePainter_;
     // Sized in device pixels, so the graph is sharp on high-density screens.
     QImage buffer_;
     bool stale_ = true;

@@ -7,7 +7,9 @@
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph3d/SurfaceScene.h"
+#include "parametric/ui/CurvePainter.h"
 #include "shell/CommandState.h"
+#include "shell/ui/CurveCommands.h"
 #include "shell/ui/EquationCommands.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/MathCommands.h"
@@ -95,6 +97,23 @@ QString EquationGraph::show() {
     }
     return curve.truncated ? QString::fromStdString(solutionLimitText())
                            : QStringLiteral("%1 solution points").arg(curve.count());
+}
+
+QString CurveShownGraph::show() {
+    area_.canvas()->showSurface(nullptr);
+    // The view opens on the curve at equal scales, laid out for the canvas it is shown on.
+    area_.canvas()->layOutView();
+    fitViewToCurve(view_, curves_.graph());
+    area_.showNewGraph();
+    return QStringLiteral("%1 points").arg(curves_.graph().points.size());
+}
+
+void CurveShownGraph::openMathDialog() {
+    curves_.openMathDialog();
+}
+
+void CurveShownGraph::openInformation() {
+    curves_.openInformation();
 }
 
 void EquationGraph::openMathDialog() {

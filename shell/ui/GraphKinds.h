@@ -8,6 +8,7 @@
 
 namespace curvemill {
 
+class CurveCommands;
 class EquationCommands;
 class GraphArea;
 class MathCommands;
@@ -81,6 +82,20 @@ class EquationGraph : public FlatGraph {
 
   private:
     EquationCommands& equation_;
+};
+
+// A parametric or polar curve: the 2D view, its own Math and Information windows.
+class CurveShownGraph : public FlatGraph {
+  public:
+    CurveShownGraph(GraphArea& area, GraphView& view, ViewCommands& commands, CurveCommands& curves)
+        : FlatGraph(area, view, commands), curves_(curves) {}
+    GraphKind kind() const override { return GraphKind::Curve; }
+    QString show() override;
+    void openMathDialog() override;
+    void openInformation() override;
+
+  private:
+    CurveCommands& curves_;
 };
 
 // A surface has a grid box, zooms as a figure and has no math tools.

@@ -156,6 +156,14 @@ GraphPicture GraphOutputs::picture() const {
         };
         return picture;
     }
+    if (kind == GraphKind::Curve && others_.curve != nullptr) {
+        picture.draw = curveDrawing(*others_.curve, view_);
+        const CurveGraph& curve = *others_.curve;
+        picture.pointsCsv = [&curve, &view, logicalPart](const std::optional<QRect>& part) {
+            return curvePointsCsv(curve, view, logicalPart(part));
+        };
+        return picture;
+    }
     const TwoDGraph& graph = graph_;
     picture.pointsCsv = [&graph, &view, logicalPart](const std::optional<QRect>& part) {
         return twoDPointsCsv(graph, view, logicalPart(part));

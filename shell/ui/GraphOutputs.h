@@ -18,6 +18,7 @@ namespace curvemill {
 
 class CommandActions;
 class GraphArea;
+struct CurveGraph;
 struct EquationCurve;
 struct EquationLook;
 struct GraphView;
@@ -43,6 +44,7 @@ struct OtherGraphs {
     const EquationCurve* equation = nullptr;
     const EquationLook* equationLook = nullptr;
     SurfaceScene* surface = nullptr;
+    const CurveGraph* curve = nullptr;
 };
 
 // `part` cut to the plotting area of `view`; no part stays none (every point).

@@ -11,6 +11,7 @@
 
 namespace curvemill {
 
+struct CurveGraph;
 struct EquationCurve;
 struct EquationLook;
 struct GraphView;
@@ -26,6 +27,14 @@ GraphDrawing equationDrawing(const EquationCurve& curve, const EquationLook& loo
 // "<F> = 0".
 std::string equationPointsCsv(const EquationCurve& curve, const GraphView& view,
                               const std::optional<QRectF>& part);
+
+// The curve laid out like the 2D graph, as the equation is.
+GraphDrawing curveDrawing(const CurveGraph& curve, const GraphView& view);
+
+// The records (t, x, y, isBreak) whose points lie inside `part` of a screen laid out as `view`
+// (logical pixels) and inside its plotting area, or every record without a part.
+std::string curvePointsCsv(const CurveGraph& curve, const GraphView& view,
+                           const std::optional<QRectF>& part);
 
 // The surface has no scrolled document: every extent is the window's figure, fitted to the
 // target as on screen, on the screen's background.

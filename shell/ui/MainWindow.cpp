@@ -25,6 +25,7 @@
 #include "shell/ui/AboutDialog.h"
 #include "shell/ui/CalculatorLookup.h"
 #include "shell/ui/CommandActions.h"
+#include "shell/ui/CurveCommands.h"
 #include "shell/ui/EquationCommands.h"
 #include "shell/ui/FunctionCommands.h"
 #include "shell/ui/GraphArea.h"
@@ -76,8 +77,13 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     equation_ = new EquationCommands(parts_.formula, parts_.view, parts_.worker, parts_.graph,
                                      parts_.equation, parts_.twoVariable, this);
     graphArea_->canvas()->setEquation(&equation_->curve(), &equation_->look());
-    outputs_->setOtherGraphs(
-        {[this] { return kind_; }, &equation_->curve(), &equation_->look(), &parts_.surface});
+    curves_ = new CurveCommands(parts_.formula, parts_.worker, this);
+    graphArea_->canvas()->setCurve(&curves_->graph());
+    outputs_->setOtherGraphs({[this] { return kind_; }, &equation_->curve(), &equation_->look(),
+                              &parts_.surface, &curves_->graph()});
+    connect(curves_, &CurveCommands::shown, this, [this] { showGraph(*curveGraph_); });
+    connect(curves_, &CurveCommands::statusMessage, this,
+            [this](const QString& text) { status_->setText(text); });
     equation_->setSurfaceComputation(&surfaceComputation());
     connect(equation_, &EquationCommands::shown, this, [this] { showGraph(*equationGraph_); });
     connect(equation_, &EquationCommands::repaintRequested, this, [this] { graphArea_->redraw(); });
@@ -129,6 +135,8 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
                                                      parts_.graph, *math_);
     equationGraph_ =
         std::make_unique<EquationGraph>(*graphArea_, parts_.view, *viewCommands_, *equation_);
+    curveGraph_ =
+        std::make_unique<CurveShownGraph>(*graphArea_, parts_.view, *viewCommands_, *curves_);
     surfaceGraph_ =
         std::make_unique<SurfaceGraph>(*graphArea_, parts_.surface, *surfaceCommands_, *rotation_);
     // A large surface is drawn over several frames; the status says how far it has come.
@@ -150,6 +158,7 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     functions_->bindCommands(*commands_);
     math_->bindCommands(*commands_);
     equation_->bindCommands(*commands_);
+    curves_->bindCommands(*commands_);
     outputs_->bindCommands(*commands_);
     viewCommands_->bindCommands(*commands_);
     rotation_->bindCommands(*commands_);

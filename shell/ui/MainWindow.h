@@ -16,6 +16,8 @@ class QStackedWidget;
 namespace curvemill {
 
 class CommandActions;
+class CurveCommands;
+class CurveShownGraph;
 class EquationCommands;
 class EquationGraph;
 class FunctionGraph;
@@ -62,6 +64,8 @@ class MainWindow : public QMainWindow, public FailureScope {
   public:
     explicit MainWindow(MainWindowParts parts);
     ~MainWindow() override;
+    // The parametric and polar curves' commands (their history folder is set from outside).
+    CurveCommands& curves() { return *curves_; }
 
     ProcedureName procedureName() const override { return kProcMainWindow; }
     // Wired when a history implementation exists; null leaves its commands disabled.
@@ -124,6 +128,7 @@ class MainWindow : public QMainWindow, public FailureScope {
     std::unique_ptr<CommandActions> commands_;
     std::unique_ptr<GraphOutputs> outputs_;
     EquationCommands* equation_ = nullptr;
+    CurveCommands* curves_ = nullptr;
     QStackedWidget* pages_ = nullptr;
     TitlePage* titlePage_ = nullptr;
     GraphArea* graphArea_ = nullptr;
@@ -139,6 +144,7 @@ class MainWindow : public QMainWindow, public FailureScope {
     std::unique_ptr<ContextHelp> contextHelp_;
     std::unique_ptr<FunctionGraph> functionGraph_;
     std::unique_ptr<EquationGraph> equationGraph_;
+    std::unique_ptr<CurveShownGraph> curveGraph_;
     std::unique_ptr<SurfaceGraph> surfaceGraph_;
     // The kind on screen; null on the title page.
     ShownGraph* shown_ = nullptr;

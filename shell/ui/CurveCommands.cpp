@@ -1,0 +1,85 @@
+#include "shell/ui/CurveCommands.h"
+
+#include "parametric/ui/CurveToolDialogs.h"
+#include "parametric/ui/CurveWindow.h"
+#include "shell/ui/CommandActions.h"
+#include "shell/ui/KindWindows.h"
+
+namespace curvemill {
+
+CurveCommands::CurveCommands(Formula& formula, Worker& worker, QWidget* parent)
+    : QObject(parent), formula_(formula), worker_(worker), parent_(parent) {}
+
+CurveCommands::~CurveCommands() = default;
+
+void CurveCommands::bindCommands(CommandActions& actions) {
+    actions.bind(Command::ParametricCurve, [this] { openWindow(CurveForm::Parametric); });
+    actions.bind(Command::PolarCurve, [this] { openWindow(CurveForm::Polar); });
+}
+
+void CurveCommands::setHistoryFolder(const std::optional<std::filesystem::path>& folder) {
+    historyFile_.reset();
+    history_ = CurveHistory{};
+    if (!folder) {
+        return;
+    }
+    historyFile_ = *folder / kCurveHistoryFileName;
+    CurveHistoryReading reading = loadCurveHistory(*historyFile_);
+    if (!reading.problem.empty()) {
+        // A file we cannot read is never replaced: the curves' history stays in memory.
+        Q_EMIT statusMessage(QStringLiteral("The history of curves was not read: %1")
+                                 .arg(QString::fromStdString(reading.problem)));
+        historyFile_.reset();
+        return;
+    }
+    history_ = std::move(reading.history);
+}
+
+void CurveCommands::openWindow(CurveForm form) {
+    QPointer<CurveWindow>& window = windows_[form == CurveForm::Polar ? 1 : 0];
+    if (window == nullptr) {
+        window = new CurveWindow(form, formula_, graph_, worker_, parent_);
+        window->setHistory(&history_);
+        connect(window, &CurveWindow::entryAccepted, this, [this](const CurveEntry& entry) {
+            history_.record(entry);
+            if (historyFile_) {
+                if (const auto why = saveCurveHistory(*historyFile_, history_)) {
+                    Q_EMIT statusMessage(QStringLiteral("The history of curves was not saved: %1")
+                                             .arg(QString::fromStdString(*why)));
+                }
+            }
+        });
+        connect(window, &CurveWindow::graphDrawn, this, [this] {
+            Q_EMIT shown();
+            if (graph_.budgetMet) {
+                Q_EMIT statusMessage(
+                    QStringLiteral("The curve bends too often to be drawn straight everywhere: "
+                                   "it was refined as far as the limit of evaluations allows"));
+            }
+        });
+    }
+    window->setHistory(&history_);
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
+void CurveCommands::openMathDialog() {
+    if (math_ == nullptr) {
+        math_ = new CurveMathDialog(formula_, graph_, worker_, parent_);
+        belongToGraphKind(*math_, GraphKind::Curve);
+    }
+    math_->show();
+    math_->raise();
+}
+
+void CurveCommands::openInformation() {
+    if (information_ == nullptr) {
+        information_ = new CurveInformationDialog(formula_, graph_, parent_);
+        belongToGraphKind(*information_, GraphKind::Curve);
+    }
+    information_->show();
+    information_->raise();
+}
+
+}  // namespace curvemill

@@ -1,0 +1,61 @@
+// The parametric and polar curves on the main window: their input windows, the curve they draw,
+// its Math tools and its history file.
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include <QObject>
+#include <QPointer>
+
+#include "parametric/CurveGraph.h"
+#include "parametric/CurveHistory.h"
+
+class QWidget;
+
+namespace curvemill {
+
+class CommandActions;
+class CurveInformationDialog;
+class CurveMathDialog;
+class CurveWindow;
+class Formula;
+class Worker;
+
+class CurveCommands : public QObject {
+    Q_OBJECT
+  public:
+    CurveCommands(Formula& formula, Worker& worker, QWidget* parent);
+    ~CurveCommands() override;
+
+    // Binds the group's rows of the command table.
+    void bindCommands(CommandActions& actions);
+    // Where the history of curves is kept: the entries file's folder. None keeps it in memory.
+    void setHistoryFolder(const std::optional<std::filesystem::path>& folder);
+
+    const CurveGraph& graph() const { return graph_; }
+    void openWindow(CurveForm form);
+    void openMathDialog();
+    void openInformation();
+
+  Q_SIGNALS:
+    // A curve was drawn: it is to be shown.
+    void shown();
+    void statusMessage(const QString& text);
+
+  private:
+    Formula& formula_;
+    Worker& worker_;
+    QWidget* parent_;
+    CurveGraph graph_;
+    CurveHistory history_;
+    std::optional<std::filesystem::path> historyFile_;
+    std::array<QPointer<CurveWindow>, 2> windows_;
+    QPointer<CurveMathDialog> math_;
+    QPointer<CurveInformationDialog> information_;
+};
+
+}  // namespace curvemill
