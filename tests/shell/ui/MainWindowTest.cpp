@@ -31,6 +31,23 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+// An object whose handling of a user event runs `fault`.
+class FaultyControl : public QObject {
+  public:
+    FaultyControl(QObject* parent, std::function<void()> fault)
+        : QObject(parent), fault_(std::move(fault)) {}
+    bool event(QEvent* event) override {
+        if (event->type() != QEvent::User) {
+            return QObject::event(event);
+        }
+        fault_();
+        return true;
+    }
+
+  private:
+    std::function<void()> fault_;
+};
+
 bool isBlue(QRgb c) {
     return qBlue(c) > 200 && qRed(c) < 80 && qGreen(c) < 80;
 }
@@ -370,19 +387,19 @@ class MainWindowTest : public MainWindowFixture {
         app->setFailureReporter(&reporter);
         action(1033)->trigger();
         action(40009)->trigger();
-        // Each fault in the handling of an event, delivered to an object of the dialog or to the
-        // main window.
-        const auto handled = [](QObject* receiver, void (*fault)()) {
-            QMetaObject::invokeMethod(receiver, fault, Qt::QueuedConnection);
-        };
-        handled(new QObject(shown<TwoDGraphDialog>()), [] { throw std::runtime_error("broken"); });
-        handled(window.get(), [] {
+        auto* throwing =
+            new FaultyControl(shown<TwoDGraphDialog>(), [] { throw std::runtime_error("broken"); });
+        auto* trapping = new FaultyControl(window.get(), [] {
             feenableexcept(FE_INVALID);
             volatile double zero = 0.0;
             volatile double nan = zero / zero;
             (void)nan;
         });
-        QCoreApplication::sendPostedEvents();
+        // Sent, not posted: a trap inside a queued call's functor leaves the posted-event loop in
+        // a state the address sanitizer's build does not survive.
+        QEvent user(QEvent::User);
+        QCoreApplication::sendEvent(throwing, &user);
+        QCoreApplication::sendEvent(trapping, &user);
         app->setFailureReporter(nullptr);
         // The demonstration, then the two faults, each under the name of its handler.
         QVERIFY((reporter.names ==
