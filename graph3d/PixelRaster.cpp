@@ -17,33 +17,11 @@ void RasterSurfaceSink::span(int y, int from, int to, std::uint32_t pixel) {
     }
 }
 
-// Clips the segment to the buffer (Liang-Barsky) so that a figure zoomed far beyond the target
-// costs no more than what shows.
+// Clips the segment to the buffer so that a figure zoomed far beyond the target costs no more
+// than what shows.
 bool RasterSurfaceSink::clip(ScreenPoint from, ScreenPoint to, Segment& out) const {
-    const double x0 = from.x, y0 = from.y;
-    const double dx = double(to.x) - from.x, dy = double(to.y) - from.y;
-    double t0 = 0, t1 = 1;
-    const double p[4] = {-dx, dx, -dy, dy};
-    const double q[4] = {x0, buffer_.width - 1 - x0, y0, buffer_.height - 1 - y0};
-    for (int k = 0; k < 4; ++k) {
-        if (p[k] == 0) {
-            if (q[k] < 0) {
-                return false;
-            }
-            continue;
-        }
-        const double r = q[k] / p[k];
-        if (p[k] < 0) {
-            t0 = std::max(t0, r);
-        } else {
-            t1 = std::min(t1, r);
-        }
-    }
-    if (t0 > t1) {
-        return false;
-    }
-    out = {x0 + t0 * dx, y0 + t0 * dy, x0 + t1 * dx, y0 + t1 * dy};
-    return true;
+    out = {double(from.x), double(from.y), double(to.x), double(to.y)};
+    return clipSegment(out, 0, 0, buffer_.width - 1, buffer_.height - 1);
 }
 
 void RasterSurfaceSink::blend(int x, int y, std::uint32_t pixel, double coverage) {

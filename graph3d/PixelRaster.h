@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "graph2d/SegmentClip.h"
 #include "graph3d/SurfaceDrawing.h"
 
 namespace curvemill {
@@ -39,9 +40,6 @@ class RasterSurfaceSink : public SurfaceSink {
     void set(int x, int y, std::uint32_t pixel) {
         buffer_.bits[static_cast<std::ptrdiff_t>(y) * buffer_.stride + x] = pixel;
     }
-    struct Segment {
-        double x0 = 0, y0 = 0, x1 = 0, y1 = 0;
-    };
     bool clip(ScreenPoint from, ScreenPoint to, Segment& out) const;
     void span(int y, int from, int to, std::uint32_t pixel);
     void blend(int x, int y, std::uint32_t pixel, double coverage);

@@ -7,6 +7,7 @@
 #include <QPainterPath>
 
 #include "graph2d/GraphView.h"
+#include "graph2d/SegmentClip.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/GraphPainter.h"
 #include "graph2d/ui/GraphPens.h"
@@ -24,33 +25,14 @@ constexpr double kOutside = 64.0;
 constexpr double kArrowLength = 9.0;
 constexpr double kArrowHalfWidth = 4.0;
 
-// Cuts the segment a-b to `box` (Liang-Barsky); false when nothing of it is inside.
+// Cuts the segment a-b to `box`; false when nothing of it is inside.
 bool clipToBox(QPointF& a, QPointF& b, const QRectF& box) {
-    const double dx = b.x() - a.x(), dy = b.y() - a.y();
-    double t0 = 0, t1 = 1;
-    const double p[4] = {-dx, dx, -dy, dy};
-    const double q[4] = {a.x() - box.left(), box.right() - a.x(), a.y() - box.top(),
-                         box.bottom() - a.y()};
-    for (int k = 0; k < 4; ++k) {
-        if (p[k] == 0) {
-            if (q[k] < 0) {
-                return false;
-            }
-            continue;
-        }
-        const double r = q[k] / p[k];
-        if (p[k] < 0) {
-            t0 = std::max(t0, r);
-        } else {
-            t1 = std::min(t1, r);
-        }
-    }
-    if (t0 > t1) {
+    Segment s{a.x(), a.y(), b.x(), b.y()};
+    if (!clipSegment(s, box.left(), box.top(), box.right(), box.bottom())) {
         return false;
     }
-    const QPointF from = a;
-    a = from + t0 * QPointF(dx, dy);
-    b = from + t1 * QPointF(dx, dy);
+    a = QPointF(s.x0, s.y0);
+    b = QPointF(s.x1, s.y1);
     return true;
 }
 
