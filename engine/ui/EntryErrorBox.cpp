@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QLineEdit>
 #include <QMessageBox>
 
 #include "engine/NumberEntry.h"
@@ -18,6 +19,18 @@ void showEntryError(QWidget* dialog, const QString& text, const QWidget* edit) {
     if (box.clickedButton() == box.button(QMessageBox::Help)) {
         QEvent request(QEvent::HelpRequest);
         QCoreApplication::sendEvent(&box, &request);
+    }
+}
+
+void showRefusal(QWidget* dialog, const QString& text, QLineEdit* box, bool explained) {
+    if (explained) {
+        showEntryError(dialog, text, box);
+    } else {
+        QMessageBox::critical(dialog, QString::fromLatin1(kBoxCaption), text);
+    }
+    if (box != nullptr) {
+        box->setFocus();
+        box->selectAll();
     }
 }
 

@@ -6,7 +6,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -246,21 +245,6 @@ void TwoDGraphDialog::setRunning(bool running) {
     }
 }
 
-bool TwoDGraphDialog::failEntry(const std::string& message, QLineEdit* box, bool helpful) {
-    // A refused entry has a Help button explaining its message; the order checks do not.
-    if (helpful) {
-        showEntryError(this, QString::fromStdString(message), box);
-    } else {
-        QMessageBox::critical(this, QString::fromLatin1(kBoxCaption),
-                              QString::fromStdString(message));
-    }
-    if (box != nullptr) {
-        box->setFocus();
-        box->selectAll();
-    }
-    return false;
-}
-
 void TwoDGraphDialog::accept() {
     if (isRunning()) {
         return;
@@ -287,7 +271,7 @@ void TwoDGraphDialog::accept() {
             box->setFocus();
             return;
         }
-        failEntry(refusal->message, box, refusal->explained);
+        showRefusal(this, QString::fromStdString(refusal->message), box, refusal->explained);
         return;
     }
     startRun(typed, entries.xBegin, entries.xEnd);

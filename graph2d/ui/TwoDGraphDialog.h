@@ -102,7 +102,6 @@ class TwoDGraphDialog : public QDialog, public FailureScope {
     void updatePointsLabel();
     void applyPrompts(bool on);
     void setRunning(bool running);
-    bool failEntry(const std::string& message, QLineEdit* box, bool helpful = false);
     void startRun(const std::string& typedFormula, double xBegin, double xEnd);
     bool sampleOnWorker();
     void finishRun(bool completed);

@@ -56,14 +56,7 @@ QPushButton* button(QWidget* parent, int id, const QString& text) {
 
 // A box's own refusal has a Help button explaining it; a range refusal does not.
 void refuse(QWidget* dialog, const std::string& message, QLineEdit* box) {
-    if (message.rfind("ERROR IN ", 0) == 0) {
-        showEntryError(dialog, QString::fromStdString(message), box);
-    } else {
-        QMessageBox::critical(dialog, QString::fromLatin1(kBoxCaption),
-                              QString::fromStdString(message));
-    }
-    box->setFocus();
-    box->selectAll();
+    showRefusal(dialog, QString::fromStdString(message), box, message.rfind("ERROR IN ", 0) == 0);
 }
 
 }  // namespace

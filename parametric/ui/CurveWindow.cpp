@@ -10,7 +10,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -285,14 +284,7 @@ void CurveWindow::accept() {
                          : refusal->box == CurveEntryBox::kTEnd         ? tEndEdit_
                          : refusal->box == CurveEntryBox::kFirstFormula ? firstEdit_
                                                                         : secondEdit_;
-        if (refusal->explained) {
-            showEntryError(this, QString::fromStdString(refusal->message), box);
-        } else {
-            QMessageBox::critical(this, QString::fromLatin1(kBoxCaption),
-                                  QString::fromStdString(refusal->message));
-        }
-        box->setFocus();
-        box->selectAll();
+        showRefusal(this, QString::fromStdString(refusal->message), box, refusal->explained);
         return;
     }
     running_ = CurveGraph{};
