@@ -83,7 +83,8 @@ void RasterSurfaceSink::drawSmoothLine(ScreenPoint from, ScreenPoint to, std::ui
     plot(last, static_cast<int>(std::lround(s.y1)), 1.0);
 }
 
-void RasterSurfaceSink::polygon(const ScreenPoint* corners, int count, std::uint32_t colour) {
+void RasterSurfaceSink::cell(const ScreenPoint* corners, int count, std::uint32_t colour,
+                             unsigned openEdges) {
     const std::uint32_t pixel = toPixel(colour);
     if (count >= 3) {
         int top = corners[0].y, bottom = corners[0].y;
@@ -101,10 +102,15 @@ void RasterSurfaceSink::polygon(const ScreenPoint* corners, int count, std::uint
             double crossings[4];
             int found = 0;
             for (int n = 0; n < count && found < 4; ++n) {
-                const ScreenPoint a = corners[n];
-                const ScreenPoint b = corners[(n + 1) % count];
+                ScreenPoint a = corners[n];
+                ScreenPoint b = corners[(n + 1) % count];
                 if ((a.y <= centre) == (b.y <= centre)) {
                     continue;
+                }
+                // From the upper end whichever way the cell runs, so that the two cells of a
+                // shared edge find the very same crossing and no pixel between them is lost.
+                if (a.y > b.y) {
+                    std::swap(a, b);
                 }
                 crossings[found++] =
                     a.x + (centre - a.y) * (double(b.x) - a.x) / (double(b.y) - a.y);
@@ -122,7 +128,9 @@ void RasterSurfaceSink::polygon(const ScreenPoint* corners, int count, std::uint
         }
     }
     for (int n = 0; n < count; ++n) {
-        drawSmoothLine(corners[n], corners[(n + 1) % count], pixel);
+        if (openEdges >> n & 1u) {
+            drawSmoothLine(corners[n], corners[(n + 1) % count], pixel);
+        }
     }
 }
 

@@ -18,15 +18,19 @@ struct PixelBuffer {
     std::ptrdiff_t stride = 0;
 };
 
-// Fills like a polygon fill with a one-pixel pen of the same colour: every pixel whose centre is
-// inside the cell, then the cell's outline, blended by how much of each pixel it covers, so that
-// the figure's edge is smooth and cells thinner than a pixel still show. Cells are filled hard
-// inside: blended fills would let the background show through between neighbours. Everything is
-// clipped to the buffer.
+// Fills every pixel whose centre is inside the cell, then outlines its open edges blended by how
+// much of each pixel the one-pixel line covers, so that the figure's edge is smooth and cells
+// thinner than a pixel still show there. Cells are filled hard inside: blended fills would let the
+// background show through between neighbours, and two neighbours' fills take every pixel centre
+// on their shared edge alike. Everything is clipped to the buffer.
 class RasterSurfaceSink : public SurfaceSink {
   public:
     explicit RasterSurfaceSink(PixelBuffer buffer) : buffer_(buffer) {}
-    void polygon(const ScreenPoint* corners, int count, std::uint32_t colour) override;
+    void polygon(const ScreenPoint* corners, int count, std::uint32_t colour) override {
+        cell(corners, count, colour, 0xfu);
+    }
+    void cell(const ScreenPoint* corners, int count, std::uint32_t colour,
+              unsigned openEdges) override;
     void line(ScreenPoint from, ScreenPoint to, std::uint32_t colour) override;
     void pixel(ScreenPoint at, std::uint32_t colour) override;
     void square(int left, int top, int right, int bottom, std::uint32_t colour) override;

@@ -40,6 +40,55 @@ bool outerLineInRange(const SurfaceScene& scene, int pass, int k) {
     }
 }
 
+// Whether `pass` draws the cell whose own vertex is (i, j): the walks above stop short of the
+// last row and column, and pass 3 of the column i = stepI as well.
+bool cellDrawn(const SurfaceScene& scene, int pass, int i, int j) {
+    const int si = scene.light.stepI;
+    const int sj = scene.light.stepJ;
+    return i >= si && i < scene.grid.nx && j >= sj && j < scene.grid.ny && (pass != 3 || i > si);
+}
+
+// Twice the signed area of the projected cell, by its diagonals; 0 where a corner is missing.
+std::int64_t facing(const SurfaceScene& scene, const ScreenPoints& points, int i, int j) {
+    const int si = scene.light.stepI;
+    const int sj = scene.light.stepJ;
+    const SurfaceGrid& grid = scene.grid;
+    if (!defined(grid, i, j) || !defined(grid, i - si, j) || !defined(grid, i - si, j - sj) ||
+        !defined(grid, i, j - sj)) {
+        return 0;
+    }
+    const ScreenPoint a = points.at(i, j);
+    const ScreenPoint b = points.at(i - si, j);
+    const ScreenPoint c = points.at(i - si, j - sj);
+    const ScreenPoint d = points.at(i, j - sj);
+    return std::int64_t(c.x - a.x) * (d.y - b.y) - std::int64_t(c.y - a.y) * (d.x - b.x);
+}
+
+// The edges of a whole cell behind which no neighbour of the same facing is drawn. Between two
+// neighbours that face the same way the fills meet exactly, so blending there would only cost
+// time; everywhere else the edge is where the figure's outline runs.
+unsigned openEdges(const SurfaceScene& scene, const ScreenPoints& points, int i, int j, int pass) {
+    const std::int64_t own = facing(scene, points, i, j);
+    if (own == 0) {
+        return 0xfu;
+    }
+    const int si = scene.light.stepI;
+    const int sj = scene.light.stepJ;
+    // Across the edge from corner k to corner k + 1 of {(i,j), (i-si,j), (i-si,j-sj), (i,j-sj)}.
+    const int across[4][2] = {{i, j + sj}, {i - si, j}, {i, j - sj}, {i + si, j}};
+    unsigned open = 0;
+    for (int k = 0; k < 4; ++k) {
+        const int ni = across[k][0];
+        const int nj = across[k][1];
+        const std::int64_t other =
+            cellDrawn(scene, pass, ni, nj) ? facing(scene, points, ni, nj) : 0;
+        if ((other > 0) != (own > 0) || other == 0) {
+            open |= 1u << k;
+        }
+    }
+    return open;
+}
+
 }  // namespace
 
 // Cells are drawn row by row: every cell of one outer line before the next line, each line's
@@ -115,7 +164,7 @@ void drawCellLines(const SurfaceScene& scene, const ScreenPoints& points, int i,
 }
 
 void drawCellPolygon(const SurfaceScene& scene, const ScreenPoints& points, int i, int j,
-                     std::uint32_t colour, SurfaceSink& sink) {
+                     std::uint32_t colour, SurfaceSink& sink, int pass) {
     const SurfaceGrid& grid = scene.grid;
     if (!defined(grid, i, j)) {
         return;
@@ -130,7 +179,7 @@ void drawCellPolygon(const SurfaceScene& scene, const ScreenPoints& points, int 
             shape[count++] = points.at(c[0], c[1]);
         }
     }
-    sink.polygon(shape, count, colour);
+    sink.cell(shape, count, colour, count == 4 ? openEdges(scene, points, i, j, pass) : 0xfu);
     if (scene.drawing.shading && count >= 3) {
         // The facets' edges a quarter darker: the mesh shows the run of the surface where a
         // smooth, evenly lit slope would otherwise read as one flat patch.
@@ -143,10 +192,10 @@ void drawCellPolygon(const SurfaceScene& scene, const ScreenPoints& points, int 
 }
 
 void drawCell(const SurfaceScene& scene, const ScreenPoints& points, int i, int j,
-              const ClipRect& clip, std::uint32_t colour, SurfaceSink& sink) {
+              const ClipRect& clip, std::uint32_t colour, SurfaceSink& sink, int pass) {
     switch (scene.drawing.mode) {
         case 'a':
-            drawCellPolygon(scene, points, i, j, colour, sink);
+            drawCellPolygon(scene, points, i, j, colour, sink, pass);
             break;
         case 'l':
             drawCellLines(scene, points, i, j, colour, sink);
@@ -205,9 +254,11 @@ void drawLines(SurfaceScene& scene, const DrawingPlan& plan, int from, int to, S
         for (int m = step; m < count; m += step) {
             const RowCell& cell = line[m];
             if (rows) {
-                drawCell(scene, plan.points, cell.index, k, plan.clip, cell.colour, sink);
+                drawCell(scene, plan.points, cell.index, k, plan.clip, cell.colour, sink,
+                         plan.pass);
             } else {
-                drawCell(scene, plan.points, k, cell.index, plan.clip, cell.colour, sink);
+                drawCell(scene, plan.points, k, cell.index, plan.clip, cell.colour, sink,
+                         plan.pass);
             }
         }
         sink.lineDone();

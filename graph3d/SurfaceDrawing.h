@@ -22,6 +22,14 @@ class SurfaceSink {
     // A filled cell with its outline in the same colour; 1 to 4 corners (fewer than 3 where
     // indefinite corners left only a degenerate polygon).
     virtual void polygon(const ScreenPoint* corners, int count, std::uint32_t colour) = 0;
+    // A cell of the surface: the polygon, with bit k of `openEdges` set where the edge from corner
+    // k to the next has no drawn neighbour of the same facing beyond it (the grid's border, a hole,
+    // a fold of the surface): only there can the background or a farther part show.
+    virtual void cell(const ScreenPoint* corners, int count, std::uint32_t colour,
+                      unsigned openEdges) {
+        (void)openEdges;
+        polygon(corners, count, colour);
+    }
     // A grid line, to be clipped to the clip rectangle.
     virtual void line(ScreenPoint from, ScreenPoint to, std::uint32_t colour) = 0;
     virtual void pixel(ScreenPoint at, std::uint32_t colour) = 0;
@@ -37,11 +45,12 @@ int choosePass(const SurfaceView& view, const SurfaceGrid& grid);
 // Fills the scratch line with the colours of row j = k (axis 'x') or column i = k (axis 'y').
 void colourRow(SurfaceScene& scene, const LightWeights& weights, char axis, int k);
 
-// The cell whose own vertex is (i, j), at the vertices' projection `points`.
+// The cell whose own vertex is (i, j), at the vertices' projection `points`, drawn by `pass`
+// (0: by no pass in particular).
 void drawCell(const SurfaceScene& scene, const ScreenPoints& points, int i, int j,
-              const ClipRect& clip, std::uint32_t colour, SurfaceSink& sink);
+              const ClipRect& clip, std::uint32_t colour, SurfaceSink& sink, int pass = 0);
 void drawCellPolygon(const SurfaceScene& scene, const ScreenPoints& points, int i, int j,
-                     std::uint32_t colour, SurfaceSink& sink);
+                     std::uint32_t colour, SurfaceSink& sink, int pass = 0);
 void drawCellLines(const SurfaceScene& scene, const ScreenPoints& points, int i, int j,
                    std::uint32_t colour, SurfaceSink& sink);
 void drawCellPixel(const SurfaceScene& scene, const ScreenPoints& points, int i, int j,
