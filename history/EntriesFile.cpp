@@ -60,7 +60,7 @@ std::optional<std::string> unreadableReason(const std::filesystem::path& file) {
     return folder ? std::optional<std::string>(reason(EISDIR)) : std::nullopt;
 }
 
-int loadEntries(HistoryStore& store, char mode, const std::filesystem::path& directory,
+int loadEntries(HistoryStore& store, LoadMode mode, const std::filesystem::path& directory,
                 std::string* problem) {
     struct Candidate {
         const char* name;
@@ -99,7 +99,8 @@ int loadEntries(HistoryStore& store, char mode, const std::filesystem::path& dir
     return 1;
 }
 
-SaveResult saveEntries(HistoryStore& store, char reason, const std::function<bool()>& askToSave,
+SaveResult saveEntries(HistoryStore& store, SaveReason reason,
+                       const std::function<bool()>& askToSave,
                        const std::filesystem::path& directory, const ChunkWriter& writer) {
     if (!store.changed() && !store.searchRing().changed()) {
         return {SaveOutcome::NothingToSave, {}, {}};

@@ -20,9 +20,10 @@ inline constexpr const char* kSecondFallbackName = "Graph0.dat";
 // Where the first save after a partial load keeps the file as it was.
 inline constexpr const char* kBackupName = "Graph.dat.bak";
 
-// Save reasons: the menu command (no question), and exit (asks first).
-inline constexpr char kSaveOnCommand = 's';
-inline constexpr char kSaveAtExit = 'e';
+// Why the entries are saved: the menu command (no question), or exit (asks first).
+enum class SaveReason { kOnCommand, kAtExit };
+inline constexpr SaveReason kSaveOnCommand = SaveReason::kOnCommand;
+inline constexpr SaveReason kSaveAtExit = SaveReason::kAtExit;
 
 inline constexpr const char* kMsgFileInUse = "The file is being used by another application";
 
@@ -31,7 +32,7 @@ inline constexpr const char* kMsgFileInUse = "The file is being used by another 
 // stopped early at a bad record (the records before it stay; the store's partialLoad is set).
 // A "Graph.dat" that exists but cannot be read is passed over like a missing one, and `problem`
 // (when given) receives why, for the user: such a file is never replaced (see saveEntries).
-int loadEntries(HistoryStore& store, char mode, const std::filesystem::path& directory = ".",
+int loadEntries(HistoryStore& store, LoadMode mode, const std::filesystem::path& directory = ".",
                 std::string* problem = nullptr);
 
 // Why the entries file at `file` exists and still cannot be read (a folder, no read permission, a
@@ -59,7 +60,8 @@ struct SaveResult {
 // old "Graph.dat" is first copied to "Graph.dat.bak" (the save fails when that copy cannot be
 // made). A successful save clears the changed flags and partialLoad. `writer` lets tests break
 // the write half way.
-SaveResult saveEntries(HistoryStore& store, char reason, const std::function<bool()>& askToSave,
+SaveResult saveEntries(HistoryStore& store, SaveReason reason,
+                       const std::function<bool()>& askToSave,
                        const std::filesystem::path& directory = ".",
                        const ChunkWriter& writer = {});
 

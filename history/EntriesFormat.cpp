@@ -79,7 +79,7 @@ void appendRecord(std::string& out, const HistoryEntry& entry) {
 }
 
 template <class Next>
-bool parseEntries(HistoryStore& store, Next& next, char mode, RecordChecker& checker) {
+bool parseEntries(HistoryStore& store, Next& next, LoadMode mode, RecordChecker& checker) {
     char section = kSectionY;
     std::array<std::string, 5> fields;
     std::size_t field = 0;
@@ -133,7 +133,8 @@ bool parseEntries(HistoryStore& store, Next& next, char mode, RecordChecker& che
 
 }  // namespace
 
-bool readEntries(HistoryStore& store, std::string_view bytes, char mode, RecordChecker& checker) {
+bool readEntries(HistoryStore& store, std::string_view bytes, LoadMode mode,
+                 RecordChecker& checker) {
     std::size_t pos = 0;
     auto next = [&]() -> int {
         return pos < bytes.size() ? static_cast<unsigned char>(bytes[pos++]) : kEnd;
@@ -141,7 +142,8 @@ bool readEntries(HistoryStore& store, std::string_view bytes, char mode, RecordC
     return parseEntries(store, next, mode, checker);
 }
 
-bool readEntries(HistoryStore& store, const ByteSource& source, char mode, RecordChecker& checker) {
+bool readEntries(HistoryStore& store, const ByteSource& source, LoadMode mode,
+                 RecordChecker& checker) {
     auto next = [&source]() -> int { return source(); };
     return parseEntries(store, next, mode, checker);
 }

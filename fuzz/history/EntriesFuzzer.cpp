@@ -65,7 +65,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                   static_cast<int>(EntryKind::ThreeD) == 1);
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     curvemill::RecordChecker checker;
-    for (char mode : {curvemill::kLoadAtStartup, curvemill::kLoadEntriesOnly}) {
+    for (const auto mode : {curvemill::kLoadAtStartup, curvemill::kLoadEntriesOnly}) {
         HistoryStore store;
         curvemill::readEntries(store, bytes, mode, checker);
         checkInvariants(store);

@@ -78,7 +78,7 @@ HistoryStore storeWithNewEntries() {
 
 TEST(EntriesFileTest, SaveAsksOnlyAtExitAndOnlyWhenSomethingChanged) {
     using enum SaveOutcome;
-    const std::tuple<const char*, bool, bool, char, bool, int, SaveOutcome> cases[] = {
+    const std::tuple<const char*, bool, bool, SaveReason, bool, int, SaveOutcome> cases[] = {
         {"command saves without asking", true, false, kSaveOnCommand, false, 0, Saved},
         {"exit asks, Yes saves", true, false, kSaveAtExit, true, 1, Saved},
         {"exit asks, No keeps the file", true, false, kSaveAtExit, false, 1, Declined},

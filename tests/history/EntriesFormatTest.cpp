@@ -96,7 +96,8 @@ TEST(EntriesFormatTest, LoaderReadsEveryQuirkOfTheFormat) {
         SCOPED_TRACE(name);
         HistoryStore store;
         RecordChecker checker;
-        EXPECT_EQ(readEntries(store, text, mode, checker), whole);
+        const LoadMode load = mode == 'y' ? kLoadAtStartup : kLoadEntriesOnly;
+        EXPECT_EQ(readEntries(store, text, load, checker), whole);
         EXPECT_EQ(describe(store), entries);
         EXPECT_EQ(slots(store.searchRing()), ring);
         EXPECT_EQ(store.searchRing().newest(), 0);
@@ -155,7 +156,7 @@ TEST(EntriesFormatTest, WrittenTextReadsBackInFileOrder) {
               "-10 10 $ $ sin(x)/x*80 -3 3 -3 3 sin(x)*cos(y) &-pi pi $ $ tan(x) -5 5 -5 5 "
               "x^2+y^2-16 @ b c a ");
     HistoryStore loaded;
-    EXPECT_TRUE(readEntries(loaded, text, 'y', checker));
+    EXPECT_TRUE(readEntries(loaded, text, kLoadAtStartup, checker));
     EXPECT_EQ(describe(loaded),
               "y|-10|10|$|$|sin(x)/x*80; y|-3|3|-3|3|sin(x)*cos(y); "
               "n|-pi|pi|$|$|tan(x); n|-5|5|-5|5|x^2+y^2-16");
@@ -165,7 +166,7 @@ TEST(EntriesFormatTest, WrittenTextReadsBackInFileOrder) {
         loaded.searchRing().add(std::string("s").append(std::to_string(i)));
     }
     HistoryStore again;
-    EXPECT_TRUE(readEntries(again, formatEntries(loaded, checker), 'y', checker));
+    EXPECT_TRUE(readEntries(again, formatEntries(loaded, checker), kLoadAtStartup, checker));
     std::string oldestFirst;
     for (const std::string& s : loaded.searchRing().oldestFirst()) {
         oldestFirst += (oldestFirst.empty() ? "" : " ") + s;
