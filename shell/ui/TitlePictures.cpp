@@ -65,7 +65,7 @@ void drawFunction(QPainter& painter, QSize size, const char* text, double x0, do
 }
 
 // Samples the curve over one turn of t and draws it with the curve painter, as the program draws
-// a curve: equal scales, the arrow at its start.
+// a curve: equal scales; the arrow at its start would be a stray dot at this size.
 QPixmap curvePicture(QSize size, qreal pixelRatio, CurveForm form, const char* first,
                      const char* second) {
     QPixmap pixmap = blank(size, pixelRatio, Qt::white);
@@ -78,6 +78,7 @@ QPixmap curvePicture(QSize size, qreal pixelRatio, CurveForm form, const char* f
     graph.tEnd = 2.0 * M_PI;
     // A thumbnail needs no more; the program's own 100000 would slow the start.
     graph.startPoints = 2000;
+    graph.arrow = false;
     const bool prepared =
         prepareParameterFormula(formula, first, kModeFunction) &&
         (form == CurveForm::Polar || prepareParameterFormula(formula, second, kModeSecondFunction));
