@@ -114,6 +114,7 @@ int runCurve(CurveForm form, const ParsedArguments& arguments, std::ostream& out
     graph.tBegin = entries.tBegin;
     graph.tEnd = entries.tEnd;
     graph.startPoints = *points;
+    graph.arrow = !arguments.flag("no-arrow");
     curvemill::runCurve(formula, graph, {});
     if (arguments.flag("csv")) {
         writeCurveCsv(graph.points, out);
@@ -138,13 +139,11 @@ int runCurve(CurveForm form, const ParsedArguments& arguments, std::ostream& out
     GraphView view;
     setViewSize(view, width, height);
     fitViewToCurve(view, graph);
-    CurveLook look;
-    look.arrow = !arguments.flag("no-arrow");
     // SVG and PDF pages ask for more pixels than the image has: the view is laid out at theirs.
-    const PageDrawing draw = [&graph, &view, &look](QPainter& painter, QSize pixels) {
+    const PageDrawing draw = [&graph, &view](QPainter& painter, QSize pixels) {
         GraphView target = scaledView(view, pixels.width() / view.width);
         GraphPainter graphPainter;
-        CurvePainter().draw(graphPainter, painter, graph, target, look);
+        CurvePainter().draw(graphPainter, painter, graph, target);
     };
     ImageFileOptions options;
     options.bitsPerPixel = *depth;

@@ -1,5 +1,5 @@
 # Fails when the help sources lack a topic: run with -DTOPICS=<folder of the topics>.
-# Every file1.htm .. file32.htm must exist and be listed in the archive's project file, and the
+# Every file1.htm .. file34.htm must exist and be listed in the archive's project file, and the
 # anchors the program jumps to must be in their topics.
 if(NOT TOPICS)
     message(FATAL_ERROR "CheckHelpTopics: TOPICS not set")
@@ -10,7 +10,7 @@ if(NOT EXISTS ${project_file})
 endif()
 file(READ ${project_file} project)
 set(problems "")
-foreach(n RANGE 1 32)
+foreach(n RANGE 1 34)
     set(topic file${n}.htm)
     if(NOT EXISTS ${TOPICS}/${topic})
         list(APPEND problems "${topic} is missing")
@@ -24,7 +24,7 @@ foreach(n RANGE 1 32)
         list(APPEND problems "${topic} is not in the contents of CurveMillHelp.qhp")
     endif()
 endforeach()
-foreach(pair "19;logbase" "29;switch")
+foreach(pair "19;logbase" "29;switch" "33;tools")
     list(GET pair 0 n)
     list(GET pair 1 anchor)
     if(EXISTS ${TOPICS}/file${n}.htm)

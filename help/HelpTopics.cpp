@@ -36,6 +36,8 @@ constexpr int kSaveAsFile = 27;
 constexpr int kPrinting = 28;
 constexpr int kMenus = 29;
 constexpr int kFailures = 32;
+constexpr int kParametricCurves = 33;
+constexpr int kPolarCurves = 34;
 }  // namespace topic
 
 constexpr HelpLink to(int number, std::string_view anchor = {}) {
@@ -95,8 +97,18 @@ constexpr std::array kPlaces{
     HelpPlace{kProcThreeDRotationDialog, "", to(topic::kThreeDView)},
     HelpPlace{kProcThreeDGrid, "", to(topic::kThreeDCustomization)},
     HelpPlace{kProcTest, "", to(topic::kFailures)},
-    // The curve windows read formulas in t: the formula language's topic is theirs for now.
-    HelpPlace{kProcCurveWindow, "", to(topic::kFormulas)},
+    // One procedure serves both curve windows and their Math tools: the windows are told apart by
+    // their names, the tools (named by neither) share the parametric topic's section on them.
+    HelpPlace{kProcCurveWindow, "", to(topic::kParametricCurves, "tools")},
+    HelpPlace{kProcCurveWindow, "ParametricCurve", to(topic::kParametricCurves)},
+    HelpPlace{kProcCurveWindow, "PolarCurve", to(topic::kPolarCurves)},
+    HelpPlace{kProcCurveWindow, "error1300", to(topic::kFormulaMessages)},
+    HelpPlace{kProcCurveWindow, "error1301", to(topic::kFormulaMessages)},
+    HelpPlace{kProcCurveWindow, "error1302", to(topic::kFormulaMessages)},
+    HelpPlace{kProcCurveWindow, "error1303", to(topic::kFormulaMessages)},
+    HelpPlace{kProcCurveWindow, "error1320", to(topic::kFormulaMessages)},
+    HelpPlace{kProcCurveWindow, "error1321", to(topic::kFormulaMessages)},
+    HelpPlace{kProcCurveWindow, "error1322", to(topic::kFormulaMessages)},
 };
 
 }  // namespace

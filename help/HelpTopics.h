@@ -9,7 +9,7 @@
 
 namespace curvemill {
 
-inline constexpr int kHelpTopicCount = 32;
+inline constexpr int kHelpTopicCount = 34;
 inline constexpr int kHelpHomeTopic = 16;
 inline constexpr std::string_view kHelpArchiveName = "CurveMillHelp.qch";
 // The archive's namespace and folder, as its project file declares them.
@@ -21,7 +21,7 @@ inline constexpr const char* kMsgHelpMissing =
     "TO VIEW HELP, YOU MUST HAVE <CurveMillHelp.chm>\n IN THE SAME DIRECTORY AS "
     "<CurveMill.exe>\nCLICK 'YES' IF YOU WANT TO DOWNLOAD THIS FILE FROM OUR WEBSITE";
 
-// "file%d.htm", or "file%d.htm#%s" when an anchor is given; empty for a number outside 1..32.
+// "file%d.htm", or "file%d.htm#%s" when an anchor is given; empty for a number outside 1..34.
 std::string helpTopicFile(int topic, std::string_view anchor = {});
 
 // The topic's address inside the archive: qthelp://<namespace>/<folder>/file%d.htm[#anchor].

@@ -19,6 +19,8 @@ struct CurveGraph {
     double tBegin = 0.0;
     double tEnd = 1.0;
     int startPoints = 100000;
+    // Drawn with a small arrow at its start that shows which way t runs (a display option).
+    bool arrow = true;
     std::vector<CurvePoint> points;
     // The sampling spent its budget before every step was straight.
     bool budgetMet = false;

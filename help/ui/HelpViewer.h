@@ -33,7 +33,7 @@ class HelpViewer : public QObject {
                QObject* parent = nullptr);
     ~HelpViewer() override;
 
-    // Shows topic 1..32, at `anchor` when one is given, and returns the help window; returns null
+    // Shows topic 1..34, at `anchor` when one is given, and returns the help window; returns null
     // after the missing-help question when help cannot be shown.
     QWidget* showHelpTopic(int topic, const char* anchor = nullptr);
     HelpWindow* window() const { return window_.get(); }

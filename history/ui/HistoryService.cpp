@@ -6,13 +6,13 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QGridLayout>
-#include <QLockFile>
 #include <QMessageBox>
 #include <QUrl>
 
 #include "failure/FailureGuard.h"
 #include "history/ui/HistoryWindow.h"
 #include "history/ui/LoadingDialog.h"
+#include "history/ui/WriterLock.h"
 
 namespace curvemill {
 namespace {
@@ -78,23 +78,14 @@ HistoryService::~HistoryService() = default;
 // Two copies saving one file in turn would each write only their own entries over the other's.
 // Like an office program finding its document open elsewhere, the second copy works on and says
 // so once: it reads the history, records new entries for its own lists, and never saves them (no
-// menu item, no question at exit). The lock is a file beside the entries file, so a copy that
-// crashed leaves no lasting block: its lock is taken over once its process is gone.
+// menu item, no question at exit).
 void HistoryService::lockEntriesFile() {
-    lock_ = std::make_unique<QLockFile>(
-        QString::fromStdString((directory_ / (std::string(kEntriesFileName) + ".lock")).string()));
-    // Held as long as this copy runs, however long: never given up for its age.
-    lock_->setStaleLockTime(0);
-    if (lock_->tryLock(0)) {
-        return;
-    }
-    // A folder that takes no lock file (read-only) is no sign of another copy.
-    if (lock_->error() == QLockFile::LockFailedError) {
+    lock_ = std::make_unique<WriterLock>(directory_ / kEntriesFileName);
+    if (lock_->otherCopy()) {
         savingOff_ = true;
         QMessageBox::information(dialogParent_, QStringLiteral("CURVEMILL"),
                                  QString::fromLatin1(kMsgSecondCopy));
     }
-    lock_.reset();
 }
 
 void HistoryService::loadAtStartup() {

@@ -12,13 +12,13 @@
 #include "history/HistoryStore.h"
 #include "history/RecordChecker.h"
 
-class QLockFile;
 class QWidget;
 
 namespace curvemill {
 
 class FailureReporter;
 class HistoryWindow;
+class WriterLock;
 
 inline constexpr const char* kMsgNoEntriesFile =
     "UNABLE TO FIND A FILE CONTAINING ENTRIES TO THE PROGRAM\n IF YOU WANT TO DOWNLOAD THIS FILE "
@@ -80,7 +80,7 @@ class HistoryService : public QObject, public HistoryPort {
     std::unique_ptr<HistoryWindow> textWindow_;
     std::unique_ptr<HistoryWindow> reportWindow_;
     // Held while this copy may write the entries file; see lockEntriesFile.
-    std::unique_ptr<QLockFile> lock_;
+    std::unique_ptr<WriterLock> lock_;
     // Set at start-up when saving would lose or interleave entries; the user was told why, once.
     bool savingOff_ = false;
 };

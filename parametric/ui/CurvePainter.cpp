@@ -72,7 +72,7 @@ void CurvePainter::draw(GraphPainter& graphPainter, QPainter& painter, const Cur
     // The 2D painter draws no function curve under this one.
     static const TwoDGraph kNoCurves;
     GraphExtras extras;
-    extras.titleGraph = TitleGraph::kAsGiven;
+    extras.titleGraph = look.title ? TitleGraph::kAsGiven : TitleGraph::kNothing;
     extras.otherTitleText = graph.title();
     extras.labels = look.labels;
     extras.afterCurves = [this, &graph, &look](QPainter& target, const GraphView& pixels) {
@@ -96,8 +96,14 @@ void CurvePainter::draw(GraphPainter& graphPainter, QPainter& painter, const Cur
         };
         run_.clear();
         QPointF previous;
+        const double tLast = look.drawnPart >= 1.0
+                                 ? graph.tEnd
+                                 : graph.tBegin + look.drawnPart * (graph.tEnd - graph.tBegin);
         for (std::size_t n = 0; n < graph.points.size(); ++n) {
             const CurvePoint& p = graph.points[n];
+            if (p.t > tLast) {
+                break;
+            }
             const QPointF here(pixels.toPixelX(p.x), pixels.toPixelY(p.y));
             if (n > 0 && !p.isBreak) {
                 QPointF a = previous, b = here;
@@ -125,7 +131,7 @@ void CurvePainter::draw(GraphPainter& graphPainter, QPainter& painter, const Cur
             previous = here;
         }
         flush();
-        if (look.arrow) {
+        if (graph.arrow) {
             drawArrow(target, graph, pixels, std::max(1.0, pixels.pixelRatio));
         }
         target.restore();

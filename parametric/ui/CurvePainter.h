@@ -16,10 +16,11 @@ class GraphPainter;
 struct GraphView;
 
 struct CurveLook {
-    // The small arrow at the start that shows which way t runs.
-    bool arrow = true;
-    // Number labels at the grid lines (a thumbnail leaves them out).
+    // Number labels at the grid lines and the title (a thumbnail leaves them out).
     bool labels = true;
+    bool title = true;
+    // The share of the range of t drawn so far, for Show Drawing Process (1: the whole curve).
+    double drawnPart = 1.0;
 };
 
 // The view of a new curve: its bounding box shown whole at equal scales.

@@ -70,6 +70,9 @@ void CurveWindow::buildControls() {
 
     usePrompts_ = new QCheckBox(QStringLiteral("Use &Prompts"), this);
     usePrompts_->setObjectName(idName(curve_ids::kUsePrompts));
+    arrow_ = new QCheckBox(QStringLiteral("Show &Arrow"), this);
+    arrow_->setObjectName(idName(curve_ids::kArrow));
+    arrow_->setChecked(true);
     pointsSpin_ = new TwoDGraphPointsSpin(this);
     pointsSpin_->setObjectName(idName(curve_ids::kPointsSpin));
     pointsSpin_->editor()->setObjectName(idName(curve_ids::kPointsEdit));
@@ -120,6 +123,7 @@ void CurveWindow::buildControls() {
 
     auto* pointsRow = new QHBoxLayout;
     pointsRow->addWidget(usePrompts_);
+    pointsRow->addWidget(arrow_);
     pointsRow->addStretch(1);
     auto* pointsCaption = new QLabel(QStringLiteral("Poi&nts (x 10000)"), this);
     pointsCaption->setBuddy(pointsSpin_);
@@ -245,6 +249,9 @@ void CurveWindow::applyPrompts(bool on) {
         prompt(secondEdit_, QStringLiteral("y as a function of t, e.g. sin(2*t)"),
                QStringLiteral("Where the curve is up at t.\n") + formulaTip);
     }
+    arrow_->setToolTip(on ? QStringLiteral("A small arrow at the start of the curve shows which "
+                                           "way t runs.")
+                          : QString());
     pointsSpin_->setToolTip(
         on ? QStringLiteral("How many values of t the curve starts from, in units of 10000 "
                             "(1 to 40);\nwhere the curve bends, more are added between them.")
@@ -252,9 +259,9 @@ void CurveWindow::applyPrompts(bool on) {
 }
 
 void CurveWindow::setRunning(bool running) {
-    for (QWidget* input :
-         std::initializer_list<QWidget*>{tBeginEdit_, tEndEdit_, firstEdit_, secondEdit_,
-                                         usePrompts_, pointsSpin_, okButton_, cancelButton_}) {
+    for (QWidget* input : std::initializer_list<QWidget*>{tBeginEdit_, tEndEdit_, firstEdit_,
+                                                          secondEdit_, usePrompts_, arrow_,
+                                                          pointsSpin_, okButton_, cancelButton_}) {
         input->setEnabled(!running);
     }
     historyButton_->setEnabled(!running && hasEntriesOfKind());
@@ -294,6 +301,7 @@ void CurveWindow::accept() {
     running_.tBegin = entries.tBegin;
     running_.tEnd = entries.tEnd;
     running_.startPoints = pointsSpin_->correctedValue() * kPointsUnit;
+    running_.arrow = arrow_->isChecked();
     previousFirst_ = first;
     previousSecond_ = second;
     setRunning(true);

@@ -41,6 +41,7 @@ inline constexpr int kStop = 1309;
 inline constexpr int kCancel = 2;
 inline constexpr int kHistory = 1310;
 inline constexpr int kHelp = 1311;
+inline constexpr int kArrow = 1312;
 }  // namespace curve_ids
 
 class CurveWindow : public QDialog, public FailureScope {
@@ -91,6 +92,7 @@ class CurveWindow : public QDialog, public FailureScope {
     QLineEdit* firstEdit_ = nullptr;
     QLineEdit* secondEdit_ = nullptr;
     QCheckBox* usePrompts_ = nullptr;
+    QCheckBox* arrow_ = nullptr;
     TwoDGraphPointsSpin* pointsSpin_ = nullptr;
     QLabel* pointsLabel_ = nullptr;
     QProgressBar* progress_ = nullptr;

@@ -1,5 +1,7 @@
 #include "shell/ui/CurveCommands.h"
 
+#include "history/ui/HistoryService.h"
+#include "history/ui/WriterLock.h"
 #include "parametric/ui/CurveToolDialogs.h"
 #include "parametric/ui/CurveWindow.h"
 #include "shell/ui/CommandActions.h"
@@ -19,6 +21,7 @@ void CurveCommands::bindCommands(CommandActions& actions) {
 
 void CurveCommands::setHistoryFolder(const std::optional<std::filesystem::path>& folder) {
     historyFile_.reset();
+    lock_.reset();
     history_ = CurveHistory{};
     if (!folder) {
         return;
@@ -33,6 +36,12 @@ void CurveCommands::setHistoryFolder(const std::optional<std::filesystem::path>&
         return;
     }
     history_ = std::move(reading.history);
+    // A second copy in the folder reads the curves but keeps its new ones, as it does the entries.
+    lock_ = std::make_unique<WriterLock>(*historyFile_);
+    if (lock_->otherCopy()) {
+        historyFile_.reset();
+        Q_EMIT statusMessage(QString::fromLatin1(kMsgSecondCopy).replace(u'\n', u' '));
+    }
 }
 
 void CurveCommands::openWindow(CurveForm form) {

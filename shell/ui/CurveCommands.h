@@ -22,6 +22,7 @@ class CommandActions;
 class CurveInformationDialog;
 class CurveMathDialog;
 class CurveWindow;
+class WriterLock;
 class Formula;
 class Worker;
 
@@ -53,6 +54,7 @@ class CurveCommands : public QObject {
     CurveGraph graph_;
     CurveHistory history_;
     std::optional<std::filesystem::path> historyFile_;
+    std::unique_ptr<WriterLock> lock_;
     std::array<QPointer<CurveWindow>, 2> windows_;
     QPointer<CurveMathDialog> math_;
     QPointer<CurveInformationDialog> information_;

@@ -44,12 +44,15 @@ void GraphCanvas::setShowDrawingProcess(bool on) {
 }
 
 void GraphCanvas::redrawShowingProcess() {
-    if (!showProcess_ || !graph_.main.exists() || surface_ != nullptr) {
+    const bool curve = kind_ == GraphKind::Curve && curve_ != nullptr;
+    if (!showProcess_ || !(curve ? curve_->exists() : graph_.main.exists()) ||
+        surface_ != nullptr) {
         invalidate();
         return;
     }
     layOutView();
-    partial_.start(graph_, view_);
+    // A curve in t is drawn along t by its painter; the function's curves are cut by the copy.
+    partial_.start(curve ? TwoDGraph{} : graph_, view_);
     partial_.show(0.0);
     frame_ = 0;
     animating_ = true;
@@ -119,7 +122,9 @@ void GraphCanvas::render() {
     if (kind_ == GraphKind::Equation && equation_ != nullptr && equationLook_ != nullptr) {
         equationPainter_.draw(painter_, painter, *equation_, view_, *equationLook_);
     } else if (kind_ == GraphKind::Curve && curve_ != nullptr) {
-        curvePainter_.draw(painter_, painter, *curve_, view_);
+        CurveLook look;
+        look.drawnPart = animating_ ? static_cast<double>(frame_) / kProcessFrames : 1.0;
+        curvePainter_.draw(painter_, painter, *curve_, view_, look);
     } else if (kind_ == GraphKind::Function2D && graph_.main.exists()) {
         painter_.draw(painter, animating_ ? partial_.graph() : graph_, view_);
     }

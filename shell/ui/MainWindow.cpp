@@ -357,6 +357,12 @@ void MainWindow::onTitleCommand(int id) {
         case kTitleThreeDGraphButton:
             commands_->run(Command::ThreeDGraph);
             break;
+        case kTitleParametricCurveButton:
+            commands_->run(Command::ParametricCurve);
+            break;
+        case kTitlePolarCurveButton:
+            commands_->run(Command::PolarCurve);
+            break;
         default:
             break;
     }

@@ -19,7 +19,7 @@ constexpr int kCornerGap = 16;
 
 TitlePage::TitlePage(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("titlePage"));
-    // Room for the four pictures without overlapping.
+    // Room for the six pictures without overlapping: two columns of three beside the product.
     setMinimumSize(640, 420);
     const qreal ratio = devicePixelRatioF();
     const QSize picture(kKindSize.width() - 8, kKindSize.height() - kCaptionHeight - 8);
@@ -32,9 +32,13 @@ TitlePage::TitlePage(QWidget* parent) : QWidget(parent) {
                            equationPicture(picture, ratio), kKindSize);
     threeD_ = makeButton(kTitleThreeDGraphButton, QStringLiteral("THREE D GRAPH"),
                          threeDGraphPicture(picture, ratio), kKindSize);
-    twoD_->setToolTip(QStringLiteral("Click Here To Begin"));
-    equation_->setToolTip(QStringLiteral("Click Here To Begin"));
-    threeD_->setToolTip(QStringLiteral("Click Here To Begin"));
+    parametric_ = makeButton(kTitleParametricCurveButton, QStringLiteral("PARAMETRIC CURVE"),
+                             parametricCurvePicture(picture, ratio), kKindSize);
+    polar_ = makeButton(kTitlePolarCurveButton, QStringLiteral("POLAR CURVE"),
+                        polarCurvePicture(picture, ratio), kKindSize);
+    for (QToolButton* kind : {twoD_, equation_, threeD_, parametric_, polar_}) {
+        kind->setToolTip(QStringLiteral("Click Here To Begin"));
+    }
     makeHiddenButtons();
 }
 
@@ -93,6 +97,9 @@ void TitlePage::resizeEvent(QResizeEvent* event) {
     twoD_->move(w - twoD_->width() - kCornerGap, h - twoD_->height() - kCornerGap);
     equation_->move(kCornerGap, h - equation_->height() - kCornerGap);
     threeD_->move(w - threeD_->width() - kCornerGap, kCornerGap);
+    // The curves in the middle of the two sides, clear of the corners above and below.
+    parametric_->move(kCornerGap, (h - parametric_->height()) / 2);
+    polar_->move(w - polar_->width() - kCornerGap, (h - polar_->height()) / 2);
 }
 
 void TitlePage::paintEvent(QPaintEvent*) {

@@ -13,6 +13,9 @@ inline constexpr int kTitleProductButton = 117;
 inline constexpr int kTitleTwoDGraphButton = 112;
 inline constexpr int kTitleEquationButton = 111;
 inline constexpr int kTitleThreeDGraphButton = 113;
+// The curves drawn by t, after the kinds above: numbered as their File menu commands.
+inline constexpr int kTitleParametricCurveButton = 40301;
+inline constexpr int kTitlePolarCurveButton = 40302;
 // Small buttons of 111 by 40 and the two arrows of 40 by 40; created hidden, nothing shows them
 // yet.
 inline constexpr int kTitleSmallButtons[] = {114, 115, 116, 119};
@@ -44,6 +47,8 @@ class TitlePage : public QWidget {
     QToolButton* twoD_ = nullptr;
     QToolButton* equation_ = nullptr;
     QToolButton* threeD_ = nullptr;
+    QToolButton* parametric_ = nullptr;
+    QToolButton* polar_ = nullptr;
     QMap<int, QToolButton*> buttons_;
     bool painted_ = false;
 };

@@ -15,6 +15,9 @@
 #include "graph2d/CurveSampler.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/ui/GraphPainter.h"
+#include "parametric/CurveGraph.h"
+#include "parametric/ParameterFormula.h"
+#include "parametric/ui/CurvePainter.h"
 
 namespace curvemill {
 
@@ -59,6 +62,44 @@ void drawFunction(QPainter& painter, QSize size, const char* text, double x0, do
     // the frame.
     extras.labels = false;
     drawGraph(painter, graph, view, extras);
+}
+
+// Samples the curve over one turn of t and draws it with the curve painter, as the program draws
+// a curve: equal scales; the arrow at its start would be a stray dot at this size.
+QPixmap curvePicture(QSize size, qreal pixelRatio, CurveForm form, const char* first,
+                     const char* second) {
+    QPixmap pixmap = blank(size, pixelRatio, Qt::white);
+    Formula formula;
+    CurveGraph graph;
+    graph.form = form;
+    graph.firstText = first;
+    graph.secondText = second;
+    graph.tBegin = 0.0;
+    graph.tEnd = 2.0 * M_PI;
+    // A thumbnail needs no more; the program's own 100000 would slow the start.
+    graph.startPoints = 2000;
+    graph.arrow = false;
+    const bool prepared =
+        prepareParameterFormula(formula, first, kModeFunction) &&
+        (form == CurveForm::Polar || prepareParameterFormula(formula, second, kModeSecondFunction));
+    if (!prepared || !runCurve(formula, graph, SamplingControl{})) {
+        return pixmap;
+    }
+    GraphView view;
+    view.marginX = 14;
+    view.marginY = 12;
+    view.left = view.marginX;
+    view.top = view.marginY;
+    setViewSize(view, size.width(), size.height());
+    fitViewToCurve(view, graph);
+    CurveLook look;
+    look.labels = false;
+    look.title = false;
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    GraphPainter graphPainter;
+    CurvePainter().draw(graphPainter, painter, graph, view, look);
+    return pixmap;
 }
 
 }  // namespace
@@ -144,6 +185,14 @@ QPixmap equationPicture(QSize size, qreal pixelRatio) {
     painter.setPen(QPen(QColor(128, 0, 255), 1.6));
     painter.drawEllipse(centre, 2.0 * scale, 2.0 * scale);
     return pixmap;
+}
+
+QPixmap parametricCurvePicture(QSize size, qreal pixelRatio) {
+    return curvePicture(size, pixelRatio, CurveForm::Parametric, "sin(3*t)", "sin(2*t)");
+}
+
+QPixmap polarCurvePicture(QSize size, qreal pixelRatio) {
+    return curvePicture(size, pixelRatio, CurveForm::Polar, "sin(4*t)", "");
 }
 
 QPixmap threeDGraphPicture(QSize size, qreal pixelRatio) {

@@ -11,6 +11,10 @@ QPixmap productPicture(QSize size, qreal pixelRatio);
 QPixmap twoDGraphPicture(QSize size, qreal pixelRatio);
 // The curve of an equation in two variables (a lemniscate inside a circle).
 QPixmap equationPicture(QSize size, qreal pixelRatio);
+// A Lissajous figure, x = sin(3t), y = sin(2t), drawn by the curve painter.
+QPixmap parametricCurvePicture(QSize size, qreal pixelRatio);
+// A rose, r = sin(4t), drawn by the curve painter.
+QPixmap polarCurvePicture(QSize size, qreal pixelRatio);
 // A shaded surface z = f(x, y) seen from above at an angle.
 QPixmap threeDGraphPicture(QSize size, qreal pixelRatio);
 

@@ -17,9 +17,9 @@ TEST(HelpTopicFile, NamesTopicsAndAnchorsAndRefusesNumbersOutsideTheArchive) {
         std::string file;
     };
     for (const Case& c :
-         {Case{1, "", "file1.htm"}, Case{16, "", "file16.htm"}, Case{32, "", "file32.htm"},
+         {Case{1, "", "file1.htm"}, Case{16, "", "file16.htm"}, Case{34, "", "file34.htm"},
           Case{19, "logbase", "file19.htm#logbase"}, Case{29, "switch", "file29.htm#switch"},
-          Case{0, "", ""}, Case{33, "", ""}, Case{-1, "logbase", ""}}) {
+          Case{0, "", ""}, Case{35, "", ""}, Case{-1, "logbase", ""}}) {
         SCOPED_TRACE(c.topic);
         EXPECT_EQ(helpTopicFile(c.topic, c.anchor), c.file);
     }
@@ -51,7 +51,8 @@ TEST(HelpTable, EveryWindowHasATopicInsideTheArchive) {
                                    kProcAboutDialog,
                                    kProcTooltipMessageDialog,
                                    kProcThreeDRotationDialog,
-                                   kProcThreeDGrid};
+                                   kProcThreeDGrid,
+                                   kProcCurveWindow};
     for (ProcedureName name : names) {
         SCOPED_TRACE(name);
         EXPECT_TRUE(exactHelpLink(name, {}).has_value());
@@ -71,6 +72,8 @@ TEST(HelpTable, AControlWithoutARowOfItsOwnGetsItsWindowsTopic) {
     EXPECT_EQ(helpLinkFor(kProcTwoDGraphDialog)->topic, 7);
     EXPECT_EQ(helpLinkFor(kProcLogBaseDialog)->anchor, "logbase");
     EXPECT_EQ(helpLinkFor(kProcMainWindow, "40054")->anchor, "switch");
+    // The curves' Math tools carry no name of either window: their shared section.
+    EXPECT_EQ(helpLinkFor(kProcCurveWindow, "1321")->anchor, "tools");
     EXPECT_FALSE(helpLinkFor("No Such Procedure", "1003").has_value());
     EXPECT_FALSE(exactHelpLink(kProcTwoDGraphDialog, "1014").has_value());
 }

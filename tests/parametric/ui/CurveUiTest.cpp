@@ -1,6 +1,7 @@
 // The curve window as a user drives it: a refusal names its box and leaves the function slots as
 // they were; a run fills the graph and closes the window; Stop keeps the curve on screen. The
 // painter: the curve where its formulas put it, equal scales, no line across a pole.
+#include <QCheckBox>
 #include <QImage>
 #include <QLineEdit>
 #include <QMenu>
@@ -145,11 +146,13 @@ class CurveUiTest : public QObject {
     }
 
     void theCurveIsDrawnWhereItLiesAndNotAcrossAPole() {
-        const auto painted = [this](const char* first, const char* second, double t0, double t1) {
+        const auto painted = [this](const char* first, const char* second, double t0, double t1,
+                                    bool arrow = false, double part = 1.0) {
             auto window = open(second ? CurveForm::Parametric : CurveForm::Polar, first,
                                second ? second : "");
             retype(*window, ids::kTBegin, QString::number(t0, 'g', 17));
             retype(*window, ids::kTEnd, QString::number(t1, 'g', 17));
+            control<QCheckBox>(*window, ids::kArrow)->setChecked(arrow);
             QTest::mouseClick(control<QPushButton>(*window, ids::kOk), Qt::LeftButton);
             [&] { QTRY_VERIFY(!window->isVisible()); }();
             GraphView view;
@@ -159,7 +162,7 @@ class CurveUiTest : public QObject {
             image.fill(Qt::white);
             QPainter painter(&image);
             GraphPainter graphPainter;
-            CurvePainter().draw(graphPainter, painter, graph, view, {.arrow = false});
+            CurvePainter().draw(graphPainter, painter, graph, view, {.drawnPart = part});
             return std::pair{image, view};
         };
         const auto blueNear = [](const QImage& image, double x, double y) {
@@ -182,6 +185,15 @@ class CurveUiTest : public QObject {
         // Equal scales: the circle is as wide as it is high.
         QCOMPARE(round.toPixelX(1) - round.toPixelX(-1), round.toPixelY(-1) - round.toPixelY(1));
         QVERIFY(!blueNear(circle, round.toPixelX(0), round.toPixelY(0)));
+        // The window's arrow option puts the head beside the line at the start, (1, 0); drawn a
+        // quarter of the way (the drawing process), the circle stops at t = pi/2.
+        const QPointF start(round.toPixelX(1) + 3, round.toPixelY(0) - 3);
+        QVERIFY(!blueNear(circle, start.x(), start.y()));
+        QVERIFY(
+            blueNear(painted("cos(t)", "sin(t)", 0, 2 * M_PI, true).first, start.x(), start.y()));
+        const QImage quarter = painted("cos(t)", "sin(t)", 0, 2 * M_PI, false, 0.25).first;
+        QVERIFY(blueNear(quarter, round.toPixelX(0.6), round.toPixelY(0.8)));
+        QVERIFY(!blueNear(quarter, round.toPixelX(-0.6), round.toPixelY(0.8)));
 
         // r = 1/cos(t) over the pole at pi/2 is the line x = 1 running up, then up again from far
         // below: nothing may join the two branches across the middle of the view.
