@@ -8,6 +8,8 @@
 
 #include "document/DocumentState.h"
 #include "document/ui/GraphDocumentFile.h"
+#include "engine/Formula.h"
+#include "engine/NumberEntry.h"
 #include "graph2d/TwoDSettings.h"
 #include "graph2d/ViewZoom.h"
 #include "graph3d/SurfaceRotation.h"
@@ -59,43 +61,62 @@ TEST(GraphDocumentFile, NumbersReadBackBitForBit) {
     }
 }
 
-// Each row edits the function seed once: the file is refused with the field and the reason.
+// Each row edits one seed once: the file is refused with the field and the reason.
 TEST(GraphDocumentFile, RefusesWhatAWindowWouldRefuseNamingTheField) {
-    const std::string good = seed("function");
     const struct {
+        const char* seed;
         const char* from;
         const char* to;
         const char* message;
     } rows[] = {
-        {"{", "[", "file: not JSON: missing value separator at byte 16"},
-        {"curvemill-graph", "curvemill-graph2",
+        {"function", "{", "[", "file: not JSON: missing value separator at byte 16"},
+        {"function", "curvemill-graph", "curvemill-graph2",
          "format: not a CurveMill graph (\"curvemill-graph2\" expected \"curvemill-graph\")"},
-        {"\"version\": 1", "\"version\": 2", "version: 2 is newer than this program reads (1)"},
-        {"\"version\": 1", "\"version\": 1.5", "version: must be a whole number"},
-        {"\"kind\": \"function\"", "\"kind\": \"spiral\"",
+        {"function", "\"version\": 1", "\"version\": 2",
+         "version: 2 is newer than this program reads (1)"},
+        {"function", "\"version\": 1", "\"version\": 1.5", "version: must be a whole number"},
+        {"function", "\"kind\": \"function\"", "\"kind\": \"spiral\"",
          "kind: must be one of function, equation, surface, curve"},
-        {"\"points\"", "\"pointz\"", "function.points: missing (a whole number)"},
-        {"\"grid\": true", "\"grid\": 1", "function.look.grid: must be true or false"},
-        {"\"logBase\": 2", "\"logBase\": -2", "logBase: LOG BASE MUST BE A POSITIVE NUMBER"},
-        {"\"formula\": \"sin(x)/x*80+log(x)\"", "\"formula\": \"sin(x\"",
+        {"function", "\"points\"", "\"pointz\"", "function.points: missing (a whole number)"},
+        {"function", "\"grid\": true", "\"grid\": 1", "function.look.grid: must be true or false"},
+        {"function", "\"logBase\": 2", "\"logBase\": -2",
+         "logBase: LOG BASE MUST BE A POSITIVE NUMBER"},
+        {"function", "\"formula\": \"sin(x)/x*80+log(x)\"", "\"formula\": \"sin(x\"",
          "function.formula: ERROR IN FORMULA EDIT BOX:\nBRACKETS DO NOT MATCH"},
-        {"\"secondFormula\": \"x^2/4\"", "\"secondFormula\": \"sin (x)/x*80+log(x)\"",
+        {"function", "\"secondFormula\": \"x^2/4\"", "\"secondFormula\": \"sin (x)/x*80+log(x)\"",
          "function.secondFormula: YOU MUST SELECT A DIFFERENT FUNCTION"},
-        {"\"begin\": \"-4*pi\"", "\"begin\": \"30\"",
+        {"function", "\"begin\": \"-4*pi\"", "\"begin\": \"30\"",
          "function.x.begin: X_BEG MUST BE LESS THAN X_END"},
-        {"\"begin\": \"1\"", "\"begin\": \"-20\"",
+        {"function", "\"begin\": \"1\"", "\"begin\": \"-20\"",
          "function.integral.range: X_BEGIN IS OUTSIDE THE RANGE OF FUNCTION"},
-        {"\"points\": 120000", "\"points\": 125000",
+        {"function", "\"points\": 120000", "\"points\": 125000",
          "function.points: must be a multiple of 10000 from 10000 to 400000, not 125000"},
-        {"\"xZoom\": 4", "\"xZoom\": 1e6", "function.view.xZoom: must be from 1/256 to 65536"},
-        {"\"maxYRatio\": 7", "\"maxYRatio\": 21",
+        {"function", "\"xZoom\": 4", "\"xZoom\": 1e6",
+         "function.view.xZoom: must be from 1/256 to 65536"},
+        {"function", "\"maxYRatio\": 7", "\"maxYRatio\": 21",
          "function.look.maxYRatio: must be from 1 to 20, not 21"},
-        {"\"displayOrder\": \"Fifd\"", "\"displayOrder\": \"FifF\"",
+        {"function", "\"displayOrder\": \"Fifd\"", "\"displayOrder\": \"FifF\"",
          "function.look.displayOrder: must hold each of f, d, i and F once, not \"FifF\""},
+        {"equation", "\"end\": \"1.5\"", "\"end\": \"-1.5\"",
+         "equation.y.end: Y BEG MUST BE LESS THAN Y END"},
+        {"equation", "\"precisionDigits\": 8", "\"precisionDigits\": 16",
+         "equation.precisionDigits: must be from 1 to 15, not 16"},
+        {"surface", "\"yPoints\": 300", "\"yPoints\": 600",
+         "surface.yPoints: must be a multiple of 100 from 100 to 500, not 600"},
+        {"surface", "\"begin\": \"-pi\"", "\"begin\": \"-p\"",
+         "surface.y.begin: ERROR IN Y BEG EDIT BOX:\nINVALID ENTRY"},
+        {"surface", "[30, -45, 180]", "[30, -45, -180]",
+         "surface.angles: must be degrees above -180, at most 180"},
+        {"surface", "\"mode\": \"lines\"", "\"mode\": \"dots\"",
+         "surface.mode: must be one of polygons, lines, pixels"},
+        {"curve", "\"second\": \"sin(2*t)\"", "\"second\": \"sin(2*x)\"",
+         "curve.second: ERROR IN Y(T) EDIT BOX:\nINVALID ENTRY"},
+        {"curve", "\"stretches\": []", "\"stretches\": [1]",
+         "curve.view.stretches[0]: must be an object"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.to);
-        std::string edited = good;
+        std::string edited = seed(row.seed);
         const auto at = edited.find(row.from);
         ASSERT_NE(at, std::string::npos);
         edited.replace(at, std::strlen(row.from), row.to);
@@ -105,6 +126,7 @@ TEST(GraphDocumentFile, RefusesWhatAWindowWouldRefuseNamingTheField) {
     }
     EXPECT_EQ(parseGraphDocument(std::string(kMostDocumentBytes + 1, ' ')).message,
               "file: larger than 1 MB (1048577 bytes)");
+    EXPECT_EQ(readGraphDocument("/dev/zero").message, "file: not a regular file");
 }
 
 TEST(GraphDocumentFile, SavingADocumentThatWouldNotOpenKeepsTheOldFile) {
@@ -144,6 +166,19 @@ TEST(GraphDocumentState, ApplyThenCaptureGivesTheDocumentBack) {
     captured.yPoints = surface.yPoints;
     captured.zLimitStep = surface.zLimitStep;
     EXPECT_TRUE(captured == surface);
+}
+
+// A range known only as a value (the curve's t range, a captured graph) is saved as a text the
+// boxes read back as that very value.
+TEST(GraphDocumentState, NumberTextsReadBackAsTheSameValue) {
+    const auto formula = std::make_unique<Formula>();
+    for (const double value : {0.1, -6.283185307179586, 1e-7, 123456.789, 1e20}) {
+        SCOPED_TRACE(value);
+        const NumberReading read = readNumberEntry(*formula, numberEntryText(value), "X_BEG");
+        ASSERT_TRUE(read.ok) << read.message;
+        EXPECT_EQ(read.value, value);
+    }
+    EXPECT_EQ(numberEntryText(1e300), "");
 }
 
 }  // namespace
