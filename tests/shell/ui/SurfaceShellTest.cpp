@@ -83,7 +83,7 @@ class SurfaceShellTest : public MainWindowFixture {
 
     // Draw Grid puts the box (ink) round the figure and takes it off again; ThreeD
     // Customization is modeless and one, and its scheme and toolbar reach the window at once.
-    void gridBoxAndCustomizationFromTheMenus() {
+    void gridBoxCustomizationAndASurfaceWithoutValues() {
         const auto ink = [](QRgb c) { return qRed(c) < 60 && qGreen(c) < 60 && qBlue(c) < 60; };
         const qsizetype bare = countPixels(drawn(), ink);
         action(40010)->trigger();
@@ -104,11 +104,9 @@ class SurfaceShellTest : public MainWindowFixture {
         QVERIFY(qGreen(middle) == 255 && qRed(middle) < 255);
         control<QAbstractButton>(*dialog, custom3d_ids::kDisplayToolbar)->click();
         QVERIFY(named<QToolBar>(u"toolbar"_s)->isHidden());
-    }
 
-    // A surface with no value anywhere is said, its customization dialog still fits, and a 2D
-    // graph afterwards takes the canvas (and its scroll bars) back.
-    void aSurfaceWithoutValuesIsSaid() {
+        // A surface with no value anywhere is said, the dialog still fits, and a 2D graph
+        // afterwards takes the canvas (and its scroll bars) back.
         QVERIFY(enterTwoVariables(40091, u"ln(0-1-x^2-y^2)"_s) != nullptr);
         QTRY_VERIFY2(status().contains(u"has no value on the grid"_s), qPrintable(status()));
         action(40139)->trigger();
