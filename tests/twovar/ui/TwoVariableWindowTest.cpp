@@ -98,7 +98,9 @@ class TwoVariableWindowTest : public QObject {
     }
 
     // Which refusal comes first is the core's table; one refusal shows the window's wiring.
-    void okShowsTheFirstFailureAndSelectsItsBox() {
+    // "Log Base" comes up before the formula is checked, so even a bad formula asks for the base.
+    // The history list fills the boxes.
+    void refusalLogBaseAndHistoryInTheEquationWindow() {
         auto window = makeWindow(TwoVariableMode::kEquation);
         fill(*window, u"-1 1 2 1 z+"_s);
         ModalAnswer answer;
@@ -109,27 +111,20 @@ class TwoVariableWindowTest : public QObject {
         QCOMPARE(answer.text, u"Y BEG MUST BE LESS THAN Y END"_s);
         QCOMPARE(window->focusWidget(), box);
         QVERIFY(!window->isRunning() && history.entries.empty() && settings.kind == '\0');
-    }
 
-    // "Log Base" comes up before the formula is checked, so even a bad formula asks for the base.
-    void logBaseComesBeforeTheCheck() {
-        auto window = makeWindow(TwoVariableMode::kEquation);
         fill(*window, u"1 2 1 2 log(x+*y"_s);
         QStringList order;
-        std::unique_ptr<ModalAnswer> answer;
+        std::unique_ptr<ModalAnswer> error;
         ModalAction<LogBaseDialog> logBase([&](LogBaseDialog* dialog) {
             order << u"log base"_s;
-            answer = std::make_unique<ModalAnswer>();
-            answer->answered = [&order] { order << u"error"_s; };
+            error = std::make_unique<ModalAnswer>();
+            error->answered = [&order] { order << u"error"_s; };
             dialog->reject();
         });
         pressOk(*window);
         QTRY_COMPARE(order, (QStringList{u"log base"_s, u"error"_s}));
-        QVERIFY(answer->text.startsWith(u"ERROR IN FORMULA EDIT BOX:"_s));
-    }
+        QVERIFY(error->text.startsWith(u"ERROR IN FORMULA EDIT BOX:"_s));
 
-    void historyListFillsTheEdits() {
-        auto window = makeWindow(TwoVariableMode::kEquation);
         fill(*window, u"-3 3 -2 2 x*y-1"_s);
         QTest::mouseClick(control<QPushButton>(*window, ids::kHistory), Qt::LeftButton);
         QVERIFY(history.client.currentInput && history.client.select);
