@@ -16,9 +16,7 @@ void setAxis(QComboBox* combo, RotationAxis axis) {
 }
 
 void compareAngles(const RotationAngles& a, double x, double y, double z) {
-    QCOMPARE(a.x, x);
-    QCOMPARE(a.y, y);
-    QCOMPARE(a.z, z);
+    QCOMPARE((QList<double>{a.x, a.y, a.z}), (QList<double>{x, y, z}));
 }
 
 }  // namespace
