@@ -65,7 +65,7 @@ class TwoVariableWindowTest : public QObject {
         setViewSize(view, 600, 500);
     }
 
-    void controlsFollowTheMode() {
+    void controlsFollowTheModeAndASurfaceIsRecorded() {
         // The titles are checked where the main window opens this window.
         auto window = makeWindow(TwoVariableMode::kSurface);
         QCOMPARE(control<QLabel>(*window, ids::kFormulaLabel)->text(), u"&Z ="_s);
@@ -95,6 +95,18 @@ class TwoVariableWindowTest : public QObject {
         QCOMPARE(control<QLabel>(*window, ids::kPrecisionLabel)->text(), u"Precision: 1e-9"_s);
         QVERIFY(std::tuple(settings.equationXPoints, settings.precisionDigits,
                            settings.surfaceXPoints) == std::tuple(1200, 9, 100));
+
+        // A surface (computed by the main window) is checked and recorded here.
+        window->prepare(TwoVariableMode::kSurface);
+        fill(*window, u"-2 2 -2 2 sin(x)*cos(y)"_s);
+        QSignalSpy status(window.get(), &TwoVariableWindow::statusMessage);
+        pressOk(*window);
+        QCOMPARE(status.size(), 1);
+        QVERIFY(history.entries.size() == 1 && history.entries[0].section == 'y');
+        QVERIFY(window->isVisible() && control(*window, ids::kOk)->isEnabled());
+        QTest::mouseClick(control<QPushButton>(*window, ids::kCancel), Qt::LeftButton);
+        QVERIFY(!window->isVisible());
+        QCOMPARE(history.shownKinds.back(), EntryKind::TwoD);
     }
 
     // Which refusal comes first is the core's table; one refusal shows the window's wiring.
@@ -180,19 +192,6 @@ class TwoVariableWindowTest : public QObject {
         QVERIFY(!control(*window, ids::kStop)->isEnabled() &&
                 control(*window, ids::kProgress)->isHidden());
         QCOMPARE(curve.count(), 1);
-    }
-
-    void surfaceWithoutComputationIsCheckedAndRecorded() {
-        auto window = makeWindow(TwoVariableMode::kSurface);
-        fill(*window, u"-2 2 -2 2 sin(x)*cos(y)"_s);
-        QSignalSpy status(window.get(), &TwoVariableWindow::statusMessage);
-        pressOk(*window);
-        QCOMPARE(status.size(), 1);
-        QVERIFY(history.entries.size() == 1 && history.entries[0].section == 'y');
-        QVERIFY(window->isVisible() && control(*window, ids::kOk)->isEnabled());
-        QTest::mouseClick(control<QPushButton>(*window, ids::kCancel), Qt::LeftButton);
-        QVERIFY(!window->isVisible());
-        QCOMPARE(history.shownKinds.back(), EntryKind::TwoD);
     }
 };
 
