@@ -99,29 +99,23 @@ TEST(CommandState, AvailabilityFollowsTheGraphOnScreen) {
     EXPECT_TRUE(commandAvailable(Command::EraseIntegral, function));
 }
 
-class CalculatorLocatorTest : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        std::filesystem::create_directories(root / "a");
-        std::filesystem::create_directories(root / "b");
-    }
-    void makeProgram(const std::string& relative, bool executable) {
+TEST(CalculatorLocator, FirstProgramOfTheListWinsOverDirectoryOrder) {
+    const testing::TempDirectory folder;
+    const std::filesystem::path& root = folder.path();
+    std::filesystem::create_directories(root / "a");
+    std::filesystem::create_directories(root / "b");
+    const auto makeProgram = [&root](const std::string& relative, bool executable) {
         std::ofstream(root / relative) << "#!/bin/sh\n";
         ::chmod((root / relative).c_str(), executable ? 0755 : 0644);
-    }
-    std::string path() const { return (root / "a").string() + ":" + (root / "b").string(); }
-    testing::TempDirectory folder;
-    std::filesystem::path root = folder.path();
-};
-
-TEST_F(CalculatorLocatorTest, FirstProgramOfTheListWinsOverDirectoryOrder) {
-    EXPECT_EQ(findCalculator(path()), "");
+    };
+    const std::string path = (root / "a").string() + ":" + (root / "b").string();
+    EXPECT_EQ(findCalculator(path), "");
     makeProgram("a/xcalc", true);
     makeProgram("b/kcalc", false);  // not executable: skipped
     std::filesystem::create_directories(root / "a" / "gnome-calculator");  // a directory
-    EXPECT_EQ(findCalculator(path()), (root / "a" / "xcalc").string());
+    EXPECT_EQ(findCalculator(path), (root / "a" / "xcalc").string());
     makeProgram("b/galculator", true);
-    EXPECT_EQ(findCalculator(path()), (root / "b" / "galculator").string());
+    EXPECT_EQ(findCalculator(path), (root / "b" / "galculator").string());
     EXPECT_EQ(findCalculator(""), "");
 }
 
