@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstring>
 #include <limits>
 #include <memory>
+#include <tuple>
 
 #include "engine/DisplayFormat.h"
 #include "engine/Formula.h"
@@ -90,17 +90,15 @@ TEST(Evaluator, ChoosesTheSlot) {
 }
 
 TEST(Evaluator, LenientTextsWithStrayBracketsEvaluateWithoutFault) {
-    const struct {
-        const char* typed;
-        double expected;
-    } cases[] = {{"x+1)", 4}, {"(x+1", 0}, {"()", 0}, {"x+(", 0}, {"x*(2", 0}, {"(!x)", 1}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.typed);
+    const std::tuple<const char*, double> cases[] = {{"x+1)", 4}, {"(x+1", 0}, {"()", 0},
+                                                     {"x+(", 0},  {"x*(2", 0}, {"(!x)", 1}};
+    for (const auto& [typed, expected] : cases) {
+        SCOPED_TRACE(typed);
         Formula formula;
-        ASSERT_TRUE(prepareFormula(formula, c.typed, kModeFunction, true)) << formula.errorText;
+        ASSERT_TRUE(prepareFormula(formula, typed, kModeFunction, true)) << formula.errorText;
         // "(!x)" brackets to "(((!)x))": the factorial of an empty place is 0! = 1.
-        EXPECT_EQ(formula.evaluate(3), c.expected);
-        EXPECT_EQ(formula.evaluate(3), c.expected) << "a second run must see the same text";
+        EXPECT_EQ(formula.evaluate(3), expected);
+        EXPECT_EQ(formula.evaluate(3), expected) << "a second run must see the same text";
     }
 }
 

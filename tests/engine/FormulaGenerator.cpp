@@ -1,6 +1,5 @@
 #include "FormulaGenerator.h"
 
-#include <algorithm>
 #include <array>
 
 namespace curvemill::reference {

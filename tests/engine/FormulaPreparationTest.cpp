@@ -4,6 +4,7 @@
 
 #include <cstring>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -16,16 +17,9 @@
 namespace curvemill {
 namespace {
 
-// Texts that give one message (nullptr: accepted) in one mode.
-struct CheckGroup {
-    char mode;
-    bool lenient;
-    const char* message;
-    std::vector<const char*> texts;
-};
-
 TEST(FormulaCheck, GivesEachMessage) {
-    const CheckGroup groups[] = {
+    // Mode, lenient, one message (nullptr: accepted), the texts that give it.
+    const std::tuple<char, bool, const char*, std::vector<const char*>> groups[] = {
         {'f',
          false,
          nullptr,
@@ -48,15 +42,15 @@ TEST(FormulaCheck, GivesEachMessage) {
         {'e', false, nullptr, {"x*y"}},
         {'e', false, kMsgInvalidEntry, {"xy"}},
     };
-    for (const CheckGroup& g : groups) {
-        for (const char* typed : g.texts) {
-            SCOPED_TRACE(testing::Message() << typed << " mode " << g.mode << " " << g.lenient);
+    for (const auto& [mode, lenient, message, texts] : groups) {
+        for (const char* typed : texts) {
+            SCOPED_TRACE(testing::Message() << typed << " mode " << mode << " " << lenient);
             Formula formula;
             std::string text = typed;
-            EXPECT_EQ(checkFormula(formula, text, g.mode, g.lenient), g.message == nullptr)
+            EXPECT_EQ(checkFormula(formula, text, mode, lenient), message == nullptr)
                 << formula.errorText;
-            if (g.message != nullptr) {
-                EXPECT_EQ(formula.errorText, g.message);
+            if (message != nullptr) {
+                EXPECT_EQ(formula.errorText, message);
             }
         }
     }
@@ -117,24 +111,20 @@ TEST(Bracketing, GivesEveryTighterOperatorItsOwnPair) {
 
 // Each 'k' of the text has its value at its position; no other entry keeps an old value.
 TEST(Encoding, ReplacesConstantsAndNumbersByTheirValues) {
-    const struct {
-        const char* typed;
-        const char* encoded;
-        std::vector<double> constants;
-    } cases[] = {
+    const std::tuple<const char*, const char*, std::vector<double>> cases[] = {
         {"5", "(k)", {5.0}},
         {"2.5*pi", "(k*k)", {2.5, kPi}},
         {"e^x", "(k^x)", {2.718281828459045}},
         {"12.75+x*100", "(k+(x*k))", {12.75, 100.0}},
         {"x-2.", "(x-k)", {2.0}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.typed);
+    for (const auto& [typed, encoded, constants] : cases) {
+        SCOPED_TRACE(typed);
         Formula formula;
         formula.slots[kFunctionSlot].constants.fill(7.0);
-        ASSERT_TRUE(prepareFormula(formula, c.typed, kModeFunction));
+        ASSERT_TRUE(prepareFormula(formula, typed, kModeFunction));
         const ExpressionSlot& slot = formula.slots[kFunctionSlot];
-        EXPECT_STREQ(slot.text.data(), c.encoded);
+        EXPECT_STREQ(slot.text.data(), encoded);
         std::vector<double> found;
         for (std::size_t i = 0; i < slot.constants.size(); ++i) {
             if (slot.text[i] == 'k') {
@@ -143,7 +133,7 @@ TEST(Encoding, ReplacesConstantsAndNumbersByTheirValues) {
                 EXPECT_EQ(slot.constants[i], 0.0) << "stale constant at " << i;
             }
         }
-        EXPECT_EQ(found, c.constants);
+        EXPECT_EQ(found, constants);
     }
 }
 
@@ -157,26 +147,21 @@ TEST(SlotCapacity, WorstFormulasOfNinetyNineCharactersFitAndEvaluate) {
     while (powers.size() + 4 <= 99) {
         powers += "+x!^1";
     }
-    const struct {
-        std::string typed;
-        int bracketedLength;
-        double x;
-        double value;
-    } cases[] = {
+    const std::tuple<std::string, int, double, double> cases[] = {
         // Every '!' but the last gains a pair (the last one finds the outer pair around it).
         // 3 -> 6 -> 720 -> 0 (720! wraps to 0) -> 1 -> 1 ...
         {"x" + std::string(98, '!'), 99 + 2 + 2 * 97, 3.0, 1.0},
         {mixed, 97 + 2 + 4 * 16, 0.0, 1.0 - 16 * 8.0},
         {powers, static_cast<int>(powers.size()) + 2 + 4 * 19, 3.0, 3.0 + 19 * 6.0},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.typed);
-        ASSERT_LE(c.typed.size(), 99u);
+    for (const auto& [typed, bracketedLength, x, value] : cases) {
+        SCOPED_TRACE(typed);
+        ASSERT_LE(typed.size(), 99u);
         Formula formula;
-        ASSERT_TRUE(prepareFormula(formula, c.typed, kModeFunction)) << formula.errorText;
-        EXPECT_EQ(formula.slots[kFunctionSlot].length, c.bracketedLength);
-        EXPECT_LT(c.bracketedLength, kSlotCapacity);
-        EXPECT_EQ(formula.evaluate(c.x), c.value);
+        ASSERT_TRUE(prepareFormula(formula, typed, kModeFunction)) << formula.errorText;
+        EXPECT_EQ(formula.slots[kFunctionSlot].length, bracketedLength);
+        EXPECT_LT(bracketedLength, kSlotCapacity);
+        EXPECT_EQ(formula.evaluate(x), value);
         EXPECT_FALSE(formula.indefinite);
     }
 }

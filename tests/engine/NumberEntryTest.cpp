@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <string>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -17,12 +16,8 @@ namespace curvemill {
 namespace {
 
 TEST(NumberEntry, ReadsConstantExpressionsAndComposesErrors) {
-    const struct {
-        const char* text;
-        const char* box;
-        double value;
-        const char* message;  // empty: accepted
-    } cases[] = {
+    // Text, box, value, and the message (empty: accepted).
+    const std::tuple<const char*, const char*, double, const char*> cases[] = {
         {"pi/2", "X_BEG", 1.5707963267948966, ""},
         {" 2 * e ", "X", 2 * 2.718281828459045, ""},
         {"1/0", "Y", 1e10, ""},
@@ -31,14 +26,14 @@ TEST(NumberEntry, ReadsConstantExpressionsAndComposesErrors) {
         {"", "X_END", 0, "ERROR IN X_END EDIT BOX:\nBOX IS EMPTY"},
         {"0/0", "X", 0, "ERROR IN X EDIT BOX:\nNUMBER MAY NOT BE A VALID CONSTANT"},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.text);
+    for (const auto& [text, box, value, message] : cases) {
+        SCOPED_TRACE(text);
         Formula formula;
-        const NumberReading reading = readNumberEntry(formula, c.text, c.box);
-        EXPECT_EQ(reading.message, c.message);
-        EXPECT_EQ(reading.ok, *c.message == '\0');
+        const NumberReading reading = readNumberEntry(formula, text, box);
+        EXPECT_EQ(reading.message, message);
+        EXPECT_EQ(reading.ok, *message == '\0');
         if (reading.ok) {
-            EXPECT_EQ(reading.value, c.value);
+            EXPECT_EQ(reading.value, value);
         }
     }
 }
@@ -66,30 +61,27 @@ TEST(NumberEntry, ValueIsTakenAgainOnlyAfterAnEdit) {
 }
 
 TEST(LogBase, AcceptsOnlyNonNegativePlainNumbers) {
-    const struct {
-        bool other;
-        const char* text;
-        const char* message;  // empty: accepted
-        double base;
-    } cases[] = {{false, "junk", "", 10},
-                 {true, "2", "", 2},
-                 {true, "0", "", 0},
-                 {true, "-3", kMsgLogBasePositive, 10},
-                 {true, "2a", kMsgEnterValidNumber, 5},
-                 {true, "1.2.3", kMsgEnterValidNumber, 5},
-                 {true, "3-", kMsgEnterValidNumber, 5},
-                 {true, "", kMsgEnterValidNumber, 5},
-                 {true, "-", kMsgEnterValidNumber, 5}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.text);
+    // Other base chosen, text, the message (empty: accepted), the base afterwards.
+    const std::tuple<bool, const char*, const char*, double> cases[] = {
+        {false, "junk", "", 10},
+        {true, "2", "", 2},
+        {true, "0", "", 0},
+        {true, "-3", kMsgLogBasePositive, 10},
+        {true, "2a", kMsgEnterValidNumber, 5},
+        {true, "1.2.3", kMsgEnterValidNumber, 5},
+        {true, "3-", kMsgEnterValidNumber, 5},
+        {true, "", kMsgEnterValidNumber, 5},
+        {true, "-", kMsgEnterValidNumber, 5}};
+    for (const auto& [other, text, message, base] : cases) {
+        SCOPED_TRACE(text);
         Formula formula;
         formula.logBase = 5;
-        const LogBaseResult result = applyLogBase(formula, c.other, c.text);
-        EXPECT_EQ(result.message, c.message);
-        EXPECT_EQ(result.accepted, *c.message == '\0');
-        EXPECT_EQ(formula.logBase, c.base);
+        const LogBaseResult result = applyLogBase(formula, other, text);
+        EXPECT_EQ(result.message, message);
+        EXPECT_EQ(result.accepted, *message == '\0');
+        EXPECT_EQ(formula.logBase, base);
         if (result.accepted) {
-            EXPECT_EQ(formula.logFactor, 1.0 / std::log10(c.base));
+            EXPECT_EQ(formula.logFactor, 1.0 / std::log10(base));
         }
     }
 }

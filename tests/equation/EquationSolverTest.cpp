@@ -39,11 +39,7 @@ EquationGrid square(double half, int steps) {
 // Every solution lies on the curve within the tolerance, inside the grid, in ascending x, and the
 // Y range is the solutions' own.
 TEST(EquationSolver, SolutionsLieOnTheCurveSortedByX) {
-    const struct {
-        const char* equation;
-        EquationGrid grid;
-        int minimumCount;
-    } cases[] = {
+    const std::tuple<const char*, EquationGrid, int> cases[] = {
         {"x^2+y^2-1", square(2, 500), 800},  // about 200 in each quadrant
         {"x*y-1", square(5, 500), 400},
         {"sin(x)-cos(y)", square(10, 500), 1000},
@@ -51,51 +47,48 @@ TEST(EquationSolver, SolutionsLieOnTheCurveSortedByX) {
         {"1/x-y", square(2, 501), 200},
         {"log(x)+y", {0.01, 5, -3, 3, 400, 300, 5}, 300},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.equation);
-        const Solved solved = solve(c.equation, c.grid);
+    for (const auto& [equation, grid, minimumCount] : cases) {
+        SCOPED_TRACE(equation);
+        const Solved solved = solve(equation, grid);
         ASSERT_TRUE(solved.completed);
         const auto& points = solved.curve.solutions;
-        EXPECT_GE(solved.curve.count(), c.minimumCount);
+        EXPECT_GE(solved.curve.count(), minimumCount);
         EXPECT_TRUE(std::is_sorted(points.begin(), points.end(),
                                    [](auto& a, auto& b) { return a.x < b.x; }));
         Formula check;
-        ASSERT_TRUE(prepareFormula(check, c.equation, 'e'));
+        ASSERT_TRUE(prepareFormula(check, equation, 'e'));
         for (const SolutionPoint& p : points) {
             const double f = check.evaluate(p.x, kTwoVariableSlot, p.y);
-            ASSERT_TRUE(!check.indefinite && std::fabs(f) < 1e-5 && p.x >= c.grid.xBegin &&
-                        p.x <= c.grid.xEnd && p.y >= c.grid.yBegin && p.y <= c.grid.yEnd)
+            ASSERT_TRUE(!check.indefinite && std::fabs(f) < 1e-5 && p.x >= grid.xBegin &&
+                        p.x <= grid.xEnd && p.y >= grid.yBegin && p.y <= grid.yEnd)
                 << p.x << ", " << p.y << ": " << f;
         }
         const auto [lo, hi] = std::minmax_element(points.begin(), points.end(),
                                                   [](auto& a, auto& b) { return a.y < b.y; });
         EXPECT_EQ(std::pair(solved.curve.yMin, solved.curve.yMax), std::pair(lo->y, hi->y));
-        EXPECT_EQ(solved.curve.grid.xSteps, c.grid.xSteps);
+        EXPECT_EQ(solved.curve.grid.xSteps, grid.xSteps);
     }
 }
 
 // Exact grid points come first and are not bisected again from their neighbours; a sign change
 // along y is taken before one along x, so a line crossing both gives one point per column.
 TEST(EquationSolver, OrderOfTheTests) {
-    const struct {
-        const char* equation;
-        std::vector<std::pair<double, double>> expected;
-    } cases[] = {
+    const std::tuple<const char*, std::vector<std::pair<double, double>>> cases[] = {
         {"x+y", {{-2, 2}, {-1, 1}, {0, 0}, {1, -1}, {2, -2}}},
         {"x+y-0.5", {{-1, 1.5}, {0, 0.5}, {1, -0.5}, {2, -1.5}}},
         // No sign change along y within a column: bisected along x, one point per row.
         {"x-0.5", {{0.5, -2}, {0.5, -1}, {0.5, 0}, {0.5, 1}, {0.5, 2}}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.equation);
-        Solved solved = solve(c.equation, square(2, 4));
+    for (const auto& [equation, expected] : cases) {
+        SCOPED_TRACE(equation);
+        Solved solved = solve(equation, square(2, 4));
         ASSERT_TRUE(solved.completed);
         std::vector<std::pair<double, double>> points;
         for (const SolutionPoint& p : solved.curve.solutions) {
             points.emplace_back(p.x, p.y);
         }
         std::sort(points.begin(), points.end());
-        EXPECT_EQ(points, c.expected);
+        EXPECT_EQ(points, expected);
     }
 }
 

@@ -1,6 +1,7 @@
 // Curves on the plotting area: pen runs, area polygons and the stretches without a value.
 #include <cmath>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -28,34 +29,31 @@ TEST(CurveRuns, MapsPointsBreaksWhereTheCurveMustNotBeJoinedAndClampsFarValues) 
     // x = 0 is column 65; y runs from row 40 (3.75) to row 340 (-3.75).
     const GraphView view = testView();
 
-    const struct {
-        const char* name;
-        std::vector<PlotPoint> points;
-        std::vector<std::vector<PixelPoint>> runs;
-    } cases[] = {
-        {"plain records are joined",
-         {point(1, 0), point(2, 1), point(3, -1), point(4, 0)},
-         {{{105, 190}, {145, 150}, {185, 230}, {225, 190}}}},
-        {"a break pair lifts the pen",
-         {point(1, 0), point(2, 1, true), point(3, -1, true), point(4, 0)},
-         {{{105, 190}, {145, 150}}, {{185, 230}, {225, 190}}}},
-        {"an indefinite record lifts the pen",
-         {point(1, 0), point(2, 1), point(3, 0, false, true), point(4, 0), point(5, 1)},
-         {{{105, 190}, {145, 150}}, {{225, 190}, {265, 150}}}},
-        {"a curve wholly above the view draws nothing",
-         {point(1, 5), point(2, 9), point(3, 4)},
-         {}},
-        {"a steep segment is cut exactly at the top row",
-         {point(1, 0), point(2, 100)},
-         // The line from (105, 190) to (145, -3810) meets row 40 at column 106.5.
-         {{{105, 190}, {106, 40}}}},
-        {"a segment through the whole band is cut at both rows",
-         {point(1, -100), point(2, 100)},
-         {{{124, 340}, {125, 40}}}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(runsOf(view, c.points), c.runs);
+    const std::tuple<const char*, std::vector<PlotPoint>, std::vector<std::vector<PixelPoint>>>
+        cases[] = {
+            {"plain records are joined",
+             {point(1, 0), point(2, 1), point(3, -1), point(4, 0)},
+             {{{105, 190}, {145, 150}, {185, 230}, {225, 190}}}},
+            {"a break pair lifts the pen",
+             {point(1, 0), point(2, 1, true), point(3, -1, true), point(4, 0)},
+             {{{105, 190}, {145, 150}}, {{185, 230}, {225, 190}}}},
+            {"an indefinite record lifts the pen",
+             {point(1, 0), point(2, 1), point(3, 0, false, true), point(4, 0), point(5, 1)},
+             {{{105, 190}, {145, 150}}, {{225, 190}, {265, 150}}}},
+            {"a curve wholly above the view draws nothing",
+             {point(1, 5), point(2, 9), point(3, 4)},
+             {}},
+            {"a steep segment is cut exactly at the top row",
+             {point(1, 0), point(2, 100)},
+             // The line from (105, 190) to (145, -3810) meets row 40 at column 106.5.
+             {{{105, 190}, {106, 40}}}},
+            {"a segment through the whole band is cut at both rows",
+             {point(1, -100), point(2, 100)},
+             {{{124, 340}, {125, 40}}}},
+        };
+    for (const auto& [name, points, runs] : cases) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(runsOf(view, points), runs);
     }
     // Far values are clamped and never overflow.
     const auto runs = runsOf(view, {point(1, 0), point(2, 1e300), point(3, -INFINITY),
@@ -143,21 +141,18 @@ Curve patternCurve(const std::string& pattern) {
 }
 
 TEST(IndefiniteStretches, ReachFromEdgeToEdgeOrToTheRangesEnds) {
-    const struct {
-        std::string pattern;
-        std::vector<std::pair<double, double>> stretches;
-    } cases[] = {
+    const std::tuple<std::string, std::vector<std::pair<double, double>>> cases[] = {
         {"....", {}},       {"II..", {{-1, 2}}},
         {"..II", {{1, 9}}}, {".I..III.", {{0, 2}, {3, 7}}},
         {"III", {{-1, 9}}}, {"", {}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.pattern);
+    for (const auto& [pattern, stretches] : cases) {
+        SCOPED_TRACE(pattern);
         std::vector<std::pair<double, double>> found;
-        for (const XStretch& s : indefiniteStretches(patternCurve(c.pattern), -1, 9)) {
+        for (const XStretch& s : indefiniteStretches(patternCurve(pattern), -1, 9)) {
             found.emplace_back(s.begin, s.end);
         }
-        EXPECT_EQ(found, c.stretches);
+        EXPECT_EQ(found, stretches);
     }
     // A count beyond the records is not read.
     Curve curve = patternCurve(".I");

@@ -61,26 +61,22 @@ TEST(CurveSampler, MonotonicCurvesGetRegularSamplesPlusFinalRecord) {
 // minimum, and a curve flat to rounding (many turns, none of them real) gets no mark.
 TEST(CurveSampler, DenseSamplesStillMarkEveryTurningPoint) {
     const double h = kPi / 2;
-    const struct {
-        const char* text;
-        double a, b;
-        int points;
-        double yMax;
-        std::vector<double> maxima, minima;
-    } cases[] = {
-        {"sin(x)", -10, 10, 10000, 1, {-3 * h, h, 5 * h}, {-5 * h, -h, 3 * h}},
-        {"sin(x)", -5, 5, 100000, 1, {-3 * h, h}, {-h, 3 * h}},
-        {"sin(x)", -5, 5, 400000, 1, {-3 * h, h}, {-h, 3 * h}},
-        {"x^3-3*x", -3, 3, 100000, 18, {-1}, {1}},
-        {"sin(x)^2+cos(x)^2", -5, 5, 100000, 1, {}, {}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.text << " at " << c.points);
-        SampledGraph s(c.text, c.a, c.b, c.points);
+    const std::tuple<const char*, double, double, int, double, std::vector<double>,
+                     std::vector<double>>
+        cases[] = {
+            {"sin(x)", -10, 10, 10000, 1, {-3 * h, h, 5 * h}, {-5 * h, -h, 3 * h}},
+            {"sin(x)", -5, 5, 100000, 1, {-3 * h, h}, {-h, 3 * h}},
+            {"sin(x)", -5, 5, 400000, 1, {-3 * h, h}, {-h, 3 * h}},
+            {"x^3-3*x", -3, 3, 100000, 18, {-1}, {1}},
+            {"sin(x)^2+cos(x)^2", -5, 5, 100000, 1, {}, {}},
+        };
+    for (const auto& [text, a, b, points, yMax, maxima, minima] : cases) {
+        SCOPED_TRACE(testing::Message() << text << " at " << points);
+        SampledGraph s(text, a, b, points);
         ASSERT_TRUE(s.completed);
         const Curve& m = s.graph.main;
         for (const auto& [kind, expected] :
-             {std::pair{kRefinedMaximum, c.maxima}, std::pair{kRefinedMinimum, c.minima}}) {
+             {std::pair{kRefinedMaximum, maxima}, std::pair{kRefinedMinimum, minima}}) {
             const auto marked =
                 indicesWhere(m, [kind](const PlotPoint& p) { return p.peakKind == kind; });
             ASSERT_EQ(marked.size(), 2 * expected.size()) << int{kind};
@@ -93,7 +89,7 @@ TEST(CurveSampler, DenseSamplesStillMarkEveryTurningPoint) {
                 EXPECT_NEAR(x2, expected[k], 2e-8);
             }
         }
-        EXPECT_DOUBLE_EQ(m.yMax, c.yMax);
+        EXPECT_DOUBLE_EQ(m.yMax, yMax);
         // Refined records keep x ascending.
         for (int i = 1; i < m.pointCount; ++i) {
             ASSERT_GE(double{m.points[i].x}, double{m.points[i - 1].x}) << i;
@@ -132,31 +128,28 @@ TEST(CurveSampler, EdgeSearchWalksEverySubStepToTheBoundary) {
         indicesWhere(whole.graph.main, [](const PlotPoint& p) { return p.isIndefinite; }).size(),
         static_cast<std::size_t>(whole.graph.main.pointCount));
     EXPECT_EQ(whole.span(), std::make_pair(-1.0, -1.0));
-    const struct {
-        const char* text;
-        double a, b, yMin, yMax, edge;
-        std::pair<double, double> span;
-    } cases[] = {
-        {"Sqr(x)", -1, 1, std::sqrt(5e-324), 1, 5e-324, {5e-324, 1}},
-        {"Sqr(-x)", -1, 1, std::sqrt(5e-324), 1, -5e-324, {-1, -5e-324}},
-        {"asin(x)", -2, 2, -kPi / 2, kPi / 2, 1, {-1, 1}},
-        {"acos(x/2)", -3, 3, 0, kPi, 2, {-2, 2}},
-        {"Sqr(sin(x))", -10, 10, std::sqrt(5e-324), 1, 5e-324, {-10, -3 * kPi}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.text);
-        SampledGraph s(c.text, c.a, c.b);
+    const std::tuple<const char*, double, double, double, double, double, std::pair<double, double>>
+        cases[] = {
+            {"Sqr(x)", -1, 1, std::sqrt(5e-324), 1, 5e-324, {5e-324, 1}},
+            {"Sqr(-x)", -1, 1, std::sqrt(5e-324), 1, -5e-324, {-1, -5e-324}},
+            {"asin(x)", -2, 2, -kPi / 2, kPi / 2, 1, {-1, 1}},
+            {"acos(x/2)", -3, 3, 0, kPi, 2, {-2, 2}},
+            {"Sqr(sin(x))", -10, 10, std::sqrt(5e-324), 1, 5e-324, {-10, -3 * kPi}},
+        };
+    for (const auto& [text, a, b, yMin, yMax, edge, span] : cases) {
+        SCOPED_TRACE(text);
+        SampledGraph s(text, a, b);
         const Curve& m = s.graph.main;
-        EXPECT_EQ(std::pair(m.yMin, m.yMax), std::pair(c.yMin, c.yMax));
+        EXPECT_EQ(std::pair(m.yMin, m.yMax), std::pair(yMin, yMax));
         double nearest = INFINITY;
         for (const PlotPoint& p : m) {
-            if (!p.isIndefinite && std::fabs(p.x - c.edge) < std::fabs(nearest - c.edge)) {
+            if (!p.isIndefinite && std::fabs(p.x - edge) < std::fabs(nearest - edge)) {
                 nearest = p.x;
             }
         }
-        EXPECT_EQ(nearest, c.edge);
-        EXPECT_NEAR(s.span().first, c.span.first, 1e-12);
-        EXPECT_NEAR(s.span().second, c.span.second, 1e-12);
+        EXPECT_EQ(nearest, edge);
+        EXPECT_NEAR(s.span().first, span.first, 1e-12);
+        EXPECT_NEAR(s.span().second, span.second, 1e-12);
     }
 }
 

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -16,20 +17,16 @@ namespace curvemill {
 namespace {
 
 TEST(GridSteps, CandidateChainKeepsTheEarlierStepOnATieAndTheZoomedListsComeFirst) {
-    const struct {
-        double raw;
-        double unit;
-        double step;
-    } cases[] = {
+    const std::tuple<double, double, double> cases[] = {
         {1.0, 1.0, 1.0},   {1.5, 1.0, 1.0},       {1.51, 1.0, 2.0},
         {3.5, 1.0, 2.0},   {3.6, 1.0, 5.0},       {7.5, 1.0, 5.0},
         {12.0, 1.0, 10.0}, {150.0, 1.0, 100.0},   {0.75, 1.0, 1.0},
         {0.16, 1.0, 0.2},  {0.12, 1.0, 0.1},      {0.012, 1.0, 0.01},
         {kPi, kPi, kPi},   {1.5 * kPi, kPi, kPi}, {0.3 * kPi, kPi, 0.2 * kPi},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.raw);
-        EXPECT_DOUBLE_EQ(tidyStep(c.raw, c.unit), c.step);
+    for (const auto& [raw, unit, step] : cases) {
+        SCOPED_TRACE(raw);
+        EXPECT_DOUBLE_EQ(tidyStep(raw, unit), step);
     }
     // The chooser takes the first candidate of the zoomed lists.
     GraphView view = testView();  // 40 pixels per unit, so 60 pixels are 3 units at base scale 20

@@ -209,24 +209,19 @@ TEST(SurfaceLight, RotationModePKeepsTheDepthPlane) {
 }
 
 TEST(SurfaceLight, SchemesTurnBrightnessIntoColour) {
-    const struct {
-        char scheme;
-        int at0[3];
-        int at200[3];
-    } cases[] = {
-        {'1', {0, 0, 0}, {200, 200, 200}},   {'r', {255, 0, 0}, {255, 160, 160}},
-        {'g', {0, 255, 0}, {160, 255, 160}}, {'b', {0, 0, 255}, {160, 160, 255}},
-        {'c', {0, 0, 0}, {120, 200, 200}},   {'m', {0, 0, 0}, {200, 120, 200}},
-        {'y', {0, 0, 0}, {200, 200, 120}},   {'o', {191, 65, 41}, {237, 210, 204}},
+    const auto rgb = [](int r, int g, int b) { return packColour(r, g, b); };
+    const std::tuple<char, std::uint32_t, std::uint32_t> cases[] = {
+        {'1', rgb(0, 0, 0), rgb(200, 200, 200)},   {'r', rgb(255, 0, 0), rgb(255, 160, 160)},
+        {'g', rgb(0, 255, 0), rgb(160, 255, 160)}, {'b', rgb(0, 0, 255), rgb(160, 160, 255)},
+        {'c', rgb(0, 0, 0), rgb(120, 200, 200)},   {'m', rgb(0, 0, 0), rgb(200, 120, 200)},
+        {'y', rgb(0, 0, 0), rgb(200, 200, 120)},   {'o', rgb(191, 65, 41), rgb(237, 210, 204)},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.scheme);
+    for (const auto& [scheme, at0, at200] : cases) {
         SurfaceLight light;
-        light.scheme = c.scheme;
-        const std::uint32_t dark = schemeColour(light, 0);
-        const std::uint32_t lit = schemeColour(light, 200);
-        EXPECT_EQ(dark, packColour(c.at0[0], c.at0[1], c.at0[2]));
-        EXPECT_EQ(lit, packColour(c.at200[0], c.at200[1], c.at200[2]));
+        light.scheme = scheme;
+        EXPECT_EQ(std::pair(schemeColour(light, 0), schemeColour(light, 200)),
+                  std::pair(at0, at200))
+            << scheme;
     }
 }
 

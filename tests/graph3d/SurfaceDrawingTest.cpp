@@ -1,6 +1,5 @@
 // Cell drawing: holes and triangles, skipped lines, pixel squares and the clip, the passes and
 // their far-to-near order; the box around the surface.
-#include <algorithm>
 #include <cmath>
 #include <tuple>
 
@@ -76,11 +75,8 @@ TEST(SurfaceDrawing, IndefiniteVerticesLeaveHolesAndPixelsStayInsideTheClip) {
 
 // Each pass over a 10 x 10 grid: how many lines, which come first and last. The first corner of
 // each cell drawn is its own vertex (i, j); rows are lines of one j, columns of one i.
-const struct {
-    int lines;
-    int firstLine;
-    int lastLine;
-} kPasses[] = {{9, 9, 1}, {9, 1, 9}, {8, 9, 2}, {9, 1, 9}};
+// Lines, first line, last line.
+const std::tuple<int, int, int> kPasses[] = {{9, 9, 1}, {9, 1, 9}, {8, 9, 2}, {9, 1, 9}};
 
 // Whatever way the figure is then turned, the line drawn first lies further from the eye than
 // the line drawn last, and the inner walk runs far to near where the eye's quadrant allows.
@@ -91,11 +87,11 @@ TEST(SurfaceDrawing, PassesWalkTheirLinesFarToNearForEveryRotation) {
         SCOPED_TRACE(pass);
         DrawingPlan plan = prepareDrawing(scene, 400, 300);
         plan.pass = pass;
-        const auto& c = kPasses[pass - 1];
-        EXPECT_EQ(lineCount(scene, pass), c.lines);
+        const auto& [lines, firstLine, lastLine] = kPasses[pass - 1];
+        EXPECT_EQ(lineCount(scene, pass), lines);
         RecordingSink sink;
         drawLines(scene, plan, 0, lineCount(scene, pass), sink);
-        ASSERT_EQ(sink.items.size(), std::size_t(c.lines * 9));
+        ASSERT_EQ(sink.items.size(), std::size_t(lines * 9));
         const auto lineOf = [&](const RecordingSink::Item& r) {
             for (int i = 0; i <= 10; ++i) {
                 for (int j = 0; j <= 10; ++j) {
@@ -106,8 +102,8 @@ TEST(SurfaceDrawing, PassesWalkTheirLinesFarToNearForEveryRotation) {
             }
             return -1;
         };
-        EXPECT_EQ(lineOf(sink.items.front()), c.firstLine);
-        EXPECT_EQ(lineOf(sink.items.back()), c.lastLine);
+        EXPECT_EQ(lineOf(sink.items.front()), firstLine);
+        EXPECT_EQ(lineOf(sink.items.back()), lastLine);
     }
     const SurfaceGrid& g = scene.grid;
     for (const char mode : {'a', 'Q', 'X', 'Y'}) {
@@ -122,9 +118,8 @@ TEST(SurfaceDrawing, PassesWalkTheirLinesFarToNearForEveryRotation) {
                 return rows ? g.vertex(0, line).y : g.vertex(line, 0).x;
             };
             const double e = rows ? eye.y : eye.x;
-            EXPECT_GT(std::fabs(e - at(kPasses[pass - 1].firstLine)),
-                      std::fabs(e - at(kPasses[pass - 1].lastLine)))
-                << "pass " << pass;
+            const auto& [lines, firstLine, lastLine] = kPasses[pass - 1];
+            EXPECT_GT(std::fabs(e - at(firstLine)), std::fabs(e - at(lastLine))) << "pass " << pass;
             const double across = rows ? eye.x - g.xc : eye.y - g.yc;
             const double along = rows ? eye.y - g.yc : eye.x - g.xc;
             if (across < 0 && std::fabs(along) > 1e-9) {
@@ -138,11 +133,7 @@ TEST(SurfaceDrawing, PassesWalkTheirLinesFarToNearForEveryRotation) {
 // The box around a surface: tidy values, back faces chosen from the eye, and the projection of
 // its corners and labels by the same route as the surface's vertices.
 TEST(SurfaceGridBox, ValuesAtTidySteps) {
-    const struct {
-        double begin, end;
-        std::vector<double> values;
-        int decimals;
-    } cases[] = {
+    const std::tuple<double, double, std::vector<double>, int> cases[] = {
         {-1, 1, {-1, -0.5, 0, 0.5, 1}, 1},
         {0, 100, {0, 20, 40, 60, 80, 100}, 0},
         {-3, 3, {-3, -2, -1, 0, 1, 2, 3}, 0},
@@ -150,15 +141,15 @@ TEST(SurfaceGridBox, ValuesAtTidySteps) {
         {1, 1, {}, 0},
         {2, 1, {}, 0},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(::testing::Message() << c.begin << " .. " << c.end);
+    for (const auto& [begin, end, wanted, wantedDecimals] : cases) {
+        SCOPED_TRACE(::testing::Message() << begin << " .. " << end);
         int decimals = -1;
-        const std::vector<double> values = boxValues(c.begin, c.end, decimals);
-        ASSERT_EQ(values.size(), c.values.size());
+        const std::vector<double> values = boxValues(begin, end, decimals);
+        ASSERT_EQ(values.size(), wanted.size());
         for (std::size_t k = 0; k < values.size(); ++k) {
-            EXPECT_NEAR(values[k], c.values[k], 1e-12);
+            EXPECT_NEAR(values[k], wanted[k], 1e-12);
         }
-        EXPECT_EQ(decimals, c.decimals);
+        EXPECT_EQ(decimals, wantedDecimals);
     }
 }
 

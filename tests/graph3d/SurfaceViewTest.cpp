@@ -1,6 +1,7 @@
 // The eye, the rotations, the projection and the fit to a target; the angle conventions of both
 // rotation routes, drags and the animation.
 #include <cmath>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -67,45 +68,36 @@ TEST(SurfaceRotation, QuarterTurnsAreRightHandedByBothRoutesAboutTheCentre) {
     const SurfaceGrid centred = cubeGrid();
     // A negligible second angle sends the same turn through the matrix instead of the axis mode.
     constexpr double kNudge = 1e-300;
-    const struct {
-        RotationAngles angles;
-        char mode;
-        Vec3 from;
-        Vec3 to;
-    } cases[] = {
+    const std::tuple<RotationAngles, char, Vec3, Vec3> cases[] = {
         {{90, 0, 0}, 'X', {0, 1, 0}, {0, 0, 1}},      {{0, 90, 0}, 'Y', {0, 0, 1}, {1, 0, 0}},
         {{0, 0, 90}, 'Q', {1, 0, 0}, {0, 1, 0}},      {{-90, 0, 0}, 'X', {0, 0, 1}, {0, 1, 0}},
         {{0, 0, -90}, 'Q', {0, 1, 0}, {1, 0, 0}},     {{90, 0, kNudge}, 'P', {0, 1, 0}, {0, 0, 1}},
         {{kNudge, 90, 0}, 'P', {0, 0, 1}, {1, 0, 0}}, {{kNudge, 0, 90}, 'P', {1, 0, 0}, {0, 1, 0}},
         {{0, 0, 0}, 'a', {1, 2, 3}, {1, 2, 3}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.angles.x << "," << c.angles.y << "," << c.angles.z);
+    for (const auto& [angles, mode, from, to] : cases) {
+        SCOPED_TRACE(testing::Message() << angles.x << "," << angles.y << "," << angles.z);
         SurfaceView view;
-        applyRotation(view, c.angles);
-        EXPECT_EQ(view.mode, c.mode);
-        EXPECT_LT(distance(rotatePoint(view, centred, c.from), c.to), 1e-12);
+        applyRotation(view, angles);
+        EXPECT_EQ(view.mode, mode);
+        EXPECT_LT(distance(rotatePoint(view, centred, from), to), 1e-12);
     }
     // Each axis mode turns about the figure's centre, wherever it lies.
     SurfaceGrid grid = centred;
     grid.xc = 1;
     grid.yc = 2;
     grid.zc = 3;
-    const struct {
-        char mode;
-        Vec3 from;
-        Vec3 to;
-    } modes[] = {
+    const std::tuple<char, Vec3, Vec3> modes[] = {
         {'a', {4, 5, 6}, {4, 5, 6}}, {'X', {1, 3, 3}, {1, 2, 4}}, {'x', {1, 2, 4}, {1, 1, 3}},
         {'Y', {2, 2, 3}, {1, 2, 4}}, {'y', {1, 2, 4}, {0, 2, 3}}, {'Q', {2, 2, 3}, {1, 1, 3}},
         {'R', {1, 3, 3}, {2, 2, 3}}, {'q', {2, 2, 3}, {1, 1, 3}}, {'r', {1, 3, 3}, {2, 2, 3}},
     };
-    for (const auto& c : modes) {
-        SCOPED_TRACE(c.mode);
+    for (const auto& [mode, from, to] : modes) {
+        SCOPED_TRACE(mode);
         SurfaceView view;
         setAxisAngle(view, 90);
-        view.mode = c.mode;
-        EXPECT_LT(distance(rotatePoint(view, grid, c.from), c.to), 1e-12);
+        view.mode = mode;
+        EXPECT_LT(distance(rotatePoint(view, grid, from), to), 1e-12);
     }
     SurfaceView matrix;
     setRotationMatrix(matrix, 90, 0, 0);
@@ -114,14 +106,12 @@ TEST(SurfaceRotation, QuarterTurnsAreRightHandedByBothRoutesAboutTheCentre) {
 }
 
 TEST(SurfaceRotation, AnglesWrapIntoOneTurn) {
-    const struct {
-        double in;
-        double out;
-    } cases[] = {{0, 0},   {180, 180},  {-180, 180}, {190, -170}, {-190, 170},
-                 {720, 0}, {-540, 180}, {359, -1},   {NAN, 0},    {INFINITY, 0}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.in);
-        EXPECT_NEAR(wrapDegrees(c.in), c.out, 1e-12);
+    const std::tuple<double, double> cases[] = {{0, 0},      {180, 180},   {-180, 180}, {190, -170},
+                                                {-190, 170}, {720, 0},     {-540, 180}, {359, -1},
+                                                {NAN, 0},    {INFINITY, 0}};
+    for (const auto& [in, out] : cases) {
+        SCOPED_TRACE(in);
+        EXPECT_NEAR(wrapDegrees(in), out, 1e-12);
     }
     const RotationAngles a = turnedAbout({170, 0, -170}, RotationAxis::kX, 20);
     EXPECT_NEAR(a.x, -170, 1e-12);
@@ -129,20 +119,16 @@ TEST(SurfaceRotation, AnglesWrapIntoOneTurn) {
 }
 
 TEST(SurfaceRotation, DragOfKnownLengthGivesItsAnglesAndCarriesTheNearSideAlong) {
-    const struct {
-        RotationAngles atPress;
-        double dx, dy;
-        RotationAngles expected;
-    } cases[] = {
+    const std::tuple<RotationAngles, double, double, RotationAngles> cases[] = {
         {{0, 0, 0}, 90, 0, {0, 0, -45}},
         {{0, 0, 0}, 0, 60, {30, 0, 0}},
         {{10, 20, 30}, -40, -20, {0, 20, 50}},
         {{0, 0, -170}, 40, 0, {0, 0, 170}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.dx << "," << c.dy);
-        const RotationAngles a = draggedAngles(c.atPress, c.dx, c.dy);
-        EXPECT_LT(distance({a.x, a.y, a.z}, {c.expected.x, c.expected.y, c.expected.z}), 1e-12);
+    for (const auto& [atPress, dx, dy, expected] : cases) {
+        SCOPED_TRACE(testing::Message() << dx << "," << dy);
+        const RotationAngles a = draggedAngles(atPress, dx, dy);
+        EXPECT_LT(distance({a.x, a.y, a.z}, {expected.x, expected.y, expected.z}), 1e-12);
     }
     // The corner nearest the eye moves the way the mouse went.
     const SurfaceGrid grid = cubeGrid();
@@ -159,20 +145,16 @@ TEST(SurfaceRotation, DragOfKnownLengthGivesItsAnglesAndCarriesTheNearSideAlong)
 TEST(SurfaceRotation, AFullTurnOfTheAnimationReturnsToItsStartAtABoundedSpeed) {
     const SurfaceGrid grid = cubeGrid();
     const Placement placement{200, 400, 300};
-    const struct {
-        RotationAxis axis;
-        double speed;
-        RotationAngles from;
-    } cases[] = {
+    const std::tuple<RotationAxis, double, RotationAngles> cases[] = {
         {RotationAxis::kZ, 30, {}},
         {RotationAxis::kX, -45, {10, 0, 5}},
         {RotationAxis::kY, 7, {0, 40, 0}},
         {RotationAxis::kZ, 720, {20, -30, 100}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.speed);
+    for (const auto& [axis, speed, from] : cases) {
+        SCOPED_TRACE(speed);
         RotationAnimation animation;
-        animation.start(c.from, c.axis, c.speed);
+        animation.start(from, axis, speed);
         // The corners' projections at a time of the turn, laid end to end.
         const auto projected = [&](double seconds) {
             SurfaceView view;
@@ -185,7 +167,7 @@ TEST(SurfaceRotation, AFullTurnOfTheAnimationReturnsToItsStartAtABoundedSpeed) {
             }
             return points;
         };
-        const double turn = 360.0 / std::abs(c.speed);
+        const double turn = 360.0 / std::abs(speed);
         const std::vector<double> start = projected(0);
         const std::vector<double> half = projected(turn / 2);
         const std::vector<double> end = projected(turn);

@@ -38,19 +38,17 @@ TEST(ExtremeList, FiltersAndTheLastRecordIsNeverListed) {
 }
 
 TEST(ExtremeList, AdjacentMarksGiveOneRowTheFartherOneForGood) {
-    const struct {
-        double y1, y2;
-        double shown;
-    } cases[] = {{1.0, 1.2, 1.1}, {1.2, 1.0, 1.0}, {1.0, 1.0, 1.1}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.shown);
-        Curve curve = curveOf({{0, 0, 0}, {1.0, c.y1, 1}, {1.1, c.y2, 1}, {2, 0, 0}});
+    const std::tuple<double, double, double> cases[] = {
+        {1.0, 1.2, 1.1}, {1.2, 1.0, 1.0}, {1.0, 1.0, 1.1}};
+    for (const auto& [y1, y2, shown] : cases) {
+        SCOPED_TRACE(shown);
+        Curve curve = curveOf({{0, 0, 0}, {1.0, y1, 1}, {1.1, y2, 1}, {2, 0, 0}});
         EXPECT_EQ(xs(fillExtremeList(curve, false, false, ExtremeFilter::kBoth)),
-                  std::vector<double>{c.shown});
-        const int erased = c.shown == 1.0 ? 2 : 1;
+                  std::vector<double>{shown});
+        const int erased = shown == 1.0 ? 2 : 1;
         EXPECT_EQ(curve.points[erased].peakKind, kOrdinaryPoint);
         EXPECT_EQ(xs(fillExtremeList(curve, false, false, ExtremeFilter::kMaxima)),
-                  std::vector<double>{c.shown});
+                  std::vector<double>{shown});
     }
 }
 

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cmath>
 #include <functional>
+#include <tuple>
 #include <vector>
 
 #include "mathtools/IntegralCurve.h"
@@ -24,32 +25,27 @@ double worstError(const Curve& curve, const std::function<double(double)>& exact
     return worst;
 }
 
-struct ClosedForm {
-    const char* formula;
-    double xBegin, xEnd;
-    std::function<double(double)> primitive;
-    double lowest, highest;  // of the integral over the range
-};
-
 TEST(IntegralCurve, FollowsClosedFormsFromTheStartOfTheRange) {
-    const ClosedForm cases[] = {
-        {"x^2", -3, 3, [](double x) { return x * x * x / 3; }, 0, 18},
-        {"cos(x)", 0, 6.283185307179586, [](double x) { return std::sin(x); }, -1, 1},
-        {"e^x", -1, 2, [](double x) { return std::exp(x); }, 0, std::exp(2.0) - std::exp(-1.0)},
-    };
-    for (const ClosedForm& c : cases) {
-        SCOPED_TRACE(c.formula);
-        SampledGraph g(c.formula, c.xBegin, c.xEnd, 100000);
+    // Formula, range, primitive, and the lowest and highest of the integral over the range.
+    const std::tuple<const char*, double, double, std::function<double(double)>, double, double>
+        cases[] = {
+            {"x^2", -3, 3, [](double x) { return x * x * x / 3; }, 0, 18},
+            {"cos(x)", 0, 6.283185307179586, [](double x) { return std::sin(x); }, -1, 1},
+            {"e^x", -1, 2, [](double x) { return std::exp(x); }, 0, std::exp(2.0) - std::exp(-1.0)},
+        };
+    for (const auto& [formula, xBegin, xEnd, primitive, lowest, highest] : cases) {
+        SCOPED_TRACE(formula);
+        SampledGraph g(formula, xBegin, xEnd, 100000);
         ASSERT_TRUE(buildIntegralCurve(g.graph, g.formula, {}));
         const Curve& integral = g.graph.integral;
         ASSERT_EQ(integral.pointCount, g.graph.main.pointCount);
         EXPECT_EQ(double{integral.points[0].y}, 0.0);
-        const double start = c.primitive(c.xBegin);
-        const auto exact = [&](double x) { return c.primitive(x) - start; };
+        const double start = primitive(xBegin);
+        const auto exact = [&](double x) { return primitive(x) - start; };
         EXPECT_LT(worstError(integral, exact), 1e-6);
         // The extent that widens the view is that of the integral, not of the function.
-        EXPECT_NEAR(integral.yMin, c.lowest, 1e-6);
-        EXPECT_NEAR(integral.yMax, c.highest, 1e-6);
+        EXPECT_NEAR(integral.yMin, lowest, 1e-6);
+        EXPECT_NEAR(integral.yMax, highest, 1e-6);
     }
 }
 
@@ -81,35 +77,32 @@ TEST(IntegralCurve, StartsAgainAfterAStretchWithNoValue) {
 // Hand-made records: y = 1 at x = 0, 1, 2, ...; flags '.' plain, 'b' break, 'n' no value.
 TEST(IntegralCurve, RestartRule) {
     const double n = NAN;  // no value
-    const struct {
-        const char* flags;
-        std::vector<double> expected;
-    } cases[] = {
+    const std::tuple<const char*, std::vector<double>> cases[] = {
         {"......", {0, 1, 2, 3, 4, 5}}, {"..bb..", {0, 1, 2, 0, 1, 2}},  // a jump between 2 and 3
         {"..b...", {0, 1, 2, 3, 4, 5}},  // a one-sided break is no jump
         {".bn...", {0, 1, n, 0, 1, 2}},  // a break before a gap
         {"..nn..", {0, 1, n, n, 0, 1}}, {"n.....", {n, 0, 1, 2, 3, 4}},
         {"..nbb.", {0, 1, n, 0, 0, 1}},  // a jump right after a gap
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.flags);
+    for (const auto& [flags, expected] : cases) {
+        SCOPED_TRACE(flags);
         TwoDGraph graph;
         graph.xBegin = 0;
         graph.xEnd = 5;
         std::vector<PlotPoint> records;
-        for (int i = 0; c.flags[i] != '\0'; ++i) {
-            const bool gap = c.flags[i] == 'n';  // its y must never be added in
-            records.push_back(point(i, gap ? 1e308 : 1.0, c.flags[i] == 'b', gap));
+        for (int i = 0; flags[i] != '\0'; ++i) {
+            const bool gap = flags[i] == 'n';  // its y must never be added in
+            records.push_back(point(i, gap ? 1e308 : 1.0, flags[i] == 'b', gap));
         }
         setCurve(graph.main, records);
         Formula formula;
         ASSERT_TRUE(buildIntegralCurve(graph, formula, {}));
-        for (std::size_t i = 0; i < c.expected.size(); ++i) {
+        for (std::size_t i = 0; i < expected.size(); ++i) {
             const PlotPoint& r = graph.integral.points[i];
             EXPECT_EQ(r.isBreak, graph.main.points[i].isBreak) << i;
-            EXPECT_EQ(bool(r.isIndefinite), std::isnan(c.expected[i])) << i;
+            EXPECT_EQ(bool(r.isIndefinite), std::isnan(expected[i])) << i;
             if (!r.isIndefinite) {
-                EXPECT_EQ(double{r.y}, c.expected[i]) << i;
+                EXPECT_EQ(double{r.y}, expected[i]) << i;
             }
         }
     }

@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cmath>
+#include <tuple>
 
 #include "engine/NumberEntry.h"
 #include "mathtools/Integral.h"
@@ -22,15 +23,10 @@ IntegralState interval(double from, double to) {
     return state;
 }
 
-struct ClosedForm {
-    const char* formula;
-    double xBegin, xEnd, from, to, exact;
-};
-
 // The quick sum's error is that of the trapezoid rule at the sampling step; the precise run
 // accepts chords within 1e-7 of the curve, so its error stays below 1e-7 per unit of width.
 TEST(Integral, MatchesClosedFormsQuickAndPrecise) {
-    const ClosedForm cases[] = {
+    const std::tuple<const char*, double, double, double, double, double> cases[] = {
         {"x^3-2*x", -2, 3, -1, 2.5, 4.265625},
         {"sin(x)", -1, 4, 0, 3.141592653589793, 2.0},
         {"e^x", 0, 1, 0, 1, std::exp(1.0) - 1},
@@ -39,17 +35,17 @@ TEST(Integral, MatchesClosedFormsQuickAndPrecise) {
         {"x^2", -10, 10, 1.00001, 1.00002,
          (1.00002 * 1.00002 * 1.00002 - 1.00001 * 1.00001 * 1.00001) / 3},
     };
-    for (const ClosedForm& c : cases) {
-        SCOPED_TRACE(c.formula);
-        SampledGraph g(c.formula, c.xBegin, c.xEnd);
-        IntegralState state = interval(c.from, c.to);
+    for (const auto& [formula, xBegin, xEnd, from, to, exact] : cases) {
+        SCOPED_TRACE(formula);
+        SampledGraph g(formula, xBegin, xEnd);
+        IntegralState state = interval(from, to);
         ASSERT_TRUE(canIntegrate(g.graph.main, g.formula, state));
         // That close, the quick value's estimate must call it precise enough.
         EXPECT_TRUE(integrateQuick(g.graph.main, g.formula, state));
-        const double tolerance = 1e-7 * (c.to - c.from) + 1e-12;
-        EXPECT_NEAR(state.value, c.exact, tolerance);
+        const double tolerance = 1e-7 * (to - from) + 1e-12;
+        EXPECT_NEAR(state.value, exact, tolerance);
         ASSERT_TRUE(integratePrecise(g.graph.main, g.formula, state, {}));
-        EXPECT_NEAR(state.value, c.exact, tolerance);
+        EXPECT_NEAR(state.value, exact, tolerance);
     }
     // e^x over [0, 20] bends too much for the samples' step.
     SampledGraph steep("e^x", 0, 20);
@@ -80,31 +76,23 @@ TEST(Integral, IndefiniteSamplesInsideOrBesideTheIntervalRefuseIt) {
         ++firstDefined;
     }
     SampledGraph hole("Sqr(x^2-0.25)", -1, 1);
-    const struct {
-        SampledGraph* g;
-        double from, to;
-        bool accepted;
-    } cases[] = {
+    const std::tuple<SampledGraph*, double, double, bool> cases[] = {
         {&root, p[firstDefined].x, 1, false},  // the sample before it has no value
         {&root, (p[firstDefined].x + p[firstDefined + 1].x) / 2, 1, true},
         {&hole, -1, 1, false},
         {&hole, 0.6, 1, true},
         {&hole, -1, -0.6, true},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.from);
-        IntegralState state = interval(c.from, c.to);
-        EXPECT_EQ(canIntegrate(c.g->graph.main, c.g->formula, state), c.accepted);
+    for (const auto& [g, from, to, accepted] : cases) {
+        SCOPED_TRACE(from);
+        IntegralState state = interval(from, to);
+        EXPECT_EQ(canIntegrate(g->graph.main, g->formula, state), accepted);
     }
 }
 
 TEST(Integral, DialogChecksGiveTheirMessagesInOrder) {
     SampledGraph g("Sqr(x^2-0.25)", -1, 1);
-    const struct {
-        const char* from;
-        const char* to;
-        std::string message;
-    } cases[] = {
+    const std::tuple<const char*, const char*, std::string> cases[] = {
         {"2*x", "1", "ERROR IN X_BEG EDIT BOX:\nNUMBER IS NOT A CONSTANT"},
         {"-1.5", "x", math_messages::kXBeginOutside},
         {"-1", "x", "ERROR IN X_END EDIT BOX:\nNUMBER IS NOT A CONSTANT"},
@@ -114,15 +102,15 @@ TEST(Integral, DialogChecksGiveTheirMessagesInOrder) {
         {"-1", "1", math_messages::kCannotIntegrate},
         {"0.6", "1", ""},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.message);
+    for (const auto& [fromText, toText, message] : cases) {
+        SCOPED_TRACE(message);
         NumberBox from(math_messages::kBoxXBegin);
         NumberBox to(math_messages::kBoxXEnd);
-        from.setText(c.from);
-        to.setText(c.to);
+        from.setText(fromText);
+        to.setText(toText);
         IntegralState state;
         EXPECT_EQ(acceptIntegralInterval(g.formula, g.graph, from, to, state).value_or(""),
-                  c.message);
+                  message);
     }
     // The texts letter for letter; everywhere else they are named by their constants.
     EXPECT_EQ(std::string(math_messages::kCannotIntegrate),

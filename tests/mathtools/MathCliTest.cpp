@@ -2,21 +2,13 @@
 // The numbers are the core's (its tests hold them to closed forms); here they show the formats.
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
-#include <vector>
+#include <tuple>
 
 #include "CliRun.h"
 #include "mathtools/MathMessages.h"
 
 namespace {
-
-// A command line split at its blanks, its exact stdout and status.
-struct Row {
-    std::string line;
-    std::string out;
-    int exitCode;
-};
 
 const std::string kLine = "3*x-2 --x-begin 0 --x-end 4 --points 10000 --from 1 --to 3";
 const std::string kExp = "e^x --x-begin 0 --x-end 20 --points 10000 --from 0 --to 20";
@@ -24,7 +16,8 @@ const std::string kRefused = std::string(curvemill::math_messages::kCannotIntegr
 const std::string kRange = " --x-begin -5 --x-end 5 --y-begin -5 --y-end 5";
 
 TEST(MathCli, PrintsAndExitsAsScriptsExpect) {
-    const Row rows[] = {
+    // A command line split at its blanks, its exact stdout and status.
+    const std::tuple<std::string, std::string, int> rows[] = {
         {"integral " + kLine, "S(1, 3) =  7.999999999999999\nprecise-enough yes\n", 0},
         {"integral --precise " + kLine, "S(1, 3) =  7.999999999999999\n", 0},
         {"integral " + kExp, "S(0, 20) = 485165356.131509542465210\nprecise-enough no\n", 0},
@@ -60,9 +53,9 @@ TEST(MathCli, PrintsAndExitsAsScriptsExpect) {
         {"roots x*x-y --y 1 --steps 0" + kRange, "", 2},
         {"roots x*x-y --y 1 --precision 16" + kRange, "", 2},
     };
-    for (const Row& c : rows) {
-        SCOPED_TRACE(c.line);
-        EXPECT_EQ(checkCliCase({words(c.line), c.out, c.exitCode}), "");
+    for (const auto& [line, out, exitCode] : rows) {
+        SCOPED_TRACE(line);
+        EXPECT_EQ(checkCliCase({words(line), out, exitCode}), "");
     }
 }
 

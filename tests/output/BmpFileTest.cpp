@@ -5,6 +5,7 @@
 #include <fstream>
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -26,37 +27,30 @@ std::uint32_t le(const std::string& bytes, std::size_t at, int size) {
     return value;
 }
 
-// A small picture in the 32-bit layout of an RGB32 image, rows padded like Qt pads none.
+// A small picture of random colours in the 32-bit layout of an RGB32 image, rows unpadded.
 struct Picture {
-    int width;
-    int height;
+    int width, height;
     std::vector<std::uint32_t> words;
+    Picture(int w, int h) : width(w), height(h) {
+        std::mt19937 random(7);
+        for (int i = 0; i < w * h; ++i) {
+            words.push_back(0xff000000u | (random() & 0xffffff));
+        }
+    }
     RgbPixels pixels() const {
-        return {reinterpret_cast<const std::uint8_t*>(words.data()), width, height,
-                static_cast<std::ptrdiff_t>(width * 4)};
+        return {reinterpret_cast<const std::uint8_t*>(words.data()), width, height, width * 4};
     }
 };
 
-Picture testPicture(int width, int height) {
-    Picture picture{width, height, {}};
-    std::mt19937 random(7);
-    for (int i = 0; i < width * height; ++i) {
-        picture.words.push_back(0xff000000u | (random() & 0xffffff));
-    }
-    return picture;
-}
-
 TEST(BmpLayout, RowsArePaddedToFourBytes) {
-    const struct {
-        int width, bits;
-        std::int64_t row;
-    } cases[] = {{3, 24, 12}, {3, 8, 4}, {4, 24, 12}, {5, 8, 8}, {0, 24, 0}, {1921, 24, 5764}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(std::to_string(c.width) + "x" + std::to_string(c.bits));
-        EXPECT_EQ(bmpRowSize(c.width, c.bits), c.row);
-        EXPECT_EQ(bmpPixelSize(c.width, 7, c.bits), c.row * 7);
+    const std::tuple<int, int, std::int64_t> cases[] = {{3, 24, 12}, {3, 8, 4},  {4, 24, 12},
+                                                        {5, 8, 8},   {0, 24, 0}, {1921, 24, 5764}};
+    for (const auto& [width, bits, row] : cases) {
+        SCOPED_TRACE(std::to_string(width) + "x" + std::to_string(bits));
+        EXPECT_EQ(bmpRowSize(width, bits), row);
+        EXPECT_EQ(bmpPixelSize(width, 7, bits), row * 7);
         // Headers, and for 8 bits exactly 1024 bytes of palette on top.
-        EXPECT_EQ(bmpFileSize(c.width, 7, c.bits), c.row * 7 + (c.bits == 8 ? 1078 : 54));
+        EXPECT_EQ(bmpFileSize(width, 7, bits), row * 7 + (bits == 8 ? 1078 : 54));
     }
 }
 
@@ -64,7 +58,7 @@ TEST(BmpLayout, RowsArePaddedToFourBytes) {
 TEST(BmpLayout, HeaderFieldsFollowTheLayout) {
     for (const int bits : {24, 8}) {
         SCOPED_TRACE(bits);
-        const Picture picture = testPicture(3, 2);
+        const Picture picture(3, 2);
         const std::string file = encodeBmp(picture.pixels(), bits);
         const std::uint32_t palette = bits == 8 ? 1024 : 0;
         const std::uint32_t image = bits == 8 ? 4 * 2 : 12 * 2;
@@ -104,8 +98,6 @@ TEST(Palette256, EntriesMapToThemselvesAndAnyColourToTheClosest) {
 
 class BmpExportTest : public ::testing::Test {
   protected:
-    void SetUp() override { path_ = folder_.path() / "Graph.bmp"; }
-
     ExportOutcome run(int bits, int cancelAt = -1) {
         BmpExportSteps steps;
         steps.makePicture = [this] { return picture_.pixels(); };
@@ -120,8 +112,8 @@ class BmpExportTest : public ::testing::Test {
     }
 
     testing::TempDirectory folder_;
-    std::filesystem::path path_;
-    Picture picture_ = testPicture(5, 4);
+    std::filesystem::path path_ = folder_.path() / "Graph.bmp";
+    Picture picture_{5, 4};
     std::atomic<bool> cancel_{false};
     std::vector<int> stages_;
 };

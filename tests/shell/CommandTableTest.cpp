@@ -11,24 +11,23 @@
 #include <regex>
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "shell/ui/CalculatorLookup.h"
 #include "shell/CommandState.h"
 #include "shell/CommandTable.h"
 #include "shell/Mnemonics.h"
+#include "shell/ui/CalculatorLookup.h"
 #include "tests/support/TempDirectory.h"
 
 namespace curvemill {
 namespace {
 
 TEST(Mnemonics, OneLetterEachWordStartsFirstTextsUnchanged) {
-    struct Row {
-        std::vector<std::string> labels, marked;
-    };
-    const std::vector<Row> rows{
+    using Labels = std::vector<std::string>;
+    const std::pair<Labels, Labels> rows[] = {
         {{"File", "Selection", "Zoom"}, {"&File", "&Selection", "&Zoom"}},
         // Taken word starts fall back to the next word, then to any letter.
         {{"Save As File", "Save New Entries", "Stop"},
@@ -37,8 +36,8 @@ TEST(Mnemonics, OneLetterEachWordStartsFirstTextsUnchanged) {
         // Case does not make a second letter; a key hint and a literal '&' are kept as they are.
         {{"a", "A", "Copy\tCtrl+C", "R&D"}, {"&a", "A", "&Copy\tCtrl+C", "&R&&D"}},
     };
-    for (const Row& row : rows) {
-        EXPECT_EQ(assignMnemonics(row.labels), row.marked);
+    for (const auto& [labels, marked] : rows) {
+        EXPECT_EQ(assignMnemonics(labels), marked);
     }
 }
 
@@ -75,11 +74,8 @@ TEST(CommandTable, IdsKeysAndAccessKeysAreUnique) {
 TEST(CommandState, AvailabilityFollowsTheGraphOnScreen) {
     ShellState function{GraphKind::Function2D};
     function.canZoomInX = false;
-    struct Row {
-        Command command;
-        bool onTitle, onFunction, onEquation, onSurface;
-    };
-    const Row rows[] = {
+    // On the title page, a function, an equation, a surface.
+    const std::tuple<Command, bool, bool, bool, bool> rows[] = {
         {Command::TwoDGraph, true, true, true, true},
         {Command::SaveAsFile, false, true, true, true},
         {Command::FitToWindow, false, true, true, false},
@@ -90,12 +86,12 @@ TEST(CommandState, AvailabilityFollowsTheGraphOnScreen) {
         {Command::SwitchFunctions, false, false, false, false},
         {Command::EraseIntegral, false, false, false, false},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(commandRow(row.command).id);
-        EXPECT_EQ(commandAvailable(row.command, ShellState{}), row.onTitle);
-        EXPECT_EQ(commandAvailable(row.command, function), row.onFunction);
-        EXPECT_EQ(commandAvailable(row.command, ShellState{GraphKind::Equation}), row.onEquation);
-        EXPECT_EQ(commandAvailable(row.command, ShellState{GraphKind::Surface3D}), row.onSurface);
+    for (const auto& [command, onTitle, onFunction, onEquation, onSurface] : rows) {
+        SCOPED_TRACE(commandRow(command).id);
+        EXPECT_EQ(commandAvailable(command, ShellState{}), onTitle);
+        EXPECT_EQ(commandAvailable(command, function), onFunction);
+        EXPECT_EQ(commandAvailable(command, ShellState{GraphKind::Equation}), onEquation);
+        EXPECT_EQ(commandAvailable(command, ShellState{GraphKind::Surface3D}), onSurface);
     }
     function.hasSecondFunction = true;
     function.areaPainted = true;
@@ -103,29 +99,23 @@ TEST(CommandState, AvailabilityFollowsTheGraphOnScreen) {
     EXPECT_TRUE(commandAvailable(Command::EraseIntegral, function));
 }
 
-class CalculatorLocatorTest : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        std::filesystem::create_directories(root / "a");
-        std::filesystem::create_directories(root / "b");
-    }
-    void makeProgram(const std::string& relative, bool executable) {
+TEST(CalculatorLocator, FirstProgramOfTheListWinsOverDirectoryOrder) {
+    const testing::TempDirectory folder;
+    const std::filesystem::path& root = folder.path();
+    std::filesystem::create_directories(root / "a");
+    std::filesystem::create_directories(root / "b");
+    const auto makeProgram = [&root](const std::string& relative, bool executable) {
         std::ofstream(root / relative) << "#!/bin/sh\n";
         ::chmod((root / relative).c_str(), executable ? 0755 : 0644);
-    }
-    std::string path() const { return (root / "a").string() + ":" + (root / "b").string(); }
-    testing::TempDirectory folder;
-    std::filesystem::path root = folder.path();
-};
-
-TEST_F(CalculatorLocatorTest, FirstProgramOfTheListWinsOverDirectoryOrder) {
-    EXPECT_EQ(findCalculator(path()), "");
+    };
+    const std::string path = (root / "a").string() + ":" + (root / "b").string();
+    EXPECT_EQ(findCalculator(path), "");
     makeProgram("a/xcalc", true);
     makeProgram("b/kcalc", false);  // not executable: skipped
     std::filesystem::create_directories(root / "a" / "gnome-calculator");  // a directory
-    EXPECT_EQ(findCalculator(path()), (root / "a" / "xcalc").string());
+    EXPECT_EQ(findCalculator(path), (root / "a" / "xcalc").string());
     makeProgram("b/galculator", true);
-    EXPECT_EQ(findCalculator(path()), (root / "b" / "galculator").string());
+    EXPECT_EQ(findCalculator(path), (root / "b" / "galculator").string());
     EXPECT_EQ(findCalculator(""), "");
 }
 

@@ -27,7 +27,7 @@ class FakeHistory : public HistoryPort {
     }
     void showPreviousEntries(HistoryClient c) override { client = std::move(c); }
     void showListOfFunctions(HistoryClient) override {}
-    void hideWindows() override { ++hidden; }
+    void hideWindows() override {}
     void runListCommand(int) override {}
     void setShownKind(EntryKind kind) override { shownKinds.push_back(kind); }
     // One equation entry to locate, nothing else.
@@ -35,7 +35,6 @@ class FakeHistory : public HistoryPort {
 
     int exitSaves = 0;
     int saves = 0;
-    int hidden = 0;
     bool unsaved = false;
     std::function<void()> changed;
     std::vector<TypedEntry> entries;

@@ -16,12 +16,8 @@ TEST(TwoVariableEntries, TheFirstFailureInTheWindowsOrder) {
     const std::string ok = "x^2+y^2-1";
     using B = TwoVariableBox;
     // A number box's own message is NumberEntry's; here, that it names its box.
-    const struct {
-        TwoVariableTexts texts;
-        const char* message;  // nullptr: accepted; matched by its start
-        B box;
-        bool explained;
-    } cases[] = {
+    // The texts, the message (nullptr: accepted; matched by its start), its box, explained.
+    const std::tuple<TwoVariableTexts, const char*, B, bool> cases[] = {
         {{"x", "(", "1", "0", ok}, "ERROR IN X_BEG EDIT BOX:\n", B::kXBegin, true},
         {{"1", "x", "1", "0", ok}, "ERROR IN X_END EDIT BOX:\n", B::kXEnd, true},
         {{"pi", "pi", "y", "0", ok}, "X BEG MUST BE LESS THAN X END", B::kXEnd, false},
@@ -31,20 +27,20 @@ TEST(TwoVariableEntries, TheFirstFailureInTheWindowsOrder) {
         {{"-1", "1", "-1", "1", "x+*y"}, "ERROR IN FORMULA EDIT BOX:\n", B::kFormula, true},
         {{"-1", "pi", "-2", "1/2", ok}, nullptr, B::kXBegin, true},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.texts.xBegin + " " + c.texts.yEnd + " " + c.texts.formula);
+    for (const auto& [texts, message, box, explained] : cases) {
+        SCOPED_TRACE(texts.xBegin + " " + texts.yEnd + " " + texts.formula);
         Formula formula;
-        const TwoVariableEntries entries = checkTwoVariableEntries(formula, c.texts);
-        if (c.message == nullptr) {
+        const TwoVariableEntries entries = checkTwoVariableEntries(formula, texts);
+        if (message == nullptr) {
             ASSERT_FALSE(entries.refusal);
             EXPECT_EQ(std::tuple(entries.xBegin, entries.xEnd, entries.yBegin, entries.yEnd),
                       std::tuple(-1.0, kPi, -2.0, 0.5));
             continue;
         }
         ASSERT_TRUE(entries.refusal);
-        EXPECT_EQ(entries.refusal->message.rfind(c.message, 0), 0u) << entries.refusal->message;
+        EXPECT_EQ(entries.refusal->message.rfind(message, 0), 0u) << entries.refusal->message;
         EXPECT_EQ(std::pair(entries.refusal->box, entries.refusal->explained),
-                  std::pair(c.box, c.explained));
+                  std::pair(box, explained));
     }
 }
 

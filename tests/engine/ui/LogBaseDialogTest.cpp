@@ -1,5 +1,6 @@
 #include <cmath>
 #include <string>
+#include <tuple>
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -41,36 +42,32 @@ class LogBaseDialogTest : public QObject {
     // From base 7: "ten" picks base 10, anything else is typed as another base; Escape cancels.
     // Which texts are refused, and with what, is the LogBase table's; one row shows the box.
     void choosingTheBase() {
-        const struct {
-            const char* typed;
-            Qt::Key key;
-            const char* message;
-            double base;
-        } rows[] = {{"2", Qt::Key_Return, "", 2.0},
-                    {"ten", Qt::Key_Return, "", 10.0},
-                    {"3", Qt::Key_Escape, "", 7.0},
-                    {"two", Qt::Key_Return, "ENTER A VALID NUMBER", 7.0}};
-        for (const auto& row : rows) {
+        const std::tuple<const char*, Qt::Key, const char*, double> rows[] = {
+            {"2", Qt::Key_Return, "", 2.0},
+            {"ten", Qt::Key_Return, "", 10.0},
+            {"3", Qt::Key_Escape, "", 7.0},
+            {"two", Qt::Key_Return, "ENTER A VALID NUMBER", 7.0}};
+        for (const auto& [typed, key, message, base] : rows) {
             Formula formula;
             formula.logBase = 7.0;
             formula.logFactor = 1.0 / std::log10(7.0);
             LogBaseDialog dialog(formula);
             dialog.show();
-            if (row.typed == std::string("ten")) {
+            if (typed == std::string("ten")) {
                 QTest::mouseClick(control(dialog, kLogBaseTenRadio), Qt::LeftButton);
             } else {
-                retype(dialog, kLogBaseEdit, QString::fromLatin1(row.typed));
+                retype(dialog, kLogBaseEdit, QString::fromLatin1(typed));
             }
             ModalAnswer answer;
-            QTest::keyClick(&dialog, row.key);
-            QTRY_COMPARE(answer.text, QString::fromLatin1(row.message));
-            QCOMPARE(dialog.isVisible(), *row.message != '\0');
-            QCOMPARE(formula.logBase, row.base);
-            if (*row.message != '\0') {
+            QTest::keyClick(&dialog, key);
+            QTRY_COMPARE(answer.text, QString::fromLatin1(message));
+            QCOMPARE(dialog.isVisible(), *message != '\0');
+            QCOMPARE(formula.logBase, base);
+            if (*message != '\0') {
                 QCOMPARE(answer.icon, QMessageBox::Critical);
                 QCOMPARE(dialog.focusWidget(), control(dialog, kLogBaseEdit));
-            } else if (row.key == Qt::Key_Return) {
-                QVERIFY(qAbs(formula.logFactor - 1.0 / std::log10(row.base)) < 1e-12);
+            } else if (key == Qt::Key_Return) {
+                QVERIFY(qAbs(formula.logFactor - 1.0 / std::log10(base)) < 1e-12);
             }
         }
     }

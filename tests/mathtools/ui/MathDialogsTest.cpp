@@ -2,6 +2,7 @@
 // identifiers, message boxes answered, the precise run on the worker.
 #include <atomic>
 #include <memory>
+#include <tuple>
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -68,42 +69,34 @@ class MathDialogsTest : public QObject {
   private Q_SLOTS:
     void initTestCase() { installFaultTranslation(); }
 
-    void opensOnTheFirstDefinedStretch() {
-        auto dialog = mathDialog("ln(x)", -2, 5);
-        QVERIFY(!control(*dialog, ids::kStop)->isEnabled());
-        // ln(x) has no value up to 0: the boxes start where it has one, in the display format.
-        QCOMPARE(control<QLineEdit>(*dialog, ids::kXBegin)->text(), u"0.000000000000001"_s);
-        QCOMPARE(control<QLineEdit>(*dialog, ids::kXEnd)->text(), u"5"_s);
-    }
-
-    // The messages and their order are the core's; here, that the dialog stays open and which box
-    // each refusal sends the user to. 10^308 sums to infinity, quick or precise; a refused
-    // precise sum leaves the focus where it was.
-    void refusalsKeepTheDialogOpen() {
-        const struct {
-            const char* formula;
-            bool precise;
-            const char *from, *message;
-            int focused;  // 0: not moved
-        } rows[] = {
+    // The dialog opens on the first defined stretch. The messages and their order are the core's;
+    // here, that the dialog stays open and which box each refusal sends the user to. 10^308 sums to
+    // infinity, quick or precise; a refused precise sum leaves the focus where it was.
+    void opensOnTheDefinedStretchAndRefusalsKeepItOpen() {
+        // Formula, precise, X begin, the message, the box focused (0: not moved).
+        const std::tuple<const char*, bool, const char*, const char*, int> rows[] = {
             {"ln(x)", false, "1", math_messages::kXEndNotGreater, ids::kXEnd},
             {"ln(x)", false, "-2", math_messages::kCannotIntegrate, ids::kXBegin},
             {"10^308", false, "-2", math_messages::kCannotIntegrate, ids::kXBegin},
             {"10^308", true, "-2", math_messages::kCannotIntegrate, 0},
         };
-        for (const auto& row : rows) {
-            auto dialog = mathDialog(row.formula, -10, 10);
+        for (const auto& [formula, precise, from, message, focused] : rows) {
+            auto dialog = mathDialog(formula, -2, 5);
             QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
-            control<QCheckBox>(*dialog, ids::kPrecise)->setChecked(row.precise);
+            // ln(x) has no value up to 0: the box starts where it has one, in the display format.
+            QCOMPARE(control<QLineEdit>(*dialog, ids::kXBegin)->text(),
+                     *formula == 'l' ? u"0.000000000000001"_s : u"-2"_s);
+            QVERIFY(!control(*dialog, ids::kStop)->isEnabled());
+            control<QCheckBox>(*dialog, ids::kPrecise)->setChecked(precise);
             ModalAnswer answer;
-            integrate(*dialog, QString::fromLatin1(row.from), u"1"_s);
+            integrate(*dialog, QString::fromLatin1(from), u"1"_s);
             // The precise sum of 10^308 never settles: it ends at the bound of evaluations.
             QTRY_VERIFY_WITH_TIMEOUT(answer.seen, 60000);
-            QCOMPARE(answer.text, QString::fromLatin1(row.message));
+            QCOMPARE(answer.text, QString::fromLatin1(message));
             QCOMPARE(answer.icon, QMessageBox::Critical);
             QVERIFY(dialog->isVisible() && !view.areaPainted);
-            if (row.focused != 0) {
-                QCOMPARE(dialog->focusWidget(), control(*dialog, row.focused));
+            if (focused != 0) {
+                QCOMPARE(dialog->focusWidget(), control(*dialog, focused));
             }
         }
     }
@@ -219,31 +212,27 @@ class MathDialogsTest : public QObject {
     // The switch to pi units writes the same result the other way; a refusal is the number box's.
     void informationGivesValueAndSlope() {
         namespace info = curvemill::information_ids;
-        const struct {
-            const char *formula, *x;
-            bool pi;
-            const char *y, *slope, *message;
-        } rows[] = {
-            {"x^2", "3", false, "y=9.000000", "y'=6.000000", ""},
-            {"2*x", "pi/4", true, "y=pi*0.5", "y'=pi*0.63662", ""},
-            {"x", "", false, "", "", "ERROR IN X EDIT BOX:\nBOX IS EMPTY"},
-        };
-        for (const auto& row : rows) {
-            sampled = std::make_unique<SampledGraph>(row.formula, -10, 10);
+        const std::tuple<const char*, const char*, bool, const char*, const char*, const char*>
+            rows[] = {
+                {"x^2", "3", false, "y=9.000000", "y'=6.000000", ""},
+                {"2*x", "pi/4", true, "y=pi*0.5", "y'=pi*0.63662", ""},
+                {"x", "", false, "", "", "ERROR IN X EDIT BOX:\nBOX IS EMPTY"},
+            };
+        for (const auto& [formula, x, pi, y, slope, message] : rows) {
+            sampled = std::make_unique<SampledGraph>(formula, -10, 10);
             InformationDialog dialog(sampled->formula, graph(), worker);
             dialog.show();
-            control<QCheckBox>(dialog, info::kPiUnits)->setChecked(row.pi);
-            retype(dialog, info::kX, QString::fromLatin1(row.x));
+            control<QCheckBox>(dialog, info::kPiUnits)->setChecked(pi);
+            retype(dialog, info::kX, QString::fromLatin1(x));
             ModalAnswer answer;
             click(dialog, info::kCalculate);
-            QCOMPARE(answer.text, QString::fromLatin1(row.message));
-            QCOMPARE(control<QLineEdit>(dialog, info::kYResult)->text(),
-                     QString::fromLatin1(row.y));
+            QCOMPARE(answer.text, QString::fromLatin1(message));
+            QCOMPARE(control<QLineEdit>(dialog, info::kYResult)->text(), QString::fromLatin1(y));
             QCOMPARE(control<QLineEdit>(dialog, info::kSlopeResult)->text(),
-                     QString::fromLatin1(row.slope));
-            control<QCheckBox>(dialog, info::kPiUnits)->setChecked(!row.pi);
+                     QString::fromLatin1(slope));
+            control<QCheckBox>(dialog, info::kPiUnits)->setChecked(!pi);
             QCOMPARE(control<QLineEdit>(dialog, info::kYResult)->text().startsWith(u"y=pi*"_s),
-                     *row.message == '\0' && !row.pi);
+                     *message == '\0' && !pi);
         }
     }
 

@@ -5,7 +5,6 @@
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QRegularExpression>
-#include <QSvgRenderer>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -88,11 +87,9 @@ class OutputFilesTest : public QObject {
         const PageDrawing draw = [&picture](QPainter& painter, QSize pixels) {
             drawSource(painter, picture, ExportSource::Screen, pixels);
         };
+        // That an SVG renders back as the screen shows it is the vector export test's.
         const auto svg = encodeGraphFile(ImageFormat::Svg, draw, QSize(300, 200));
         QVERIFY(svg.has_value());
-        QSvgRenderer renderer(*svg);
-        QVERIFY(renderer.isValid());
-        QCOMPARE(renderer.viewBox().size().width() * 200, renderer.viewBox().size().height() * 300);
         QVERIFY(svg->contains("<text"));    // text stays text
         QVERIFY(!svg->contains("<image"));  // and nothing is a bitmap
 

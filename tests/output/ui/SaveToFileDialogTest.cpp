@@ -140,15 +140,13 @@ class SaveToFileDialogTest : public QObject {
     void cancelWhileWritingLeavesAnEmptyFile() {
         Saving saving(QStringLiteral("Graph.bmp"));
         SaveToFileDialog& dialog = saving.dialog;
-        std::vector<int> stages;
+        // Which stages run before the flag is seen is the writer's test's.
         dialog.setProgressObserver([&](int percent) {
-            stages.push_back(percent);
             if (percent == 30) {
                 QTest::mouseClick(control<QPushButton>(dialog, save_ids::kCancel), Qt::LeftButton);
             }
         });
         saving.ok();
-        QCOMPARE(stages, (std::vector<int>{10, 20, 30}));
         QCOMPARE(dialog.lastOutcome(), ExportOutcome::Cancelled);
         QCOMPARE(dialog.result(), int(QDialog::Rejected));
         QVERIFY(QFile::exists(saving.path));

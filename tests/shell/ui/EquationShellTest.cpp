@@ -1,5 +1,6 @@
 // The equation's road through the main window: the command opens the input window, a computed
-// equation is shown with its dots, the menus and tools follow it, and Copy and Print send it out.
+// equation is shown with its dots, the menus, zoom and tools follow it, and Copy and Print send it
+// out.
 #include <QClipboard>
 #include <QProgressBar>
 #include <QScreen>
@@ -34,7 +35,8 @@ class EquationShellTest : public MainWindowFixture {
     void init() { openWindow(); }
     void cleanup() { window.reset(); }
 
-    void equationIsShownWithItsDotsAndMenusAndGoesOut() {
+    void equationIsShownZoomedWithItsDotsAndMenusAndGoesOut() {
+        window->resize(1200, 450);
         QVERIFY(!action(40012)->isEnabled());
         QVERIFY(enterCircle());
         QCOMPARE(shown<TwoVariableWindow>(), nullptr);
@@ -52,6 +54,19 @@ class EquationShellTest : public MainWindowFixture {
         // The mouse reads coordinates off an equation as off a function graph.
         QTest::mouseMove(canvas(), canvas()->rect().center());
         QTRY_VERIFY(!named<QLabel>(u"coordinatesText"_s)->text().isEmpty());
+        // The zoom commands act on it as on a function graph; Restore shows it whole again.
+        const auto inside = [this] {
+            return view.visibleYBegin() < curve.yMin && view.visibleYEnd() > curve.yMax;
+        };
+        QVERIFY(inside());
+        for (const int id : {40003, 40005, 40007}) {
+            action(id)->trigger();
+        }
+        QCOMPARE(view.xZoom, 4.0);
+        QCOMPARE(view.yZoom, 1.0);
+        action(40126)->trigger();
+        QCOMPARE(view.xZoom, 1.0);
+        QVERIFY(inside());
 
         // Copy takes the dots (all of them, or those in the selection) as a picture and as
         // points on the curve; Print lays out one page.
@@ -98,13 +113,22 @@ class EquationShellTest : public MainWindowFixture {
     // Windows of one graph kind close when another kind (or none) takes the screen, the input
     // window fills its boxes only from an entry of its own kind, a stopped run leaves nothing on
     // screen whatever it replaced, and Cancel then goes back to the title page.
-    void windowsFollowTheGraphOnScreen() {
+    void windowsFollowTheGraphOnScreenAndFitIt() {
         QVERIFY(enterCircle());
         action(40012)->trigger();
         action(40200)->trigger();
         QVERIFY(shown<EquationSolutionsDialog>() && shown<EquationInformationDialog>());
         action(40091)->trigger();
         TwoVariableWindow* input = shown<TwoVariableWindow>();
+        // Tool windows keep their size while a progress bar comes and goes.
+        for (QWidget* tool : {static_cast<QWidget*>(input),
+                              static_cast<QWidget*>(shown<EquationInformationDialog>())}) {
+            auto* progress = tool->findChild<QProgressBar*>();
+            const QSize idle = tool->sizeHint();
+            progress->show();
+            QCOMPARE(tool->sizeHint(), idle);
+            progress->hide();
+        }
         QCOMPARE(control<QLineEdit>(*input, twovar_ids::kFormula)->text(), QString());
         QCOMPARE(control<QLineEdit>(*input, twovar_ids::kXBegin)->text(), u"-10"_s);
         input->reject();
@@ -132,45 +156,13 @@ class EquationShellTest : public MainWindowFixture {
         QCOMPARE(title.size(), 1);
         QVERIFY(!action(40010)->isChecked());
         QCOMPARE(status(), u"Ready"_s);
-    }
 
-    // Windows open within the free area of their screen and keep their size while a progress
-    // bar comes and goes.
-    void windowsFitTheScreenAndKeepTheirSize() {
+        // Windows open within the free area of their screen.
         auto* big = new QWidget(window.get(), Qt::Window);
         big->resize(5000, 4000);
         big->move(300, 300);
         big->show();
         QVERIFY(big->screen()->availableGeometry().contains(big->frameGeometry()));
-        QVERIFY(enterCircle());
-        action(40086)->trigger();
-        action(40200)->trigger();
-        for (QWidget* tool : {static_cast<QWidget*>(shown<TwoVariableWindow>()),
-                              static_cast<QWidget*>(shown<EquationInformationDialog>())}) {
-            auto* progress = tool->findChild<QProgressBar*>();
-            const QSize idle = tool->sizeHint();
-            progress->show();
-            QCOMPARE(tool->sizeHint(), idle);
-            progress->hide();
-        }
-    }
-
-    // The zoom commands act on an equation as on a function graph; Restore shows it whole again.
-    void zoomCommandsWorkOnAnEquation() {
-        window->resize(1200, 450);
-        QVERIFY(enterCircle());
-        const auto inside = [this] {
-            return view.visibleYBegin() < curve.yMin && view.visibleYEnd() > curve.yMax;
-        };
-        QVERIFY(inside());
-        for (const int id : {40003, 40005, 40007}) {
-            action(id)->trigger();
-        }
-        QCOMPARE(view.xZoom, 4.0);
-        QCOMPARE(view.yZoom, 1.0);
-        action(40126)->trigger();
-        QCOMPARE(view.xZoom, 1.0);
-        QVERIFY(inside());
     }
 };
 

@@ -179,13 +179,7 @@ class MainWindowTest : public MainWindowFixture {
         auto* dialog = shown<MathDialog>();
         QCOMPARE(control<QLineEdit>(*dialog, math_ids::kXBegin)->text(), u"-3"_s);
         dialog->reject();
-        struct Row {
-            int button;
-            QString from;
-            int erase;
-            std::function<bool()> drawn;
-        };
-        const Row rows[] = {
+        const std::tuple<int, QString, int, std::function<bool()>> rows[] = {
             {math_ids::kOk, u"0"_s, 40029,
              [&] { return graph.areaText.starts_with("S(0, 3) = "); }},
             {math_ids::kDrawDerivative, {}, 40031, [&] { return graph.hasDerivative(); }},
@@ -194,16 +188,16 @@ class MainWindowTest : public MainWindowFixture {
             {math_ids::kDisplayIntegral, u"-3"_s, 40029,
              [&] { return view.areaPainted && qAbs(view.yEnd - 18.0) < 1e-6; }},
         };
-        for (const Row& row : rows) {
-            QVERIFY2(!action(row.erase)->isEnabled(), qPrintable(QString::number(row.button)));
-            if (row.button == math_ids::kDisplayIntegral) {
-                math(math_ids::kOk, row.from);
+        for (const auto& [button, from, erase, drawn] : rows) {
+            QVERIFY2(!action(erase)->isEnabled(), qPrintable(QString::number(button)));
+            if (button == math_ids::kDisplayIntegral) {
+                math(math_ids::kOk, from);
             }
-            math(row.button, row.from);
-            QVERIFY(row.drawn() && (row.button != math_ids::kOk || shown<MathDialog>() == nullptr));
-            QVERIFY(action(row.erase)->isEnabled());
-            action(row.erase)->trigger();
-            QVERIFY(!row.drawn() && !action(row.erase)->isEnabled());
+            math(button, from);
+            QVERIFY(drawn() && (button != math_ids::kOk || shown<MathDialog>() == nullptr));
+            QVERIFY(action(erase)->isEnabled());
+            action(erase)->trigger();
+            QVERIFY(!drawn() && !action(erase)->isEnabled());
             QVERIFY(!view.areaPainted && graph.areaText.empty() && !graph.hasIntegral());
         }
         QCOMPARE(view.yEnd, 9.0);
@@ -221,8 +215,11 @@ class MainWindowTest : public MainWindowFixture {
     }
 
     // The progress bar shows only while the worker runs; an undefined graph is said in the
-    // status bar.
-    void progressWhileRunningAndAWordForAnEmptyGraph() {
+    // status bar. A graph taller than the window scrolls, opens with the x axis in sight from a
+    // sharp buffer, and Copy without a selection takes the whole graph top to bottom, with every
+    // point as text.
+    void progressAndATallGraphOnScreenAndCopiedWhole() {
+        QVERIFY(!action(40052)->isEnabled());
         auto* progress = named<QProgressBar>(u"progressBar"_s);
         bool shownWhileRunning = false;
         QObject scope;  // the flag lives on this test's stack
@@ -231,23 +228,15 @@ class MainWindowTest : public MainWindowFixture {
         QVERIFY(drawFunction(false, u"(-2)^x"_s));
         QVERIFY(shownWhileRunning && progress->isHidden());
         QVERIFY2(status().contains(u"(-2)^x has no value"_s), qPrintable(status()));
-        QVERIFY(drawFunction(false, u"x"_s));
-        QCOMPARE(status(), u"Ready"_s);
-    }
-
-    // A graph taller than the window scrolls, opens with the x axis in sight from a sharp buffer,
-    // and Copy without a selection takes the whole graph top to bottom, with every point as text.
-    void tallGraphOnScreenAndCopiedWhole() {
-        QVERIFY(!action(40052)->isEnabled());
         QVERIFY(drawFunction(false, u"x^3"_s));
+        QCOMPARE(status(), u"Ready"_s);
         for (const int id : {40030, 40018, 40052}) {
             QVERIFY(action(id)->isEnabled());
         }
         QVERIFY(bar(Qt::Vertical)->maximum() > 0);
         QVERIFY(view.visibleYBegin() < 0.0 && view.visibleYEnd() > 0.0);
-        QVERIFY(QTest::qWaitFor([&] { return !canvas()->backBuffer().isNull(); }));
+        QVERIFY(QTest::qWaitFor([&] { return countPixels(canvas()->backBuffer(), isBlue) > 0; }));
         QCOMPARE(canvas()->backBuffer().size(), canvas()->size() * canvas()->devicePixelRatioF());
-        QVERIFY(countPixels(canvas()->backBuffer(), isBlue) > 0);
 
         action(40052)->trigger();
         const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
@@ -315,8 +304,8 @@ class MainWindowTest : public MainWindowFixture {
             QVERIFY(list.isVisible());
             QCOMPARE(list.view()->currentRow(), row);
             QCOMPARE(answer.seen, row < 0);
-            QVERIFY(row >= 0 || (answer.text == u"THIS ENTRY IS NOT INCLUDED IN THE LIST"_s &&
-                                 answer.icon == QMessageBox::Information && listWasOpen));
+            // The message itself is the history window's test's.
+            QVERIFY(row >= 0 || listWasOpen);
             if (row == 60) {
                 QTreeWidget* tree = static_cast<EntryReportList*>(list.view())->tree();
                 QVERIFY(

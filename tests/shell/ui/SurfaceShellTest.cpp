@@ -27,18 +27,6 @@ class SurfaceShellTest : public MainWindowFixture {
         }
         return canvas()->backBuffer();
     }
-    // The width of the red figure along the middle row.
-    static int figureWidth(const QImage& image) {
-        int left = image.width(), right = 0;
-        for (int x = 0; x < image.width(); ++x) {
-            const QRgb c = image.pixel(x, image.height() / 2);
-            if (qRed(c) == 255 && qGreen(c) < 200) {
-                left = std::min(left, x);
-                right = std::max(right, x);
-            }
-        }
-        return right - left;
-    }
     QDoubleSpinBox* zAngle() {
         return named<QDialog>(u"rotationDialog"_s)->findChild<QDoubleSpinBox*>(u"angleZSpin"_s);
     }
@@ -59,9 +47,12 @@ class SurfaceShellTest : public MainWindowFixture {
         const QRgb middle = image.pixel(image.width() / 2, image.height() / 2);
         QVERIFY(qRed(middle) == 255 && qGreen(middle) < 255);
         QVERIFY(bar(Qt::Horizontal)->isHidden() && bar(Qt::Vertical)->isHidden());
-        const int before = figureWidth(image);
+        // Half as wide and high: a quarter of the red figure's pixels.
+        const auto red = [](QRgb c) { return qRed(c) == 255 && qGreen(c) < 200; };
+        const qsizetype before = countPixels(image, red);
         action(40008)->trigger();
-        QVERIFY(std::abs(figureWidth(drawn()) - before / 2) < before / 10);
+        const qsizetype after = countPixels(drawn(), red);
+        QVERIFY2(std::abs(after * 4 - before) < before / 10, qPrintable(QString::number(after)));
 
         action(40052)->trigger();
         const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
@@ -83,7 +74,7 @@ class SurfaceShellTest : public MainWindowFixture {
 
     // Draw Grid puts the box (ink) round the figure and takes it off again; ThreeD
     // Customization is modeless and one, and its scheme and toolbar reach the window at once.
-    void gridBoxAndCustomizationFromTheMenus() {
+    void gridBoxCustomizationAndASurfaceWithoutValues() {
         const auto ink = [](QRgb c) { return qRed(c) < 60 && qGreen(c) < 60 && qBlue(c) < 60; };
         const qsizetype bare = countPixels(drawn(), ink);
         action(40010)->trigger();
@@ -104,11 +95,9 @@ class SurfaceShellTest : public MainWindowFixture {
         QVERIFY(qGreen(middle) == 255 && qRed(middle) < 255);
         control<QAbstractButton>(*dialog, custom3d_ids::kDisplayToolbar)->click();
         QVERIFY(named<QToolBar>(u"toolbar"_s)->isHidden());
-    }
 
-    // A surface with no value anywhere is said, its customization dialog still fits, and a 2D
-    // graph afterwards takes the canvas (and its scroll bars) back.
-    void aSurfaceWithoutValuesIsSaid() {
+        // A surface with no value anywhere is said, the dialog still fits, and a 2D graph
+        // afterwards takes the canvas (and its scroll bars) back.
         QVERIFY(enterTwoVariables(40091, u"ln(0-1-x^2-y^2)"_s) != nullptr);
         QTRY_VERIFY2(status().contains(u"has no value on the grid"_s), qPrintable(status()));
         action(40139)->trigger();

@@ -42,7 +42,9 @@ class ViewNavigationUiTest : public MainWindowFixture {
     }
     void cleanup() { window.reset(); }
 
-    void menuZoomScrollBarsAndLimits() {
+    // The menu's zoom with the scroll bars, the wheel's about the mouse, a resize that keeps the
+    // centre and Fit to Window.
+    void zoomScrollResizeAndFit() {
         QScrollBar* horizontal = bar(Qt::Horizontal);
         const QPointF before = centre();
         action(40003)->trigger();
@@ -58,13 +60,8 @@ class ViewNavigationUiTest : public MainWindowFixture {
         action(40006)->trigger();
         QCOMPARE(view.xZoom, 1.0);
         QVERIFY(qAbs(centre().x() - before.x()) < 1 / (view.ppu));
-        action(40126)->trigger();
-        QCOMPARE(view.xZoom, 1.0);
-        QVERIFY(action(40003)->isEnabled());
-    }
 
-    // No key zooms both axes, Ctrl only x, Shift only y, about the point under the mouse.
-    void wheelZoomsAboutTheMouse() {
+        // No key zooms both axes, Ctrl only x, Shift only y, about the point under the mouse.
         const std::tuple<Qt::KeyboardModifier, int, bool, bool> rows[] = {
             {Qt::NoModifier, 120, true, true},
             {Qt::ControlModifier, 360, true, false},
@@ -84,6 +81,18 @@ class ViewNavigationUiTest : public MainWindowFixture {
             QCOMPARE(bar(Qt::Vertical)->value(), int(view.scrollY));
             action(40126)->trigger();
         }
+        const QPointF middle = centre();
+        for (const QSize size : {QSize(800, 600), QSize(1000, 700)}) {
+            window->resize(size);
+            QVERIFY(QTest::qWaitFor(
+                [&] { return canvas()->size() == QSize(int(view.width), int(view.height)); }));
+            QVERIFY(qAbs(centre().x() - middle.x()) < 1e-6 &&
+                    qAbs(centre().y() - middle.y()) < 1e-6);
+        }
+        QVERIFY(view.visibleYEnd() < graph.main.yMax);  // the peak is off screen
+        action(40201)->trigger();
+        QVERIFY(view.visibleYEnd() >= graph.main.yMax - 1e-9);
+        QVERIFY(!bar(Qt::Vertical)->isEnabled());
     }
 
     // Mouse Move drags the graph with the hand; Mouse Select marks an area that Stretch fills the
@@ -119,21 +128,6 @@ class ViewNavigationUiTest : public MainWindowFixture {
         drag(QPoint(300, 200), QPoint(500, 320));
         QTest::mouseClick(canvas(), Qt::LeftButton, {}, QPoint(200, 200));
         QVERIFY(!band->isVisible() && !action(40049)->isEnabled());
-    }
-
-    void resizeKeepsTheCentreAndFitShowsTheWholeRange() {
-        const QPointF before = centre();
-        for (const QSize size : {QSize(800, 600), QSize(1000, 700)}) {
-            window->resize(size);
-            QVERIFY(QTest::qWaitFor(
-                [&] { return canvas()->size() == QSize(int(view.width), int(view.height)); }));
-            QVERIFY(qAbs(centre().x() - before.x()) < 1e-6 &&
-                    qAbs(centre().y() - before.y()) < 1e-6);
-        }
-        QVERIFY(view.visibleYEnd() < graph.main.yMax);  // the peak is off screen
-        action(40201)->trigger();
-        QVERIFY(view.visibleYEnd() >= graph.main.yMax - 1e-9);
-        QVERIFY(!bar(Qt::Vertical)->isEnabled());
     }
 
     // The mouse over the plot shows the graph's x and y under it in the status line, to the
@@ -182,8 +176,18 @@ class ViewNavigationUiTest : public MainWindowFixture {
         QCOMPARE(rest(toolbar->widgetForAction(action(40005)), QPoint(5, 5)), QString());
     }
 
-    void customizationSettingsReachTheWindow() {
+    // Show Drawing Process paces the redraw with its progress; the customization's settings reach
+    // the window.
+    void drawingProcessAndCustomization() {
+        action(40130)->trigger();
+        QVERIFY(action(40130)->isChecked() && canvas()->drawingInProgress());
+        QSignalSpy progress(canvas(), &GraphCanvas::drawingProgress);
+        QVERIFY(QTest::qWaitFor([&] { return !canvas()->drawingInProgress(); }, 5000));
+        QVERIFY(progress.count() > 10);
+        QCOMPARE(progress.last().first().toInt(), -1);
+        action(40130)->trigger();
         action(40005)->trigger();
+        QVERIFY(!canvas()->drawingInProgress());
         QVERIFY(customize([](QDialog& dialog) {
             control<QSpinBox>(dialog, customization_ids::kRatioSpin)->setValue(1);
             control<QRadioButton>(dialog, customization_ids::kSelectArea)->setChecked(true);
@@ -195,18 +199,6 @@ class ViewNavigationUiTest : public MainWindowFixture {
         QCOMPARE(graph.drawStep, 1);
         QVERIFY(action(40064)->isChecked() && !action(40063)->isChecked());
         QVERIFY(named<QToolBar>(u"toolbar"_s)->isHidden());
-    }
-
-    void drawingProcessShowsItsProgress() {
-        action(40130)->trigger();
-        QVERIFY(action(40130)->isChecked() && canvas()->drawingInProgress());
-        QSignalSpy progress(canvas(), &GraphCanvas::drawingProgress);
-        QVERIFY(QTest::qWaitFor([&] { return !canvas()->drawingInProgress(); }, 5000));
-        QVERIFY(progress.count() > 10);
-        QCOMPARE(progress.last().first().toInt(), -1);
-        action(40130)->trigger();
-        action(40005)->trigger();
-        QVERIFY(!canvas()->drawingInProgress());
     }
 };
 

@@ -65,7 +65,7 @@ class TwoVariableWindowTest : public QObject {
         setViewSize(view, 600, 500);
     }
 
-    void controlsFollowTheMode() {
+    void controlsFollowTheModeAndASurfaceIsRecorded() {
         // The titles are checked where the main window opens this window.
         auto window = makeWindow(TwoVariableMode::kSurface);
         QCOMPARE(control<QLabel>(*window, ids::kFormulaLabel)->text(), u"&Z ="_s);
@@ -95,10 +95,24 @@ class TwoVariableWindowTest : public QObject {
         QCOMPARE(control<QLabel>(*window, ids::kPrecisionLabel)->text(), u"Precision: 1e-9"_s);
         QVERIFY(std::tuple(settings.equationXPoints, settings.precisionDigits,
                            settings.surfaceXPoints) == std::tuple(1200, 9, 100));
+
+        // A surface (computed by the main window) is checked and recorded here.
+        window->prepare(TwoVariableMode::kSurface);
+        fill(*window, u"-2 2 -2 2 sin(x)*cos(y)"_s);
+        QSignalSpy status(window.get(), &TwoVariableWindow::statusMessage);
+        pressOk(*window);
+        QCOMPARE(status.size(), 1);
+        QVERIFY(history.entries.size() == 1 && history.entries[0].section == 'y');
+        QVERIFY(window->isVisible() && control(*window, ids::kOk)->isEnabled());
+        QTest::mouseClick(control<QPushButton>(*window, ids::kCancel), Qt::LeftButton);
+        QVERIFY(!window->isVisible());
+        QCOMPARE(history.shownKinds.back(), EntryKind::TwoD);
     }
 
     // Which refusal comes first is the core's table; one refusal shows the window's wiring.
-    void okShowsTheFirstFailureAndSelectsItsBox() {
+    // "Log Base" comes up before the formula is checked, so even a bad formula asks for the base.
+    // The history list fills the boxes.
+    void refusalLogBaseAndHistoryInTheEquationWindow() {
         auto window = makeWindow(TwoVariableMode::kEquation);
         fill(*window, u"-1 1 2 1 z+"_s);
         ModalAnswer answer;
@@ -109,27 +123,20 @@ class TwoVariableWindowTest : public QObject {
         QCOMPARE(answer.text, u"Y BEG MUST BE LESS THAN Y END"_s);
         QCOMPARE(window->focusWidget(), box);
         QVERIFY(!window->isRunning() && history.entries.empty() && settings.kind == '\0');
-    }
 
-    // "Log Base" comes up before the formula is checked, so even a bad formula asks for the base.
-    void logBaseComesBeforeTheCheck() {
-        auto window = makeWindow(TwoVariableMode::kEquation);
         fill(*window, u"1 2 1 2 log(x+*y"_s);
         QStringList order;
-        std::unique_ptr<ModalAnswer> answer;
+        std::unique_ptr<ModalAnswer> error;
         ModalAction<LogBaseDialog> logBase([&](LogBaseDialog* dialog) {
             order << u"log base"_s;
-            answer = std::make_unique<ModalAnswer>();
-            answer->answered = [&order] { order << u"error"_s; };
+            error = std::make_unique<ModalAnswer>();
+            error->answered = [&order] { order << u"error"_s; };
             dialog->reject();
         });
         pressOk(*window);
         QTRY_COMPARE(order, (QStringList{u"log base"_s, u"error"_s}));
-        QVERIFY(answer->text.startsWith(u"ERROR IN FORMULA EDIT BOX:"_s));
-    }
+        QVERIFY(error->text.startsWith(u"ERROR IN FORMULA EDIT BOX:"_s));
 
-    void historyListFillsTheEdits() {
-        auto window = makeWindow(TwoVariableMode::kEquation);
         fill(*window, u"-3 3 -2 2 x*y-1"_s);
         QTest::mouseClick(control<QPushButton>(*window, ids::kHistory), Qt::LeftButton);
         QVERIFY(history.client.currentInput && history.client.select);
@@ -185,19 +192,6 @@ class TwoVariableWindowTest : public QObject {
         QVERIFY(!control(*window, ids::kStop)->isEnabled() &&
                 control(*window, ids::kProgress)->isHidden());
         QCOMPARE(curve.count(), 1);
-    }
-
-    void surfaceWithoutComputationIsCheckedAndRecorded() {
-        auto window = makeWindow(TwoVariableMode::kSurface);
-        fill(*window, u"-2 2 -2 2 sin(x)*cos(y)"_s);
-        QSignalSpy status(window.get(), &TwoVariableWindow::statusMessage);
-        pressOk(*window);
-        QCOMPARE(status.size(), 1);
-        QVERIFY(history.entries.size() == 1 && history.entries[0].section == 'y');
-        QVERIFY(window->isVisible() && control(*window, ids::kOk)->isEnabled());
-        QTest::mouseClick(control<QPushButton>(*window, ids::kCancel), Qt::LeftButton);
-        QVERIFY(!window->isVisible());
-        QCOMPARE(history.shownKinds.back(), EntryKind::TwoD);
     }
 };
 
