@@ -191,9 +191,6 @@ class HelpViewerTest : public QObject {
             box->setFocus();
             QTest::keyClick(box, Qt::Key_F1);
             QVERIFY2(shownTopic(viewer).endsWith(topic), qPrintable(topic));
-            viewer.showHelpTopic(1, nullptr);
-            control<QPushButton>(window, curve_ids::kHelp)->click();
-            QVERIFY2(shownTopic(viewer).endsWith(topic), qPrintable(topic));
         }
 
         GraphPicture picture;
