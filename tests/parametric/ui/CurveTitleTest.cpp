@@ -1,9 +1,10 @@
-// The curves from the title page, and their history file kept from a second copy of the program
-// working in the same folder.
+// The curves from the title page with their help topics, and their history file kept from a
+// second copy of the program working in the same folder.
 #include <QLockFile>
 #include <QToolButton>
 #include <QtTest>
 
+#include "help/ui/ContextHelp.h"
 #include "parametric/CurveHistory.h"
 #include "parametric/ui/CurveWindow.h"
 #include "shell/ui/CurveCommands.h"
@@ -36,6 +37,9 @@ class CurveTitleTest : public MainWindowFixture {
                 ->click();
             auto* input = shown<CurveWindow>(secondCopy ? u"Polar Curve"_s : u"Parametric Curve"_s);
             QVERIFY(input != nullptr);
+            // F1 in a box: the topic of its window, told apart by the window's name.
+            QCOMPARE(helpLinkForWidget(control(*input, curve_ids::kFirstFormula)).topic,
+                     secondCopy ? 34 : 33);
             retype(*input, curve_ids::kFirstFormula, u"cos(t)"_s);
             if (!secondCopy) {
                 retype(*input, curve_ids::kSecondFormula, u"sin(t)"_s);
