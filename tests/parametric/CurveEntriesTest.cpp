@@ -54,12 +54,6 @@ TEST(CurveEntries, EachBoxIsCheckedInTurnAndNamedInItsRefusal) {
     }
 }
 
-}  // namespace
-}  // namespace curvemill
-
-namespace curvemill {
-namespace {
-
 TEST(CurveTools, IntervalsAreReadLikeTheIntegralsAndResultsWrittenOneALine) {
     CurveGraph graph;
     graph.tBegin = 0;

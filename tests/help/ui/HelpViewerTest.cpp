@@ -20,7 +20,6 @@
 #include "help/ui/HelpViewer.h"
 #include "help/ui/HelpWindow.h"
 #include "output/ui/SaveToFileDialog.h"
-#include "parametric/ui/CurveWindow.h"
 #include "tests/support/DialogControls.h"
 #include "tests/support/ModalAnswer.h"
 #include "tests/support/RecordingReporter.h"
@@ -130,9 +129,8 @@ class HelpViewerTest : public QObject {
     }
 
     // F1 in a box and the Help of an error box reach the topics the table gives them. The input
-    // window's modes and the two curve windows have topics of their own; their boxes and Help
-    // buttons reach them (the input window's error boxes are the 2D dialog's), and so does the
-    // Save To File dialog.
+    // window's modes have topics of their own; its boxes and Help button reach theirs (its error
+    // boxes are the 2D dialog's), and so does the Save To File dialog.
     void f1AndHelpButtonsOpenTheirTopics() {
         Formula formula;
         TwoDGraph graph;
@@ -180,21 +178,6 @@ class HelpViewerTest : public QObject {
         control<QPushButton>(input, twovar_ids::kHelp)->click();
         QVERIFY(shownTopic(viewer).endsWith(u"/file18.htm"_s));
         input.hide();
-
-        CurveGraph curve;
-        for (const auto& [form, topic] : {std::pair{CurveForm::Parametric, u"/file33.htm"_s},
-                                          std::pair{CurveForm::Polar, u"/file34.htm"_s}}) {
-            CurveWindow window(form, formula, curve, worker);
-            window.show();
-            QVERIFY(QTest::qWaitForWindowExposed(&window));
-            auto* box = control<QLineEdit>(window, curve_ids::kFirstFormula);
-            box->setFocus();
-            QTest::keyClick(box, Qt::Key_F1);
-            QVERIFY2(shownTopic(viewer).endsWith(topic), qPrintable(topic));
-            viewer.showHelpTopic(1, nullptr);
-            control<QPushButton>(window, curve_ids::kHelp)->click();
-            QVERIFY2(shownTopic(viewer).endsWith(topic), qPrintable(topic));
-        }
 
         GraphPicture picture;
         picture.screenSize = picture.documentSize = QSize(200, 100);
