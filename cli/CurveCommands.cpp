@@ -6,8 +6,8 @@
 #include "cli/Command.h"
 #include "cli/FormulaArguments.h"
 #include "cli/GraphArguments.h"
-#include "cli/ImageOutput.h"
 #include "cli/ImageSetup.h"
+#include "cli/KindImages.h"
 #include "engine/Formula.h"
 #include "engine/NumberEntry.h"
 #include "graph2d/GraphView.h"
@@ -15,10 +15,6 @@
 #include "parametric/CurveEntries.h"
 #include "parametric/CurveGraph.h"
 
-#include <QGuiApplication>
-#include <QPainter>
-
-#include "graph2d/ui/GraphPainter.h"
 #include "parametric/ui/CurvePainter.h"
 
 namespace curvemill::cli {
@@ -81,20 +77,10 @@ int runCurve(CurveForm form, const ParsedArguments& arguments, std::ostream& out
     const auto begin = entryArgument(*arguments.value("t-begin"), "--t-begin", usage);
     const auto end = entryArgument(*arguments.value("t-end"), "--t-end", usage);
     const auto points = pointsArgument(arguments.value("points"), usage);
-    int width = 1024;
-    int height = 768;
-    if (!first || !second || !begin || !end || !points ||
-        !readImageSize(arguments.value("size"), width, height, usage)) {
+    bool ok = true;
+    const auto target = imageTarget(arguments, usage, ok);
+    if (!first || !second || !begin || !end || !points || !ok) {
         return kExitUsage;
-    }
-    std::optional<ImageFormat> format;
-    std::optional<int> depth;
-    if (output) {
-        format = outputFormat(*output, usage);
-        depth = outputDepth(arguments.value("depth"), usage);
-        if (!format || !depth) {
-            return kExitUsage;
-        }
     }
 
     Formula formula;
@@ -134,21 +120,12 @@ int runCurve(CurveForm form, const ParsedArguments& arguments, std::ostream& out
         }
         return kExitOk;
     }
-    const auto app = ensureGuiApplication();
     GraphView view;
-    setViewSize(view, width, height);
+    setViewSize(view, target->width, target->height);
     fitViewToCurve(view, graph);
     CurveLook look;
     look.arrow = !arguments.flag("no-arrow");
-    // SVG and PDF pages ask for more pixels than the image has: the view is laid out at theirs.
-    const PageDrawing draw = [&graph, &view, &look](QPainter& painter, QSize pixels) {
-        GraphView target = scaledView(view, pixels.width() / view.width);
-        GraphPainter graphPainter;
-        CurvePainter().draw(graphPainter, painter, graph, target, look);
-    };
-    ImageFileOptions options;
-    options.bitsPerPixel = *depth;
-    return writeGraphImage(*output, *format, draw, QSize(width, height), options, out);
+    return writeCurveImage(*target, graph, view, look, out);
 }
 
 }  // namespace

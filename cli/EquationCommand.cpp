@@ -6,8 +6,8 @@
 #include "cli/Command.h"
 #include "cli/FormulaArguments.h"
 #include "cli/GraphArguments.h"
-#include "cli/ImageOutput.h"
 #include "cli/ImageSetup.h"
+#include "cli/KindImages.h"
 #include "cli/MathCommands.h"
 #include "cli/Printable.h"
 #include "cli/TwoVariableEntries.h"
@@ -19,12 +19,7 @@
 #include "equation/EquationView.h"
 #include "graph2d/GraphView.h"
 
-#include <QGuiApplication>
-#include <QImage>
-#include <QPainter>
-
 #include "equation/ui/EquationPainter.h"
-#include "graph2d/ui/GraphPainter.h"
 
 namespace curvemill::cli {
 namespace {
@@ -90,26 +85,16 @@ std::string number(double value) {
     return buffer;
 }
 
-int draw(const ParsedArguments& arguments, const EquationCurve& curve, const std::string& output,
-         ImageFormat format, int depth, int width, int height, std::ostream& out) {
-    const auto app = ensureGuiApplication();
+int draw(const ParsedArguments& arguments, const EquationCurve& curve, const ImageTarget& target,
+         std::ostream& out) {
     GraphView view;
     view.gridOn = arguments.flag("grid");
-    setViewSize(view, width, height);
+    setViewSize(view, target.width, target.height);
     resetEquationView(view, curve, kMaxYRatio);
     fitGraphHeight(view);
     EquationLook look;
     look.squares = arguments.flag("squares");
-    // SVG and PDF pages ask for more pixels than the image has: the view is laid out at theirs.
-    const PageDrawing drawing = [&](QPainter& painter, QSize pixels) {
-        GraphPainter graphPainter;
-        EquationPainter equationPainter;
-        GraphView target = scaledView(view, double(pixels.width()) / view.width);
-        equationPainter.draw(graphPainter, painter, curve, target, look);
-    };
-    ImageFileOptions options;
-    options.bitsPerPixel = depth;
-    return writeGraphImage(output, format, drawing, QSize(width, height), options, out);
+    return writeEquationImage(target, curve, view, look, out);
 }
 
 int runEquation(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
@@ -128,18 +113,9 @@ int runEquation(const ParsedArguments& arguments, std::ostream& out, UsageErrors
         usage.report() << "give exactly one of -o FILE, --points and --summary\n";
         return kExitUsage;
     }
-    int width = 1024;
-    int height = 768;
-    if (!typed || !nx || !ny || !precision ||
-        !readImageSize(arguments.value("size"), width, height, usage)) {
-        return kExitUsage;
-    }
-    std::optional<ImageFormat> format;
-    const std::optional<int> depth = outputDepth(arguments.value("depth"), usage);
-    if (output) {
-        format = outputFormat(*output, usage);
-    }
-    if (!depth || (output && !format)) {
+    bool ok = true;
+    const auto target = imageTarget(arguments, usage, ok);
+    if (!typed || !nx || !ny || !precision || !ok) {
         return kExitUsage;
     }
     Formula formula;
@@ -177,7 +153,7 @@ int runEquation(const ParsedArguments& arguments, std::ostream& out, UsageErrors
         out << text;
         return kExitOk;
     }
-    return draw(arguments, curve, *output, *format, *depth, width, height, out);
+    return draw(arguments, curve, *target, out);
 }
 
 }  // namespace

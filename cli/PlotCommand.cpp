@@ -1,19 +1,11 @@
-#include <memory>
 #include <string>
 
-// The engine's headers come before Qt's, whose "slots" macro would swallow a member name.
 #include "cli/Command.h"
 #include "cli/GraphArguments.h"
-#include "cli/ImageOutput.h"
 #include "cli/ImageSetup.h"
+#include "cli/KindImages.h"
 #include "cli/PlotView.h"
-#include "cli/Printable.h"
 #include "graph2d/GraphView.h"
-
-#include <QGuiApplication>
-#include <QPainter>
-
-#include "graph2d/ui/GraphPainter.h"
 
 namespace curvemill::cli {
 namespace {
@@ -49,21 +41,15 @@ CommandSyntax plotSyntax() {
 }
 
 int runPlot(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
-    const auto output = arguments.value("output");
-    if (!output) {
+    if (!arguments.value("output")) {
         usage.report() << "-o FILE is required\n";
         return kExitUsage;
     }
-    int width = 1024;
-    int height = 768;
+    bool ok = true;
     const auto request = graphRequest(arguments, usage);
     const auto viewOptions = plotViewOptions(arguments, usage);
-    if (!request || !viewOptions || !readImageSize(arguments.value("size"), width, height, usage)) {
-        return kExitUsage;
-    }
-    const std::optional<ImageFormat> format = outputFormat(*output, usage);
-    const std::optional<int> depth = outputDepth(arguments.value("depth"), usage);
-    if (!format || !depth) {
+    const auto target = imageTarget(arguments, usage, ok);
+    if (!request || !viewOptions || !ok) {
         return kExitUsage;
     }
     Formula formula;
@@ -74,21 +60,13 @@ int runPlot(const ParsedArguments& arguments, std::ostream& out, UsageErrors& us
     }
     applyGraphOptions(*viewOptions, graph);
 
-    const auto app = ensureGuiApplication();
     GraphView view;
     view.gridOn = arguments.flag("grid");
     view.smoothLines = !arguments.flag("no-smooth");
-    setViewSize(view, width, height);
+    setViewSize(view, target->width, target->height);
     resetView(view, graph);
     applyViewOptions(*viewOptions, view);
-    // SVG and PDF pages ask for more pixels than the image has: the view is laid out at theirs.
-    const PageDrawing draw = [&graph, &view](QPainter& painter, QSize pixels) {
-        GraphView target = scaledView(view, pixels.width() / view.width);
-        drawGraph(painter, graph, target);
-    };
-    ImageFileOptions options;
-    options.bitsPerPixel = *depth;
-    return writeGraphImage(*output, *format, draw, QSize(width, height), options, out);
+    return writeTwoDImage(*target, graph, view, out);
 }
 
 }  // namespace

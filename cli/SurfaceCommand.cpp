@@ -4,8 +4,8 @@
 #include "cli/Command.h"
 #include "cli/FormulaArguments.h"
 #include "cli/GraphArguments.h"
-#include "cli/ImageOutput.h"
 #include "cli/ImageSetup.h"
+#include "cli/KindImages.h"
 #include "cli/MathCommands.h"
 #include "cli/Printable.h"
 #include "cli/SurfaceLook.h"
@@ -17,12 +17,6 @@
 #include "engine/Preparation.h"
 #include "graph3d/SurfaceCompute.h"
 #include "graph3d/SurfaceScene.h"
-
-#include <QGuiApplication>
-#include <QImage>
-#include <QPainter>
-
-#include "graph3d/ui/SurfacePainter.h"
 
 namespace curvemill::cli {
 namespace {
@@ -149,11 +143,10 @@ int runSurface(const ParsedArguments& arguments, std::ostream& out, UsageErrors&
                                        'r', usage);
     const auto rotation = readRotation(arguments.value("rotate"), usage);
     SurfaceView placedEye;
-    int width = 1024;
-    int height = 768;
-    if (!typed || !nx || !ny || !mode || !scheme || !rotation ||
+    bool ok = true;
+    const auto target = imageTarget(arguments, usage, ok);
+    if (!typed || !nx || !ny || !mode || !scheme || !rotation || !ok ||
         !readViewerLocation(arguments.value("view"), placedEye, usage) ||
-        !readImageSize(arguments.value("size"), width, height, usage) ||
         !requireOptions(arguments, {"x-begin", "x-end", "y-begin", "y-end"}, usage)) {
         return kExitUsage;
     }
@@ -162,14 +155,6 @@ int runSurface(const ParsedArguments& arguments, std::ostream& out, UsageErrors&
     const bool vertices = arguments.flag("vertices");
     if (int(output.has_value()) + int(summary) + int(vertices) != 1) {
         usage.report() << "give exactly one of -o FILE, --summary and --vertices\n";
-        return kExitUsage;
-    }
-    std::optional<ImageFormat> format;
-    const std::optional<int> depth = outputDepth(arguments.value("depth"), usage);
-    if (output) {
-        format = outputFormat(*output, usage);
-    }
-    if (!depth || (output && !format)) {
         return kExitUsage;
     }
 
@@ -207,13 +192,7 @@ int runSurface(const ParsedArguments& arguments, std::ostream& out, UsageErrors&
         return kExitOk;
     }
 
-    const auto app = ensureGuiApplication();
-    const PageDrawing draw = [&scene](QPainter& painter, QSize pixels) {
-        paintSurface(painter, scene, pixels);
-    };
-    ImageFileOptions options;
-    options.bitsPerPixel = *depth;
-    return writeGraphImage(*output, *format, draw, QSize(width, height), options, out);
+    return writeSurfaceImage(*target, scene, out);
 }
 
 }  // namespace
