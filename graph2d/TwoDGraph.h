@@ -15,6 +15,10 @@ struct DefinedSpan {
     double end = 0.0;
 };
 
+// The points spin of the Two D Graph dialog (and of the curve window): whole units up to the most.
+inline constexpr std::int32_t kPointsPerRunUnit = 10000;
+inline constexpr std::int32_t kMostPointsPerRun = 400000;
+
 struct TwoDGraph {
     Curve main;
     Curve second;

@@ -52,10 +52,6 @@ bool zoomAxisOut(AxisState a, double f) {
     return true;
 }
 
-// The largest and smallest zoom any command reaches: the first power of two past each limit.
-constexpr double kTopZoom = 65536.0;
-constexpr double kBottomZoom = 1.0 / 256.0;
-
 double snappedToPowerOfTwo(double zoom) {
     const double power = std::exp2(std::round(std::log2(zoom)));
     return std::fabs(zoom - power) <= power * 1e-9 ? power : zoom;

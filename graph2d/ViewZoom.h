@@ -1,7 +1,9 @@
 // Zoom, restore and stretch of a 2D view: its zoom factors, scroll offsets and content size.
 #pragma once
 
+#include <algorithm>
 #include <array>
+#include <span>
 
 #include "graph2d/GraphView.h"
 
@@ -12,6 +14,9 @@ enum class ZoomAxis { kX, kY, kBoth };
 // Zooming in stops once a factor reaches this, zooming out once it falls to kLeastZoom.
 inline constexpr double kMostZoom = 65535.0;
 inline constexpr double kLeastZoom = 0.004;
+// The largest and smallest zoom any command reaches: the first power of two past each limit.
+inline constexpr double kTopZoom = 65536.0;
+inline constexpr double kBottomZoom = 1.0 / 256.0;
 
 bool canZoomIn(const GraphView& view, ZoomAxis axis);
 bool canZoomOut(const GraphView& view, ZoomAxis axis);
@@ -63,7 +68,6 @@ class StretchStack {
     void clear() { depth_ = 0; }
     int depth() const { return depth_; }
 
-  private:
     struct Level {
         double xFactor = 1.0;
         double yFactor = 1.0;
@@ -71,6 +75,19 @@ class StretchStack {
         double cornerX = 0.0;
         double cornerY = 0.0;
     };
+    // The levels oldest first, and the same put back (a graph document keeps them); more than
+    // kLevels are refused and leave the stack as it was.
+    std::span<const Level> levels() const { return {levels_.data(), std::size_t(depth_)}; }
+    bool restore(std::span<const Level> levels) {
+        if (levels.size() > std::size_t(kLevels)) {
+            return false;
+        }
+        std::copy(levels.begin(), levels.end(), levels_.begin());
+        depth_ = int(levels.size());
+        return true;
+    }
+
+  private:
     std::array<Level, kLevels> levels_{};
     int depth_ = 0;
 };

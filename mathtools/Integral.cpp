@@ -24,10 +24,10 @@ double strip(double x0, double y0, double x1, double y1) {
 
 }  // namespace
 
-std::optional<std::string> acceptIntegralInterval(Formula& formula, const TwoDGraph& graph,
-                                                  NumberBox& beginBox, NumberBox& endBox,
-                                                  IntegralState& state) {
-    const auto inside = [&graph](double x) { return x >= graph.xBegin && x <= graph.xEnd; };
+std::optional<std::string> readIntegralInterval(Formula& formula, double xBegin, double xEnd,
+                                                NumberBox& beginBox, NumberBox& endBox,
+                                                IntegralState& state) {
+    const auto inside = [xBegin, xEnd](double x) { return x >= xBegin && x <= xEnd; };
     const NumberReading begin = beginBox.read(formula);
     if (!begin.ok) {
         return begin.message;
@@ -47,6 +47,16 @@ std::optional<std::string> acceptIntegralInterval(Formula& formula, const TwoDGr
     }
     state.begin = begin.value;
     state.end = end.value;
+    return std::nullopt;
+}
+
+std::optional<std::string> acceptIntegralInterval(Formula& formula, const TwoDGraph& graph,
+                                                  NumberBox& beginBox, NumberBox& endBox,
+                                                  IntegralState& state) {
+    if (auto refusal =
+            readIntegralInterval(formula, graph.xBegin, graph.xEnd, beginBox, endBox, state)) {
+        return refusal;
+    }
     if (!canIntegrate(graph.main, formula, state)) {
         return std::string(math_messages::kCannotIntegrate);
     }

@@ -17,6 +17,12 @@ class NumberBox;
 // The error estimate of the quick sum is accepted up to this fraction of the summed strip areas.
 inline constexpr double kQuickRelativeError = 1e-6;
 
+// The boxes' part of acceptIntegralInterval, for a sampled range [xBegin, xEnd] that need not be
+// sampled yet (a graph document is checked before its curve is computed).
+std::optional<std::string> readIntegralInterval(Formula& formula, double xBegin, double xEnd,
+                                                NumberBox& beginBox, NumberBox& endBox,
+                                                IntegralState& state);
+
 // Reads X_BEG and X_END as the Math dialog does, in its order: each box, its place inside the
 // sampled range [graph.xBegin, graph.xEnd], their order, then canIntegrate on the main curve.
 // Sets state.begin, state.end and the indices; returns the dialog's message on refusal.

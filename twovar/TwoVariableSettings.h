@@ -12,6 +12,13 @@ enum class TwoVariableMode { kSurface = 1, kEquation = 2 };
 inline constexpr char kSurfaceKindLetter = 'y';
 inline constexpr char kEquationKindLetter = 'n';
 
+// The window's points spins count in whole units of 100 up to the mode's most; the precision spin
+// runs from 1 to its most.
+inline constexpr int kGridPointsUnit = 100;
+inline constexpr int kMostSurfacePoints = 500;
+inline constexpr int kMostEquationPoints = 2000;
+inline constexpr int kMostPrecisionDigits = 15;
+
 struct TwoVariableSettings {
     // The last accepted entry as typed, and its kind letter (0 before any).
     std::string xBegin;
