@@ -1,11 +1,16 @@
+#include <algorithm>
 #include <string>
 
 #include "cli/Command.h"
 #include "cli/GraphArguments.h"
+#include "cli/GraphDocuments.h"
 #include "cli/ImageSetup.h"
 #include "cli/KindImages.h"
 #include "cli/PlotView.h"
+#include "document/DocumentState.h"
 #include "graph2d/GraphView.h"
+#include "graph2d/TwoDSettings.h"
+#include "graph2d/ViewZoom.h"
 
 namespace curvemill::cli {
 namespace {
@@ -37,11 +42,27 @@ CommandSyntax plotSyntax() {
     syntax.options.push_back(
         {"output", "FILE", "the image file to write (also -o FILE; - is stdout, as PNG)"});
     addPlotViewOptions(syntax.options);
+    syntax.options.push_back(saveGraphOption());
     return syntax;
 }
 
+// The document of the graph plot drew: its entries as typed, its settings, its view.
+GraphDocument plotDocument(const GraphRequest& request, const TwoDGraph& graph,
+                           const GraphView& view) {
+    TwoDSettings settings;
+    settings.maxYRatio = graph.maxYRatio;
+    settings.optimizeDrawing = graph.drawStep != 1;
+    settings.displayOrder = view.displayOrder;
+    GraphDocument document;
+    document.kind = DocumentKind::kFunction;
+    document.function = captureFunction(graph, view, StretchStack(), settings);
+    document.function.x = {request.xBegin, request.xEnd};
+    return document;
+}
+
 int runPlot(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
-    if (!arguments.value("output")) {
+    const auto saveTo = arguments.value("save-graph");
+    if (!arguments.value("output") && !saveTo) {
         usage.report() << "-o FILE is required\n";
         return kExitUsage;
     }
@@ -63,10 +84,20 @@ int runPlot(const ParsedArguments& arguments, std::ostream& out, UsageErrors& us
     GraphView view;
     view.gridOn = arguments.flag("grid");
     view.smoothLines = !arguments.flag("no-smooth");
-    setViewSize(view, target->width, target->height);
+    const ImageTarget size = target.value_or(ImageTarget());
+    setViewSize(view, size.width, size.height);
     resetView(view, graph);
     applyViewOptions(*viewOptions, view);
-    return writeTwoDImage(*target, graph, view, out);
+    std::optional<GraphDocument> document;
+    if (saveTo) {
+        document = plotDocument(*request, graph, view);
+        if (!acceptSavedGraph(*document, usage)) {
+            return kExitUsage;
+        }
+    }
+    const int drawn = target ? writeTwoDImage(*target, graph, view, out) : kExitOk;
+    const int saved = document ? saveGraph(*saveTo, *document, out) : kExitOk;
+    return std::max(drawn, saved);
 }
 
 }  // namespace
