@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -6,11 +7,16 @@
 #include "cli/Command.h"
 #include "cli/FormulaArguments.h"
 #include "cli/GraphArguments.h"
+#include "cli/GraphDocuments.h"
 #include "cli/ImageSetup.h"
 #include "cli/KindImages.h"
+#include "document/DocumentState.h"
 #include "engine/Formula.h"
 #include "engine/NumberEntry.h"
 #include "graph2d/GraphView.h"
+#include "graph2d/GridSteps.h"
+#include "graph2d/TwoDSettings.h"
+#include "graph2d/ViewZoom.h"
 #include "parametric/CurveCsv.h"
 #include "parametric/CurveEntries.h"
 #include "parametric/CurveGraph.h"
@@ -44,8 +50,10 @@ CommandSyntax curveSyntax(CurveForm form) {
          imageSizeOption(),
          {"depth", "24|8", "bits per pixel of a .bmp file (default 24)"},
          {"output", "FILE",
-          "the image file to write (also -o FILE; - is stdout, as PNG); .png, .bmp, .svg, .pdf"}},
-        "One of -o FILE, --csv and --summary is required. A file is replaced atomically.\n"
+          "the image file to write (also -o FILE; - is stdout, as PNG); .png, .bmp, .svg, .pdf"},
+         saveGraphOption()},
+        "One of -o FILE, --csv and --summary is required, or --save-graph alone. A file is "
+        "replaced atomically.\n"
         "Exit status: 0 done, 1 an entry refused (the window's message is printed) or the file\n"
         "could not be written, 2 wrong command line.\n",
         true};
@@ -58,16 +66,32 @@ std::string number(double v) {
     return buffer;
 }
 
+void printCurveSummary(const CurveGraph& graph, std::ostream& out) {
+    const CurveBox box = viewBox(graph.points);
+    int breaks = 0;
+    for (const CurvePoint& p : graph.points) {
+        breaks += p.isBreak;
+    }
+    out << "pointCount " << graph.points.size() << '\n'
+        << "box " << number(box.xMin) << ' ' << number(box.xMax) << ' ' << number(box.yMin) << ' '
+        << number(box.yMax) << '\n'
+        << "breaks " << breaks << '\n';
+    if (graph.budgetMet) {
+        out << "budgetMet\n";
+    }
+}
+
 int runCurve(CurveForm form, const ParsedArguments& arguments, std::ostream& out,
              UsageErrors& usage) {
     if (!requireOptions(arguments, {"t-begin", "t-end"}, usage)) {
         return kExitUsage;
     }
     const auto output = arguments.value("output");
+    const auto saveTo = arguments.value("save-graph");
     const int wanted =
         (output ? 1 : 0) + (arguments.flag("csv") ? 1 : 0) + (arguments.flag("summary") ? 1 : 0);
-    if (wanted != 1) {
-        usage.report() << "give one of -o FILE, --csv and --summary\n";
+    if (wanted > 1 || (wanted == 0 && !saveTo)) {
+        usage.report() << "give one of -o FILE, --csv and --summary, or --save-graph alone\n";
         return kExitUsage;
     }
     const auto first = formulaArgument(arguments.positionals[0], usage);
@@ -101,31 +125,34 @@ int runCurve(CurveForm form, const ParsedArguments& arguments, std::ostream& out
     graph.tEnd = entries.tEnd;
     graph.startPoints = *points;
     curvemill::runCurve(formula, graph, {});
+    GraphView view;
+    const ImageTarget size = target.value_or(ImageTarget());
+    setViewSize(view, size.width, size.height);
+    fitViewToCurve(view, graph);
+    // The grid steps of the picture's own size, as the screen's view has them: an SVG or PDF page
+    // is the same picture at more pixels, and a saved document opens with these steps.
+    ensureGridSteps(view);
+    std::optional<GraphDocument> document;
+    if (saveTo) {
+        GraphDocument& made = document.emplace();
+        made.kind = DocumentKind::kCurve;
+        made.curve = captureCurve(graph, view, StretchStack(), TwoDSettings());
+        made.curve.t = {*begin, *end};
+        if (!acceptSavedGraph(made, usage)) {
+            return kExitUsage;
+        }
+    }
+    const int saved = document ? saveGraph(*saveTo, *document, out) : kExitOk;
     if (arguments.flag("csv")) {
         writeCurveCsv(graph.points, out);
-        return kExitOk;
+    } else if (arguments.flag("summary")) {
+        printCurveSummary(graph, out);
+    } else if (target) {
+        CurveLook look;
+        look.arrow = !arguments.flag("no-arrow");
+        return std::max(writeCurveImage(*target, graph, view, look, out), saved);
     }
-    if (arguments.flag("summary")) {
-        const CurveBox box = viewBox(graph.points);
-        int breaks = 0;
-        for (const CurvePoint& p : graph.points) {
-            breaks += p.isBreak;
-        }
-        out << "pointCount " << graph.points.size() << '\n'
-            << "box " << number(box.xMin) << ' ' << number(box.xMax) << ' ' << number(box.yMin)
-            << ' ' << number(box.yMax) << '\n'
-            << "breaks " << breaks << '\n';
-        if (graph.budgetMet) {
-            out << "budgetMet\n";
-        }
-        return kExitOk;
-    }
-    GraphView view;
-    setViewSize(view, target->width, target->height);
-    fitViewToCurve(view, graph);
-    CurveLook look;
-    look.arrow = !arguments.flag("no-arrow");
-    return writeCurveImage(*target, graph, view, look, out);
+    return saved;
 }
 
 }  // namespace
