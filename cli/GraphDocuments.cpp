@@ -34,7 +34,8 @@ namespace curvemill::cli {
 OptionSpec saveGraphOption() {
     return {"save-graph", "DOC",
             "also write the graph document of what was drawn (open it in the\n"
-            "                      program, or draw it again with 'curvemill-cli render')"};
+            "                      program, or draw it again with 'curvemill-cli render');\n"
+            "                      --no-smooth, --no-arrow and --squares are not kept"};
 }
 
 bool acceptSavedGraph(const GraphDocument& document, UsageErrors& usage) {
@@ -47,6 +48,10 @@ bool acceptSavedGraph(const GraphDocument& document, UsageErrors& usage) {
 }
 
 int saveGraph(const std::string& path, const GraphDocument& document, std::ostream& out) {
+    if (path == "-") {
+        out << graphDocumentJson(document);
+        return kExitOk;
+    }
     if (const auto failure = saveGraphDocument(path, document)) {
         out << "CANNOT WRITE " << quoted(path) << ": " << *failure << '\n';
         return kExitRefused;

@@ -28,8 +28,8 @@ OptionSpec saveGraphOption();
 // anything is written.
 bool acceptSavedGraph(const GraphDocument& document, UsageErrors& usage);
 
-// Writes the document to `path` through the one safe writer; kExitOk, or kExitRefused after
-// "CANNOT WRITE 'path': why" on `out`.
+// Writes the document to `path` through the one safe writer ("-" is `out` itself); kExitOk, or
+// kExitRefused after "CANNOT WRITE 'path': why" on `out`.
 int saveGraph(const std::string& path, const GraphDocument& document, std::ostream& out);
 
 // Reads the document at `path`, computes its graph as the window does on opening and draws it to
