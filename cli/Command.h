@@ -30,6 +30,7 @@ Command surfaceCommand();
 Command equationCommand();
 Command parametricCommand();
 Command polarCommand();
+Command renderCommand();
 
 std::span<const Command> commandTable();
 

@@ -15,7 +15,9 @@ std::span<const Command> commandTable() {
         // equation curves
         equationCommand(),
         // curves drawn by a parameter t
-        parametricCommand(), polarCommand()};
+        parametricCommand(), polarCommand(),
+        // graph documents
+        renderCommand()};
     return table;
 }
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -6,19 +7,20 @@
 #include "cli/Command.h"
 #include "cli/FormulaArguments.h"
 #include "cli/GraphArguments.h"
-#include "cli/ImageOutput.h"
+#include "cli/GraphDocuments.h"
 #include "cli/ImageSetup.h"
+#include "cli/KindImages.h"
+#include "document/DocumentState.h"
 #include "engine/Formula.h"
 #include "engine/NumberEntry.h"
 #include "graph2d/GraphView.h"
+#include "graph2d/GridSteps.h"
+#include "graph2d/TwoDSettings.h"
+#include "graph2d/ViewZoom.h"
 #include "parametric/CurveCsv.h"
 #include "parametric/CurveEntries.h"
 #include "parametric/CurveGraph.h"
 
-#include <QGuiApplication>
-#include <QPainter>
-
-#include "graph2d/ui/GraphPainter.h"
 #include "parametric/ui/CurvePainter.h"
 
 namespace curvemill::cli {
@@ -48,8 +50,10 @@ CommandSyntax curveSyntax(CurveForm form) {
          imageSizeOption(),
          {"depth", "24|8", "bits per pixel of a .bmp file (default 24)"},
          {"output", "FILE",
-          "the image file to write (also -o FILE; - is stdout, as PNG); .png, .bmp, .svg, .pdf"}},
-        "One of -o FILE, --csv and --summary is required. A file is replaced atomically.\n"
+          "the image file to write (also -o FILE; - is stdout, as PNG); .png, .bmp, .svg, .pdf"},
+         saveGraphOption()},
+        "One of -o FILE, --csv and --summary is required, or --save-graph alone. A file is "
+        "replaced atomically.\n"
         "Exit status: 0 done, 1 an entry refused (the window's message is printed) or the file\n"
         "could not be written, 2 wrong command line.\n",
         true};
@@ -62,16 +66,32 @@ std::string number(double v) {
     return buffer;
 }
 
+void printCurveSummary(const CurveGraph& graph, std::ostream& out) {
+    const CurveBox box = viewBox(graph.points);
+    int breaks = 0;
+    for (const CurvePoint& p : graph.points) {
+        breaks += p.isBreak;
+    }
+    out << "pointCount " << graph.points.size() << '\n'
+        << "box " << number(box.xMin) << ' ' << number(box.xMax) << ' ' << number(box.yMin) << ' '
+        << number(box.yMax) << '\n'
+        << "breaks " << breaks << '\n';
+    if (graph.budgetMet) {
+        out << "budgetMet\n";
+    }
+}
+
 int runCurve(CurveForm form, const ParsedArguments& arguments, std::ostream& out,
              UsageErrors& usage) {
     if (!requireOptions(arguments, {"t-begin", "t-end"}, usage)) {
         return kExitUsage;
     }
     const auto output = arguments.value("output");
+    const auto saveTo = arguments.value("save-graph");
     const int wanted =
         (output ? 1 : 0) + (arguments.flag("csv") ? 1 : 0) + (arguments.flag("summary") ? 1 : 0);
-    if (wanted != 1) {
-        usage.report() << "give one of -o FILE, --csv and --summary\n";
+    if (wanted > 1 || (wanted == 0 && !saveTo)) {
+        usage.report() << "give one of -o FILE, --csv and --summary, or --save-graph alone\n";
         return kExitUsage;
     }
     const auto first = formulaArgument(arguments.positionals[0], usage);
@@ -81,20 +101,10 @@ int runCurve(CurveForm form, const ParsedArguments& arguments, std::ostream& out
     const auto begin = entryArgument(*arguments.value("t-begin"), "--t-begin", usage);
     const auto end = entryArgument(*arguments.value("t-end"), "--t-end", usage);
     const auto points = pointsArgument(arguments.value("points"), usage);
-    int width = 1024;
-    int height = 768;
-    if (!first || !second || !begin || !end || !points ||
-        !readImageSize(arguments.value("size"), width, height, usage)) {
+    bool ok = true;
+    const auto target = imageTarget(arguments, usage, ok);
+    if (!first || !second || !begin || !end || !points || !ok) {
         return kExitUsage;
-    }
-    std::optional<ImageFormat> format;
-    std::optional<int> depth;
-    if (output) {
-        format = outputFormat(*output, usage);
-        depth = outputDepth(arguments.value("depth"), usage);
-        if (!format || !depth) {
-            return kExitUsage;
-        }
     }
 
     Formula formula;
@@ -116,38 +126,32 @@ int runCurve(CurveForm form, const ParsedArguments& arguments, std::ostream& out
     graph.startPoints = *points;
     graph.arrow = !arguments.flag("no-arrow");
     curvemill::runCurve(formula, graph, {});
+    GraphView view;
+    const ImageTarget size = target.value_or(ImageTarget());
+    setViewSize(view, size.width, size.height);
+    fitViewToCurve(view, graph);
+    // The grid steps of the picture's own size, as the screen's view has them: an SVG or PDF page
+    // is the same picture at more pixels, and a saved document opens with these steps.
+    ensureGridSteps(view);
+    std::optional<GraphDocument> document;
+    if (saveTo) {
+        GraphDocument& made = document.emplace();
+        made.kind = DocumentKind::kCurve;
+        made.curve = captureCurve(graph, view, StretchStack(), TwoDSettings());
+        made.curve.t = {*begin, *end};
+        if (!acceptSavedGraph(made, usage)) {
+            return kExitUsage;
+        }
+    }
+    const int saved = document ? saveGraph(*saveTo, *document, out) : kExitOk;
     if (arguments.flag("csv")) {
         writeCurveCsv(graph.points, out);
-        return kExitOk;
+    } else if (arguments.flag("summary")) {
+        printCurveSummary(graph, out);
+    } else if (target) {
+        return std::max(writeCurveImage(*target, graph, view, CurveLook(), out), saved);
     }
-    if (arguments.flag("summary")) {
-        const CurveBox box = viewBox(graph.points);
-        int breaks = 0;
-        for (const CurvePoint& p : graph.points) {
-            breaks += p.isBreak;
-        }
-        out << "pointCount " << graph.points.size() << '\n'
-            << "box " << number(box.xMin) << ' ' << number(box.xMax) << ' ' << number(box.yMin)
-            << ' ' << number(box.yMax) << '\n'
-            << "breaks " << breaks << '\n';
-        if (graph.budgetMet) {
-            out << "budgetMet\n";
-        }
-        return kExitOk;
-    }
-    const auto app = ensureGuiApplication();
-    GraphView view;
-    setViewSize(view, width, height);
-    fitViewToCurve(view, graph);
-    // SVG and PDF pages ask for more pixels than the image has: the view is laid out at theirs.
-    const PageDrawing draw = [&graph, &view](QPainter& painter, QSize pixels) {
-        GraphView target = scaledView(view, pixels.width() / view.width);
-        GraphPainter graphPainter;
-        CurvePainter().draw(graphPainter, painter, graph, target);
-    };
-    ImageFileOptions options;
-    options.bitsPerPixel = *depth;
-    return writeGraphImage(*output, *format, draw, QSize(width, height), options, out);
+    return saved;
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include <atomic>
+#include <algorithm>
 #include <cstdio>
 #include <string>
 
@@ -6,11 +6,13 @@
 #include "cli/Command.h"
 #include "cli/FormulaArguments.h"
 #include "cli/GraphArguments.h"
-#include "cli/ImageOutput.h"
+#include "cli/GraphDocuments.h"
 #include "cli/ImageSetup.h"
+#include "cli/KindImages.h"
 #include "cli/MathCommands.h"
 #include "cli/Printable.h"
 #include "cli/TwoVariableEntries.h"
+#include "document/DocumentState.h"
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
 #include "engine/NumberEntry.h"
@@ -18,13 +20,11 @@
 #include "equation/EquationSolver.h"
 #include "equation/EquationView.h"
 #include "graph2d/GraphView.h"
-
-#include <QGuiApplication>
-#include <QImage>
-#include <QPainter>
+#include "graph2d/TwoDSettings.h"
+#include "graph2d/ViewZoom.h"
+#include "twovar/TwoVariableSettings.h"
 
 #include "equation/ui/EquationPainter.h"
-#include "graph2d/ui/GraphPainter.h"
 
 namespace curvemill::cli {
 namespace {
@@ -58,10 +58,11 @@ CommandSyntax equationSyntax() {
          {"grid", "", "draw the grid lines"},
          {"squares", "", "draw small squares around the points"},
          {"points", "", "print the solutions as x,y lines, sorted by x"},
-         {"summary", "", "print count N, yMin V and yMax V"}},
-        "Give exactly one of -o FILE, --points and --summary. Options may come before or after\n"
-        "EQUATION. Numbers are printed with 17 significant digits; without solutions yMin and\n"
-        "yMax keep their start values 1e+100 and -1e+100.\n"
+         {"summary", "", "print count N, yMin V and yMax V"},
+         saveGraphOption()},
+        "Give exactly one of -o FILE, --points and --summary, or --save-graph alone. Options may\n"
+        "come before or after EQUATION. Numbers are printed with 17 significant digits; without\n"
+        "solutions yMin and yMax keep their start values 1e+100 and -1e+100.\n"
         "A run keeps at most " +
             std::to_string(kMostSolutions) +
             " solution points and says so on stderr when it stops there.\n"
@@ -90,76 +91,45 @@ std::string number(double value) {
     return buffer;
 }
 
-int draw(const ParsedArguments& arguments, const EquationCurve& curve, const std::string& output,
-         ImageFormat format, int depth, int width, int height, std::ostream& out) {
-    const auto app = ensureGuiApplication();
+// The equation's view as the window lays it out for a new curve, fitted to the picture's height.
+GraphView equationView(const ParsedArguments& arguments, const EquationCurve& curve,
+                       const ImageTarget& size) {
     GraphView view;
     view.gridOn = arguments.flag("grid");
-    setViewSize(view, width, height);
+    setViewSize(view, size.width, size.height);
     resetEquationView(view, curve, kMaxYRatio);
     fitGraphHeight(view);
-    EquationLook look;
-    look.squares = arguments.flag("squares");
-    // SVG and PDF pages ask for more pixels than the image has: the view is laid out at theirs.
-    const PageDrawing drawing = [&](QPainter& painter, QSize pixels) {
-        GraphPainter graphPainter;
-        EquationPainter equationPainter;
-        GraphView target = scaledView(view, double(pixels.width()) / view.width);
-        equationPainter.draw(graphPainter, painter, curve, target, look);
-    };
-    ImageFileOptions options;
-    options.bitsPerPixel = depth;
-    return writeGraphImage(output, format, drawing, QSize(width, height), options, out);
+    return view;
 }
 
-int runEquation(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
-    const auto typed = formulaArgument(arguments.positionals[0], usage);
-    const auto nx = wholeArgument(arguments.value("nx"), "nx", 1, kMostSteps, 500, usage);
-    const auto ny = wholeArgument(arguments.value("ny"), "ny", 1, kMostSteps, 500, usage);
-    const auto precision =
-        wholeArgument(arguments.value("precision"), "precision", 1, 15, 5, usage);
-    if (!requireOptions(arguments, {"x-begin", "x-end", "y-begin", "y-end"}, usage)) {
-        return kExitUsage;
-    }
-    const auto output = arguments.value("output");
-    const int outputs =
-        (output ? 1 : 0) + (arguments.flag("points") ? 1 : 0) + (arguments.flag("summary") ? 1 : 0);
-    if (outputs != 1) {
-        usage.report() << "give exactly one of -o FILE, --points and --summary\n";
-        return kExitUsage;
-    }
-    int width = 1024;
-    int height = 768;
-    if (!typed || !nx || !ny || !precision ||
-        !readImageSize(arguments.value("size"), width, height, usage)) {
-        return kExitUsage;
-    }
-    std::optional<ImageFormat> format;
-    const std::optional<int> depth = outputDepth(arguments.value("depth"), usage);
-    if (output) {
-        format = outputFormat(*output, usage);
-    }
-    if (!depth || (output && !format)) {
-        return kExitUsage;
-    }
-    Formula formula;
-    EquationGrid grid;
-    if (const auto refusal = readEntries(formula, arguments, *typed, grid)) {
-        out << *refusal << '\n';
-        return kExitRefused;
-    }
-    grid.xSteps = *nx;
-    grid.ySteps = *ny;
-    grid.precisionDigits = *precision;
-    EquationCurve curve;
-    EquationWork work;
-    const std::atomic<bool> running{true};
-    solveEquation(formula, grid, running, work, curve);
-    curve.formulaText = *typed;
-    if (curve.truncated) {
-        usage.report() << solutionLimitText() << '\n';
-    }
+// The document of the equation the command solved: its entries as typed and its view.
+GraphDocument equationDocument(const ParsedArguments& arguments, const EquationGrid& grid,
+                               const std::string& typed, const GraphView& view) {
+    const auto text = [&arguments](const char* option) {
+        return arguments.value(option).value_or("");
+    };
+    TwoVariableSettings entries;
+    entries.xBegin = text("x-begin");
+    entries.xEnd = text("x-end");
+    entries.yBegin = text("y-begin");
+    entries.yEnd = text("y-end");
+    entries.formula = typed;
+    entries.kind = kEquationKindLetter;
+    entries.equationXPoints = grid.xSteps;
+    entries.equationYPoints = grid.ySteps;
+    entries.precisionDigits = grid.precisionDigits;
+    TwoDSettings settings;
+    settings.maxYRatio = kMaxYRatio;
+    GraphDocument document;
+    document.kind = DocumentKind::kEquation;
+    document.equation = captureEquation(entries, view, StretchStack(), settings);
+    return document;
+}
 
+// What the command prints or draws of the solved equation.
+int writeEquationOutput(const ParsedArguments& arguments, const EquationCurve& curve,
+                        const GraphView& view, const std::optional<ImageTarget>& target,
+                        std::ostream& out) {
     if (arguments.flag("summary")) {
         out << "count " << curve.count() << "\nyMin " << number(curve.yMin) << "\nyMax "
             << number(curve.yMax) << '\n';
@@ -177,7 +147,60 @@ int runEquation(const ParsedArguments& arguments, std::ostream& out, UsageErrors
         out << text;
         return kExitOk;
     }
-    return draw(arguments, curve, *output, *format, *depth, width, height, out);
+    if (!target) {
+        return kExitOk;
+    }
+    EquationLook look;
+    look.squares = arguments.flag("squares");
+    return writeEquationImage(*target, curve, view, look, out);
+}
+
+int runEquation(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
+    const auto typed = formulaArgument(arguments.positionals[0], usage);
+    const auto nx = wholeArgument(arguments.value("nx"), "nx", 1, kMostSteps, 500, usage);
+    const auto ny = wholeArgument(arguments.value("ny"), "ny", 1, kMostSteps, 500, usage);
+    const auto precision =
+        wholeArgument(arguments.value("precision"), "precision", 1, 15, 5, usage);
+    if (!requireOptions(arguments, {"x-begin", "x-end", "y-begin", "y-end"}, usage)) {
+        return kExitUsage;
+    }
+    const auto output = arguments.value("output");
+    const auto saveTo = arguments.value("save-graph");
+    const int outputs =
+        (output ? 1 : 0) + (arguments.flag("points") ? 1 : 0) + (arguments.flag("summary") ? 1 : 0);
+    if (outputs > 1 || (outputs == 0 && !saveTo)) {
+        usage.report() << "give exactly one of -o FILE, --points and --summary\n";
+        return kExitUsage;
+    }
+    bool ok = true;
+    const auto target = imageTarget(arguments, usage, ok);
+    if (!typed || !nx || !ny || !precision || !ok) {
+        return kExitUsage;
+    }
+    Formula formula;
+    EquationGrid grid;
+    if (const auto refusal = readEntries(formula, arguments, *typed, grid)) {
+        out << *refusal << '\n';
+        return kExitRefused;
+    }
+    grid.xSteps = *nx;
+    grid.ySteps = *ny;
+    grid.precisionDigits = *precision;
+    EquationCurve curve;
+    if (!solveEquationGrid(formula, grid, *typed, curve)) {
+        usage.report() << solutionLimitText() << '\n';
+    }
+    const GraphView view = equationView(arguments, curve, target.value_or(ImageTarget()));
+    std::optional<GraphDocument> document;
+    if (saveTo) {
+        document = equationDocument(arguments, grid, *typed, view);
+        if (!acceptSavedGraph(*document, usage)) {
+            return kExitUsage;
+        }
+    }
+    const int written = writeEquationOutput(arguments, curve, view, target, out);
+    const int saved = document ? saveGraph(*saveTo, *document, out) : kExitOk;
+    return std::max(written, saved);
 }
 
 }  // namespace

@@ -80,29 +80,35 @@ std::optional<std::string> computeGraph(const GraphRequest& request, Formula& fo
     graph.xEnd = entries.xEnd;
     graph.pointsPerRun = request.points;
     graph.mainFormulaText = typed;
-    graph.computingSecond = false;
-    sampleCurve(graph, formula, {});
-
     if (request.secondFormula) {
-        const std::string& second = *request.secondFormula;
         // The dialog's checks again, as the Second Function dialog makes them over the same range.
-        const GraphEntries secondEntries =
-            checkGraphEntries(formula, xBegin, xEnd, second, std::string_view(typed));
+        const GraphEntries secondEntries = checkGraphEntries(
+            formula, xBegin, xEnd, *request.secondFormula, std::string_view(typed));
         if (secondEntries.refusal) {
             return secondEntries.refusal->message;
         }
-        graph.secondFormulaText = second;
+        graph.secondFormulaText = *request.secondFormula;
+    }
+    sampleGraph(graph, formula, request.secondFormula.has_value(), request.derivative,
+                request.integralCurve);
+    return std::nullopt;
+}
+
+void sampleGraph(TwoDGraph& graph, Formula& formula, bool second, bool derivative,
+                 bool integralCurve) {
+    graph.computingSecond = false;
+    sampleCurve(graph, formula, {});
+    if (second) {
         graph.computingSecond = true;
         sampleCurve(graph, formula, {});
         graph.computingSecond = false;
     }
-    if (request.derivative) {
+    if (derivative) {
         buildDerivativeCurve(graph, formula, {});
     }
-    if (request.integralCurve) {
+    if (integralCurve) {
         buildIntegralCurve(graph, formula, {});
     }
-    return std::nullopt;
 }
 
 }  // namespace curvemill::cli

@@ -40,4 +40,9 @@ std::optional<GraphRequest> graphRequest(const ParsedArguments& arguments, Usage
 std::optional<std::string> computeGraph(const GraphRequest& request, Formula& formula,
                                         TwoDGraph& graph);
 
+// Samples the main curve of an accepted graph (range, points and texts set, formulas prepared),
+// then the second function, the derivative and the integral curve when asked for.
+void sampleGraph(TwoDGraph& graph, Formula& formula, bool second, bool derivative,
+                 bool integralCurve);
+
 }  // namespace curvemill::cli

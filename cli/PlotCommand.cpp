@@ -1,19 +1,16 @@
-#include <memory>
+#include <algorithm>
 #include <string>
 
-// The engine's headers come before Qt's, whose "slots" macro would swallow a member name.
 #include "cli/Command.h"
 #include "cli/GraphArguments.h"
-#include "cli/ImageOutput.h"
+#include "cli/GraphDocuments.h"
 #include "cli/ImageSetup.h"
+#include "cli/KindImages.h"
 #include "cli/PlotView.h"
-#include "cli/Printable.h"
+#include "document/DocumentState.h"
 #include "graph2d/GraphView.h"
-
-#include <QGuiApplication>
-#include <QPainter>
-
-#include "graph2d/ui/GraphPainter.h"
+#include "graph2d/TwoDSettings.h"
+#include "graph2d/ViewZoom.h"
 
 namespace curvemill::cli {
 namespace {
@@ -45,25 +42,35 @@ CommandSyntax plotSyntax() {
     syntax.options.push_back(
         {"output", "FILE", "the image file to write (also -o FILE; - is stdout, as PNG)"});
     addPlotViewOptions(syntax.options);
+    syntax.options.push_back(saveGraphOption());
     return syntax;
 }
 
+// The document of the graph plot drew: its entries as typed, its settings, its view.
+GraphDocument plotDocument(const GraphRequest& request, const TwoDGraph& graph,
+                           const GraphView& view) {
+    TwoDSettings settings;
+    settings.maxYRatio = graph.maxYRatio;
+    settings.optimizeDrawing = graph.drawStep != 1;
+    settings.displayOrder = view.displayOrder;
+    GraphDocument document;
+    document.kind = DocumentKind::kFunction;
+    document.function = captureFunction(graph, view, StretchStack(), settings);
+    document.function.x = {request.xBegin, request.xEnd};
+    return document;
+}
+
 int runPlot(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
-    const auto output = arguments.value("output");
-    if (!output) {
+    const auto saveTo = arguments.value("save-graph");
+    if (!arguments.value("output") && !saveTo) {
         usage.report() << "-o FILE is required\n";
         return kExitUsage;
     }
-    int width = 1024;
-    int height = 768;
+    bool ok = true;
     const auto request = graphRequest(arguments, usage);
     const auto viewOptions = plotViewOptions(arguments, usage);
-    if (!request || !viewOptions || !readImageSize(arguments.value("size"), width, height, usage)) {
-        return kExitUsage;
-    }
-    const std::optional<ImageFormat> format = outputFormat(*output, usage);
-    const std::optional<int> depth = outputDepth(arguments.value("depth"), usage);
-    if (!format || !depth) {
+    const auto target = imageTarget(arguments, usage, ok);
+    if (!request || !viewOptions || !ok) {
         return kExitUsage;
     }
     Formula formula;
@@ -74,21 +81,23 @@ int runPlot(const ParsedArguments& arguments, std::ostream& out, UsageErrors& us
     }
     applyGraphOptions(*viewOptions, graph);
 
-    const auto app = ensureGuiApplication();
     GraphView view;
     view.gridOn = arguments.flag("grid");
     view.smoothLines = !arguments.flag("no-smooth");
-    setViewSize(view, width, height);
+    const ImageTarget size = target.value_or(ImageTarget());
+    setViewSize(view, size.width, size.height);
     resetView(view, graph);
     applyViewOptions(*viewOptions, view);
-    // SVG and PDF pages ask for more pixels than the image has: the view is laid out at theirs.
-    const PageDrawing draw = [&graph, &view](QPainter& painter, QSize pixels) {
-        GraphView target = scaledView(view, pixels.width() / view.width);
-        drawGraph(painter, graph, target);
-    };
-    ImageFileOptions options;
-    options.bitsPerPixel = *depth;
-    return writeGraphImage(*output, *format, draw, QSize(width, height), options, out);
+    std::optional<GraphDocument> document;
+    if (saveTo) {
+        document = plotDocument(*request, graph, view);
+        if (!acceptSavedGraph(*document, usage)) {
+            return kExitUsage;
+        }
+    }
+    const int drawn = target ? writeTwoDImage(*target, graph, view, out) : kExitOk;
+    const int saved = document ? saveGraph(*saveTo, *document, out) : kExitOk;
+    return std::max(drawn, saved);
 }
 
 }  // namespace

@@ -1,63 +1,63 @@
+#include <algorithm>
 #include <string>
 
 // The engine's headers come before Qt's, whose "slots" macro would swallow a member name.
 #include "cli/Command.h"
 #include "cli/FormulaArguments.h"
 #include "cli/GraphArguments.h"
-#include "cli/ImageOutput.h"
+#include "cli/GraphDocuments.h"
 #include "cli/ImageSetup.h"
+#include "cli/KindImages.h"
 #include "cli/MathCommands.h"
 #include "cli/Printable.h"
 #include "cli/SurfaceLook.h"
 #include "cli/TwoVariableEntries.h"
 #include "cli/ViewArguments.h"
+#include "document/DocumentState.h"
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
 #include "engine/NumberEntry.h"
 #include "engine/Preparation.h"
 #include "graph3d/SurfaceCompute.h"
 #include "graph3d/SurfaceScene.h"
-
-#include <QGuiApplication>
-#include <QImage>
-#include <QPainter>
-
-#include "graph3d/ui/SurfacePainter.h"
+#include "twovar/TwoVariableSettings.h"
 
 namespace curvemill::cli {
 namespace {
 
 CommandSyntax coreSurfaceSyntax() {
-    return {"surface",
-            "Computes the surface z = FORMULA (in x and y) over [A, B] x [C, D] as the ThreeD\n"
-            "window does and draws it into an image as the program draws it, or prints what was\n"
-            "computed. The file's extension chooses the format: .png, .bmp, .svg or .pdf.",
-            "FORMULA",
-            1,
-            64,
-            {{"x-begin", "A", "X Begin, read like the ThreeD window's box"},
-             {"x-end", "B", "X End"},
-             {"y-begin", "C", "Y Begin"},
-             {"y-end", "D", "Y End"},
-             {"nx", "N", "intervals along x, 100 to 500 (default 100)"},
-             {"ny", "N", "intervals along y, 100 to 500 (default 100)"},
-             {"mode", "M", "polygons, lines or pixels (default polygons)"},
-             {"scheme", "S", "colour scheme r, g, b, c, m, y, 1 (grey) or o (own colour)"},
-             {"rotate", "A,B,C", "turn the figure by A, B and C degrees about x, y and z"},
-             {"view", "H,V",
-              "viewer location: horizontal 1 to 20 (default 5), vertical -20 to 20 (default 3)"},
-             imageSizeOption(),
-             {"depth", "24|8", "bits per pixel of a .bmp file (default 24)"},
-             {"output", "FILE", "the image file to write (also -o FILE; - is stdout, as PNG)"},
-             {"summary", "",
-              "print zMin, zMax, zLow, zHigh, zLimits, zLimitStep, steps and "
-              "indefinite, one per line"},
-             {"vertices", "", "print every vertex as CSV i,j,x,y,z,zShown,indefinite"}},
-            "Give exactly one of -o FILE, --summary and --vertices. Numbers are printed with 17\n"
-            "significant digits. Options may come before or after FORMULA.\n"
-            "Exit status: 0 done, 1 an entry refused (the window's message is printed) or the\n"
-            "file could not be written, 2 wrong command line (an unknown extension too).\n",
-            true};
+    return {
+        "surface",
+        "Computes the surface z = FORMULA (in x and y) over [A, B] x [C, D] as the ThreeD\n"
+        "window does and draws it into an image as the program draws it, or prints what was\n"
+        "computed. The file's extension chooses the format: .png, .bmp, .svg or .pdf.",
+        "FORMULA",
+        1,
+        64,
+        {{"x-begin", "A", "X Begin, read like the ThreeD window's box"},
+         {"x-end", "B", "X End"},
+         {"y-begin", "C", "Y Begin"},
+         {"y-end", "D", "Y End"},
+         {"nx", "N", "intervals along x, 100 to 500 (default 100)"},
+         {"ny", "N", "intervals along y, 100 to 500 (default 100)"},
+         {"mode", "M", "polygons, lines or pixels (default polygons)"},
+         {"scheme", "S", "colour scheme r, g, b, c, m, y, 1 (grey) or o (own colour)"},
+         {"rotate", "A,B,C", "turn the figure by A, B and C degrees about x, y and z"},
+         {"view", "H,V",
+          "viewer location: horizontal 1 to 20 (default 5), vertical -20 to 20 (default 3)"},
+         imageSizeOption(),
+         {"depth", "24|8", "bits per pixel of a .bmp file (default 24)"},
+         {"output", "FILE", "the image file to write (also -o FILE; - is stdout, as PNG)"},
+         {"summary", "",
+          "print zMin, zMax, zLow, zHigh, zLimits, zLimitStep, steps and "
+          "indefinite, one per line"},
+         {"vertices", "", "print every vertex as CSV i,j,x,y,z,zShown,indefinite"},
+         saveGraphOption()},
+        "Give exactly one of -o FILE, --summary and --vertices, or --save-graph alone. Numbers\n"
+        "are printed with 17 significant digits. Options may come before or after FORMULA.\n"
+        "Exit status: 0 done, 1 an entry refused (the window's message is printed) or the\n"
+        "file could not be written, 2 wrong command line (an unknown extension too).\n",
+        true};
 }
 
 // The options of the figure's look follow those of the computation and the output.
@@ -130,6 +130,32 @@ void printVertices(const SurfaceGrid& grid, std::ostream& out) {
     out << text;
 }
 
+// The document of the surface the command drew: its entries as typed, its look and angles.
+GraphDocument surfaceDocument(const ParsedArguments& arguments, const std::string& typed,
+                              const SurfaceScene& scene, const RotationAngles& angles) {
+    const auto text = [&arguments](const char* option) {
+        return arguments.value(option).value_or("");
+    };
+    TwoVariableSettings entries;
+    entries.xBegin = text("x-begin");
+    entries.xEnd = text("x-end");
+    entries.yBegin = text("y-begin");
+    entries.yEnd = text("y-end");
+    entries.formula = typed;
+    entries.kind = kSurfaceKindLetter;
+    entries.surfaceXPoints = scene.grid.requestedNx;
+    entries.surfaceYPoints = scene.grid.requestedNy;
+    GraphDocument document;
+    document.kind = DocumentKind::kSurface;
+    document.surface = captureSurface(entries, scene, angles);
+    // A figure without Z limits keeps a step of 0, which the document's check refuses; the step
+    // counts only while limits are active, so the one a new figure starts with stands for it.
+    if (document.surface.zLimitStep < 1) {
+        document.surface.zLimitStep = ZLimits().step;
+    }
+    return document;
+}
+
 int runSurface(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
     const auto typed = formulaArgument(arguments.positionals[0], usage);
     const auto nx = wholeArgument(arguments.value("nx"), "nx", 100, 500, 100, usage);
@@ -149,27 +175,20 @@ int runSurface(const ParsedArguments& arguments, std::ostream& out, UsageErrors&
                                        'r', usage);
     const auto rotation = readRotation(arguments.value("rotate"), usage);
     SurfaceView placedEye;
-    int width = 1024;
-    int height = 768;
-    if (!typed || !nx || !ny || !mode || !scheme || !rotation ||
+    bool ok = true;
+    const auto target = imageTarget(arguments, usage, ok);
+    if (!typed || !nx || !ny || !mode || !scheme || !rotation || !ok ||
         !readViewerLocation(arguments.value("view"), placedEye, usage) ||
-        !readImageSize(arguments.value("size"), width, height, usage) ||
         !requireOptions(arguments, {"x-begin", "x-end", "y-begin", "y-end"}, usage)) {
         return kExitUsage;
     }
     const auto output = arguments.value("output");
+    const auto saveTo = arguments.value("save-graph");
     const bool summary = arguments.flag("summary");
     const bool vertices = arguments.flag("vertices");
-    if (int(output.has_value()) + int(summary) + int(vertices) != 1) {
+    const int outputs = int(output.has_value()) + int(summary) + int(vertices);
+    if (outputs > 1 || (outputs == 0 && !saveTo)) {
         usage.report() << "give exactly one of -o FILE, --summary and --vertices\n";
-        return kExitUsage;
-    }
-    std::optional<ImageFormat> format;
-    const std::optional<int> depth = outputDepth(arguments.value("depth"), usage);
-    if (output) {
-        format = outputFormat(*output, usage);
-    }
-    if (!depth || (output && !format)) {
         return kExitUsage;
     }
 
@@ -181,14 +200,10 @@ int runSurface(const ParsedArguments& arguments, std::ostream& out, UsageErrors&
         out << *refusal << '\n';
         return kExitRefused;
     }
-    const std::atomic<bool> keepComputing{true};
-    const SurfaceOutcome outcome = computeSurface(formula, scene.grid, {}, keepComputing);
-    if (outcome == SurfaceOutcome::NoMemory) {
-        out << kNoMemoryMessage << '\n';
+    if (const auto refusal = computeSurfaceFigure(formula, scene)) {
+        out << *refusal << '\n';
         return kExitRefused;
     }
-    startNewFigure(scene);
-    scene.complete = true;
     scene.view.horizontalLocation = placedEye.horizontalLocation;
     scene.view.verticalLocation = placedEye.verticalLocation;
     setUpView(scene.view, scene.grid);
@@ -198,22 +213,22 @@ int runSurface(const ParsedArguments& arguments, std::ostream& out, UsageErrors&
     if (!applySurfaceLook(arguments, scene, usage)) {
         return kExitUsage;
     }
+    std::optional<GraphDocument> document;
+    if (saveTo) {
+        document = surfaceDocument(arguments, *typed, scene, *rotation);
+        if (!acceptSavedGraph(*document, usage)) {
+            return kExitUsage;
+        }
+    }
+    const int saved = document ? saveGraph(*saveTo, *document, out) : kExitOk;
     if (summary) {
         printSummary(scene.grid, out);
-        return kExitOk;
-    }
-    if (vertices) {
+    } else if (vertices) {
         printVertices(scene.grid, out);
-        return kExitOk;
+    } else if (target) {
+        return std::max(writeSurfaceImage(*target, scene, out), saved);
     }
-
-    const auto app = ensureGuiApplication();
-    const PageDrawing draw = [&scene](QPainter& painter, QSize pixels) {
-        paintSurface(painter, scene, pixels);
-    };
-    ImageFileOptions options;
-    options.bitsPerPixel = *depth;
-    return writeGraphImage(*output, *format, draw, QSize(width, height), options, out);
+    return saved;
 }
 
 }  // namespace

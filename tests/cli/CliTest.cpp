@@ -99,9 +99,9 @@ INSTANTIATE_TEST_SUITE_P(
 
 // Help goes to stdout with status 0; its wording is free, its presence is not.
 TEST(CliHelp, EveryCommandAndTheProgramHaveHelp) {
-    for (const char* call :
-         {"--help", "check --help", "eval --help", "eval --mode e --help", "sample x --help",
-          "plot x --help", "integral --help", "value --help", "extremes --help", "roots --help"}) {
+    for (const char* call : {"--help", "check --help", "eval --help", "eval --mode e --help",
+                             "sample x --help", "plot x --help", "render --help", "integral --help",
+                             "value --help", "extremes --help", "roots --help"}) {
         SCOPED_TRACE(call);
         const CliRun r = runCli(words(call));
         EXPECT_EQ(r.exitCode, 0);
