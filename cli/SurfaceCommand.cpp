@@ -148,11 +148,6 @@ GraphDocument surfaceDocument(const ParsedArguments& arguments, const std::strin
     GraphDocument document;
     document.kind = DocumentKind::kSurface;
     document.surface = captureSurface(entries, scene, angles);
-    // A figure without Z limits keeps a step of 0, which the document's check refuses; the step
-    // counts only while limits are active, so the one a new figure starts with stands for it.
-    if (document.surface.zLimitStep < 1) {
-        document.surface.zLimitStep = ZLimits().step;
-    }
     return document;
 }
 

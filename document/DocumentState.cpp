@@ -151,7 +151,9 @@ SurfaceSection captureSurface(const TwoVariableSettings& entries, const SurfaceS
                          static_cast<std::int32_t>(light.ownBlue)};
     section.mode = enumOfLetter(kModeLetters, scene.drawing.mode, SurfaceMode::kPolygons);
     section.shading = scene.drawing.shading;
-    section.zLimitStep = scene.grid.limits.step;
+    // The step counts only while the figure's heights are limited; a figure without limits keeps
+    // 0 there, and the step a new figure starts with stands for it.
+    section.zLimitStep = scene.grid.limits.active == 'y' ? scene.grid.limits.step : ZLimits().step;
     section.gridBox = scene.drawing.gridBox;
     return section;
 }

@@ -28,6 +28,7 @@ TEST(CliDocuments, RenderDrawsWhatTheSavingCommandDrew) {
              " --rotate 10,20,45 --view 8,2 --grid --light 0,-0.5,1 "
              "--shiny 0.4 --scheme o --fog 3 --ambient 7 --mode lines --nx 200",
          "png"},
+        {"surface x*y" + kRange, "png"},  // no Z limits: the step is a new figure's
         {"parametric sin(3*t) sin(2*t) --t-begin 0 --t-end 2*pi", "svg"},
         {"polar sin(8*t) --t-begin -pi --t-end pi --points 20000", "png"},
     };
