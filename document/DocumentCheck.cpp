@@ -85,6 +85,8 @@ Refusal prepareFunction(Formula& formula, const FunctionSection& section, Docume
         }
         return field(second ? "secondFormula" : "formula");
     };
+    // Texts are held to the formula check's limits rather than to the dialog's edit length, so
+    // that a graph made on the command line, whose formulas no edit cut short, opens as well.
     const GraphEntries main = checkGraphEntries(formula, begin, end, section.formula);
     if (main.refusal) {
         return refuse(boxField(main.refusal->box, false), main.refusal->message);

@@ -25,7 +25,7 @@ shift $(($# > 2 ? 2 : $#))
 
 # Entries files are longer than a formula: a smaller limit would cut the history seeds short.
 case "$target" in
-    history | parametric) max_len=4096 ;;
+    history | parametric | document) max_len=4096 ;;
     *) max_len=99 ;;
 esac
 

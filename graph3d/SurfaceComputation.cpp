@@ -3,13 +3,9 @@
 #include <algorithm>
 
 #include "engine/Formula.h"
+#include "twovar/TwoVariableSettings.h"
 
 namespace curvemill {
-
-namespace {
-constexpr int kFewestPoints = 100;
-constexpr int kMostPoints = 500;
-}  // namespace
 
 SurfaceComputation::SurfaceComputation(Formula& formula, SurfaceScene& scene,
                                        SurfaceDisplay display)
@@ -29,8 +25,8 @@ Job SurfaceComputation::makeJob(const TwoVariableRequest& request) {
     grid.xEnd = request.xEnd;
     grid.yBegin = request.yBegin;
     grid.yEnd = request.yEnd;
-    grid.requestedNx = std::clamp(request.xPoints, kFewestPoints, kMostPoints);
-    grid.requestedNy = std::clamp(request.yPoints, kFewestPoints, kMostPoints);
+    grid.requestedNx = std::clamp(request.xPoints, kGridPointsUnit, kMostSurfacePoints);
+    grid.requestedNy = std::clamp(request.yPoints, kGridPointsUnit, kMostSurfacePoints);
     outcome_ = SurfaceOutcome::Stopped;
     // Everything the job fills lives in the scene and in this object, not in its frames.
     return [this](const JobContext& context) {

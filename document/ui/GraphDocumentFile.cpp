@@ -248,9 +248,10 @@ class Writer {
         out.append(std::size_t(depth_) * 4, ' ');
     }
     void appendNumber(double value) {
-        // -0 would read back as the whole number 0; the fraction keeps its sign.
-        if (value == 0.0 && std::signbit(value)) {
-            out += "-0.0";
+        // The parser reads any zero as the whole number 0: -0 is written so, and reads back the
+        // same bytes.
+        if (value == 0.0) {
+            out += '0';
             return;
         }
         char buffer[64];

@@ -25,7 +25,6 @@ namespace curvemill {
 namespace {
 
 constexpr int kEditLength = 70;
-constexpr int kPointsUnit = 10000;
 
 QString idName(int id) {
     return QString::number(id);
@@ -201,7 +200,7 @@ void TwoDGraphDialog::setFormulaText(const QString& text) {
 
 void TwoDGraphDialog::updatePointsLabel() {
     pointsLabel_->setText(
-        QStringLiteral("%1 Points").arg(pointsSpin_->correctedValue() * kPointsUnit));
+        QStringLiteral("%1 Points").arg(pointsSpin_->correctedValue() * kPointsPerRunUnit));
 }
 
 void TwoDGraphDialog::applyPrompts(bool on) {
@@ -303,10 +302,10 @@ void TwoDGraphDialog::startRun(const std::string& typedFormula, double xBegin, d
     resampleOther_ =
         otherExists &&
         (role_ == TwoDGraphRole::Main || xBegin != graph_.xBegin || xEnd != graph_.xEnd ||
-         graph_.pointsPerRun != pointsSpin_->correctedValue() * kPointsUnit);
+         graph_.pointsPerRun != pointsSpin_->correctedValue() * kPointsPerRunUnit);
     graph_.xBegin = xBegin;
     graph_.xEnd = xEnd;
-    graph_.pointsPerRun = pointsSpin_->correctedValue() * kPointsUnit;
+    graph_.pointsPerRun = pointsSpin_->correctedValue() * kPointsPerRunUnit;
     graph_.computingSecond = role_ == TwoDGraphRole::Second;
     formula_.useSecondFunction = role_ == TwoDGraphRole::Second;
 

@@ -4,10 +4,12 @@
 
 #include <QLineEdit>
 
+#include "graph2d/TwoDGraph.h"
+
 namespace curvemill {
 
 TwoDGraphPointsSpin::TwoDGraphPointsSpin(QWidget* parent) : QSpinBox(parent) {
-    setRange(1, 40);
+    setRange(1, kMostPointsPerRun / kPointsPerRunUnit);
     setValue(10);
     setCorrectionMode(QAbstractSpinBox::CorrectToNearestValue);
     setKeyboardTracking(true);

@@ -21,6 +21,7 @@
 #include "engine/ui/LogBaseDialog.h"
 #include "history/HistoryPort.h"
 #include "twovar/TwoVariableEntries.h"
+#include "twovar/TwoVariableSettings.h"
 #include "worker/ui/Worker.h"
 
 namespace curvemill {
@@ -28,7 +29,6 @@ namespace curvemill {
 namespace {
 
 constexpr int kEditLength = 99;
-constexpr int kPointsUnit = 100;
 // Our own: the one worker runs one computation at a time, and a second request is refused.
 
 QString idName(int id) {
@@ -216,14 +216,14 @@ void TwoVariableWindow::prepare(TwoVariableMode mode) {
         const QSignalBlocker blockX(xPointsSpin_);
         const QSignalBlocker blockY(yPointsSpin_);
         const QSignalBlocker blockP(precisionSpin_);
-        const int maximum = surface ? 5 : 20;
+        const int maximum = (surface ? kMostSurfacePoints : kMostEquationPoints) / kGridPointsUnit;
         xPointsSpin_->setRange(1, maximum);
         yPointsSpin_->setRange(1, maximum);
-        precisionSpin_->setRange(1, 15);
+        precisionSpin_->setRange(1, kMostPrecisionDigits);
         const int xPoints = surface ? settings_.surfaceXPoints : settings_.equationXPoints;
         const int yPoints = surface ? settings_.surfaceYPoints : settings_.equationYPoints;
-        xPointsSpin_->setValue(xPoints / kPointsUnit);
-        yPointsSpin_->setValue(yPoints / kPointsUnit);
+        xPointsSpin_->setValue(xPoints / kGridPointsUnit);
+        yPointsSpin_->setValue(yPoints / kGridPointsUnit);
         precisionSpin_->setValue(settings_.precisionDigits);
         xPointsLabel_->setText(pointsText(xPoints));
         yPointsLabel_->setText(pointsText(yPoints));
@@ -253,8 +253,8 @@ TwoVariableComputation* TwoVariableWindow::computation() const {
 
 void TwoVariableWindow::spinChanged() {
     const bool surface = mode_ == TwoVariableMode::kSurface;
-    const int xPoints = xPointsSpin_->value() * kPointsUnit;
-    const int yPoints = yPointsSpin_->value() * kPointsUnit;
+    const int xPoints = xPointsSpin_->value() * kGridPointsUnit;
+    const int yPoints = yPointsSpin_->value() * kGridPointsUnit;
     (surface ? settings_.surfaceXPoints : settings_.equationXPoints) = xPoints;
     (surface ? settings_.surfaceYPoints : settings_.equationYPoints) = yPoints;
     xPointsLabel_->setText(pointsText(xPoints));
