@@ -15,6 +15,7 @@
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/TwoDSettings.h"
+#include "graph2d/ui/TwoDGraphDialog.h"
 #include "graph3d/SurfaceRotation.h"
 #include "graph3d/SurfaceScene.h"
 #include "graph3d/ui/SurfaceRotator.h"
@@ -50,6 +51,26 @@ void runMath(MathDialog& math, const std::function<void()>& start, std::function
     }
 }
 
+// The range as the user typed it ("-4*pi") rather than as a number, when it reads back as the
+// very values drawn.
+void keepTypedRange(GraphDocument& document, const TwoDGraph& graph,
+                    const TwoDGraphDialog* dialog) {
+    if (dialog == nullptr) {
+        return;
+    }
+    const TwoDGraphInput typed = dialog->currentInput();
+    GraphDocument withTyped = document;
+    withTyped.function.x = {typed.xBegin, typed.xEnd};
+    if (withTyped.function.x == document.function.x) {
+        return;
+    }
+    Formula scratch;
+    const PreparedDocument read = prepareDocumentFormulas(scratch, withTyped);
+    if (!read.refusal && read.values.xBegin == graph.xBegin && read.values.xEnd == graph.xEnd) {
+        document.function.x = withTyped.function.x;
+    }
+}
+
 }  // namespace
 
 std::optional<std::string> WindowDocument::capture() const {
@@ -73,6 +94,7 @@ std::optional<std::string> WindowDocument::capture() const {
                 captureFunction(parts_.graph, parts_.view, view.stretches(), view.currentSettings(),
                                 math == nullptr ? nullptr : &math->integral(),
                                 precise != nullptr && precise->isChecked());
+            keepTypedRange(document, parts_.graph, parts_.functions.existingDialog(false));
             break;
         }
         case GraphKind::Equation:
@@ -213,9 +235,9 @@ std::vector<WindowDocument::Step> WindowDocument::functionSteps(const GraphDocum
     }
     steps.push_back([this, section](Next next) {
         parts_.view.indefiniteMarked = section.indefiniteMarked;
-        applyFlat(section.view, section.look);
         next(true);
     });
+    addFlatSteps(steps, section.view, section.look);
     return steps;
 }
 
@@ -228,10 +250,7 @@ std::vector<WindowDocument::Step> WindowDocument::equationSteps(const GraphDocum
             next(false);
         }
     });
-    steps.push_back([this, copy](Next next) {
-        applyFlat(copy.equation.view, copy.equation.look);
-        next(true);
-    });
+    addFlatSteps(steps, copy.equation.view, copy.equation.look);
     return steps;
 }
 
@@ -264,25 +283,31 @@ std::vector<WindowDocument::Step> WindowDocument::curveSteps(const GraphDocument
             next(false);
         }
     });
-    steps.push_back([this, section](Next next) {
-        applyFlat(section.view, section.look);
-        next(true);
-    });
+    addFlatSteps(steps, section.view, section.look);
     return steps;
 }
 
-void WindowDocument::applyFlat(const FlatViewState& state, const FlatLook& look) {
-    ViewCommands& commands = parts_.viewCommands;
-    TwoDSettings settings = commands.currentSettings();
-    // A new ratio lays the view out anew, as after the customization dialog.
-    if (applyFlatLook(look, settings, parts_.graph, parts_.view)) {
-        resetView(parts_.view, parts_.graph);
-        parts_.area.showNewGraph();
-    }
-    // The window's own route for the rest of the customization: mouse mode, tooltips, toolbar.
-    commands.applySettings(settings);
-    applyFlatView(state, parts_.view, commands.stretches());
-    parts_.area.redraw();
+void WindowDocument::addFlatSteps(std::vector<Step>& steps, const FlatViewState& state,
+                                  const FlatLook& look) {
+    steps.push_back([this, look](Next next) {
+        ViewCommands& commands = parts_.viewCommands;
+        TwoDSettings settings = commands.currentSettings();
+        // A new ratio lays the view out anew, as after the customization dialog.
+        if (applyFlatLook(look, settings, parts_.graph, parts_.view)) {
+            resetView(parts_.view, parts_.graph);
+            parts_.area.showNewGraph();
+        }
+        // The window's own route for the rest: mouse mode, tooltips, toolbar.
+        commands.applySettings(settings);
+        next(true);
+    });
+    // A step of its own: the toolbar shown or hidden above resizes the canvas first, and the
+    // scroll offsets are held to the view of the canvas's final size.
+    steps.push_back([this, state](Next next) {
+        applyFlatView(state, parts_.view, parts_.viewCommands.stretches());
+        parts_.area.redraw();
+        next(true);
+    });
 }
 
 }  // namespace curvemill

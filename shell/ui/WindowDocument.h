@@ -70,8 +70,8 @@ class WindowDocument : public DocumentPort {
     std::vector<Step> equationSteps(const GraphDocument& document);
     std::vector<Step> surfaceSteps(const GraphDocument& document);
     std::vector<Step> curveSteps(const GraphDocument& document);
-    // The 2D view's zoom, scroll and stretches and the customization of a drawn flat graph.
-    void applyFlat(const FlatViewState& state, const FlatLook& look);
+    // The customization, then the 2D view's zoom, scroll and stretches, of a drawn flat graph.
+    void addFlatSteps(std::vector<Step>& steps, const FlatViewState& state, const FlatLook& look);
 
     WindowDocumentParts parts_;
 };

@@ -31,8 +31,9 @@ class GraphDocumentShellTest : public MainWindowFixture {
         return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
     }
     DocumentCommands& documents() const { return window->documents(); }
-    // The canvas's picture once every slice of a surface is drawn.
+    // The canvas's picture once its layout has settled and every slice of a surface is drawn.
     QImage picture() {
+        QCoreApplication::processEvents();
         canvas()->repaint();
         if (!QTest::qWaitFor([this] { return !canvas()->surfaceRedraw().running(); }, 10000)) {
             return {};
@@ -67,7 +68,7 @@ class GraphDocumentShellTest : public MainWindowFixture {
         QFETCH(int, kind);
         openWindow({1000, 700});
         if (kind == 0) {
-            QVERIFY(drawFunction(false, u"sin(x)/x*80"_s, u"-20"_s, u"20"_s));
+            QVERIFY(drawFunction(false, u"sin(x)/x*80"_s, u"-4*pi"_s, u"20"_s));
             QVERIFY(drawFunction(true, u"x*2"_s));
             MathDialog* math = window->math().mathDialog();
             QSignalSpy derivative(math, &MathDialog::runFinished);
@@ -93,6 +94,8 @@ class GraphDocumentShellTest : public MainWindowFixture {
         }
         const QString saved = file(u"kind%1.curvemill"_s.arg(kind));
         QVERIFY(documents().saveTo(saved));
+        // A range is kept as typed.
+        QVERIFY(kind != 0 || bytes(saved).contains(R"("begin": "-4*pi")"));
         const QImage before = picture();
         const GraphKind shownKind = window->graphKind();
 
