@@ -3,7 +3,7 @@
 #   bin/curvemill-cli
 #   libexec/curvemill/curvemill   the program itself (it works in its current directory)
 #   share/curvemill/              the help archive and the starter history
-#   share/applications, share/metainfo, share/icons/hicolor, share/man/man1
+#   share/applications, share/metainfo, share/mime/packages, share/icons/hicolor, share/man/man1
 include(GNUInstallDirs)
 
 set(desktop_id org.curvemill.CurveMill)
@@ -54,6 +54,9 @@ install(FILES ${PROJECT_SOURCE_DIR}/resources/desktop/${desktop_id}.desktop
         DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${PROJECT_SOURCE_DIR}/resources/desktop/${desktop_id}.metainfo.xml
         DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+# The graph documents' type, so a file manager opens *.curvemill with the program.
+install(FILES ${PROJECT_SOURCE_DIR}/resources/desktop/${desktop_id}.xml
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
 install(FILES ${PROJECT_SOURCE_DIR}/resources/curvemill.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 foreach(size IN LISTS icon_sizes)

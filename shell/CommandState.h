@@ -31,6 +31,8 @@ struct ShellState {
     bool canUndoStretch = false;
     bool selectArea = false;
     bool drawingProcess = false;
+    // Graph documents were opened or saved before (File > Recent Graphs has entries).
+    bool hasRecentGraphs = false;
 };
 
 // The table's rule of `command` in this state, whether or not its work is bound.

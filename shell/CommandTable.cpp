@@ -59,6 +59,13 @@ constexpr std::array kCommands{
     // Our own kinds, after the specified ones and numbered clear of them.
     CommandRow{C::ParametricCurve, 40301, M, "File", "Parametric Curve", "", "", always},
     CommandRow{C::PolarCurve, 40302, M, "File", "Polar Curve", "", "", always},
+    // Graph documents, numbered clear of the others too; a document is saved when a picture
+    // could be.
+    CommandRow{C::OpenGraph, 40401, M, "File", "Open Graph...", "Ctrl+O", "", always},
+    CommandRow{C::RecentGraphs, 40402, M, "File", "Recent Graphs", "", "",
+               [](const S& s) { return s.hasRecentGraphs; }},
+    CommandRow{C::SaveGraph, 40403, M, "File", "Save Graph...", "Ctrl+S", "", anyGraph},
+    CommandRow{C::SaveGraphAs, 40404, M, "File", "Save Graph As...", "", "", anyGraph},
     CommandRow{C::SaveAsFile, 40030, M, "File", "Save As File", "", "SAVE TO FILE", anyGraph},
     CommandRow{C::Print, 40018, M, "File", "Print", "", "PRINT", anyGraph},
     CommandRow{C::SaveNewEntries, 40093, M, "File", "Save New Entries", "", "",

@@ -6,6 +6,8 @@
 int main(int argc, char* argv[]) {
     curvemill::installFaultTranslation();
     curvemill::GuardedApplication qt(argc, argv);
-    curvemill::Application application(qt);
+    curvemill::StartupOptions options;
+    options.document = curvemill::documentArgument(qt.arguments());
+    curvemill::Application application(qt, options);
     return application.run();
 }

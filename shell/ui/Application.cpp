@@ -9,12 +9,22 @@
 #include "history/HistoryPort.h"
 #include "history/ui/HistoryService.h"
 #include "shell/ui/CurveCommands.h"
+#include "shell/ui/DocumentCommands.h"
 #include "shell/ui/MainWindow.h"
 #include "shell/ui/ProductWebPage.h"
 #include "shell/ui/TitlePage.h"
 #include "shell/ui/ToolbarIcons.h"
 
 namespace curvemill {
+
+QString documentArgument(const QStringList& arguments) {
+    for (qsizetype i = 1; i < arguments.size(); ++i) {
+        if (!arguments[i].startsWith(QLatin1Char('-'))) {
+            return arguments[i];
+        }
+    }
+    return {};
+}
 
 Application::Application(GuardedApplication& qt, StartupOptions options)
     : qt_(qt),
@@ -90,6 +100,13 @@ int Application::run() {
         // Queued, so the loading dialog comes up over the shown title page.
         QTimer::singleShot(0, &qt_, [this] {
             runGuarded(kProcWinMain, reporter_, [this] { history_->loadAtStartup(); });
+        });
+    }
+    if (!options_.quitOnFirstPaint && !options_.document.isEmpty()) {
+        // After the history: a refused document is said over the window, which stays as it is.
+        QTimer::singleShot(0, &qt_, [this] {
+            runGuarded(kProcWinMain, reporter_,
+                       [this] { window_->documents().openAsked(options_.document); });
         });
     }
     return qt_.exec();

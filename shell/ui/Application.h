@@ -3,6 +3,9 @@
 
 #include <memory>
 
+#include <QString>
+#include <QStringList>
+
 #include "engine/Formula.h"
 #include "equation/EquationCurve.h"
 #include "failure/FailureReporter.h"
@@ -24,7 +27,12 @@ class MainWindow;
 struct StartupOptions {
     // Ends the event loop once the title page has been painted (start-up timing).
     bool quitOnFirstPaint = false;
+    // A graph document to open once the window is up (`curvemill FILE.curvemill`); empty: none.
+    QString document;
 };
+
+// The document named on the command line: the first argument that is not an option.
+QString documentArgument(const QStringList& arguments);
 
 class Application {
   public:

@@ -75,6 +75,12 @@ CommandActions::CommandActions(QMainWindow& window) : window_(window), menuBar_(
         if (row.command == Command::DrawGrid || row.command == Command::ShowDrawingProcess) {
             action->setCheckable(true);
         }
+        // Its entries are the documents of the moment, filled in by whoever keeps the list.
+        if (row.command == Command::RecentGraphs) {
+            auto* recent = new QMenu(&window);
+            recent->setObjectName(QStringLiteral("File/Recent Graphs"));
+            action->setMenu(recent);
+        }
         actions_[row.command] = action;
 
         switch (row.place) {
@@ -84,7 +90,8 @@ CommandActions::CommandActions(QMainWindow& window) : window_(window), menuBar_(
                     window.menuBar()->addAction(action);
                 } else {
                     QMenu* menu = menuFor(*window.menuBar(), menus, path);
-                    if (row.command == Command::Exit || row.command == Command::SaveNewEntries) {
+                    if (row.command == Command::Exit || row.command == Command::SaveNewEntries ||
+                        row.command == Command::OpenGraph || row.command == Command::SaveAsFile) {
                         menu->addSeparator();
                     }
                     menu->addAction(action);

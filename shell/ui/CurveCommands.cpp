@@ -1,5 +1,10 @@
 #include "shell/ui/CurveCommands.h"
 
+#include <memory>
+
+#include <QSpinBox>
+
+#include "graph2d/TwoDGraph.h"
 #include "history/ui/HistoryService.h"
 #include "history/ui/WriterLock.h"
 #include "parametric/ui/CurveToolDialogs.h"
@@ -50,6 +55,9 @@ void CurveCommands::openWindow(CurveForm form) {
         window = new CurveWindow(form, formula_, graph_, worker_, parent_);
         window->setHistory(&history_);
         connect(window, &CurveWindow::entryAccepted, this, [this](const CurveEntry& entry) {
+            if (!recording_) {
+                return;
+            }
             history_.record(entry);
             if (historyFile_) {
                 if (const auto why = saveCurveHistory(*historyFile_, history_)) {
@@ -71,6 +79,32 @@ void CurveCommands::openWindow(CurveForm form) {
     window->show();
     window->raise();
     window->activateWindow();
+}
+
+bool CurveCommands::runUnrecorded(const CurveEntry& entry, int points,
+                                  std::function<void(bool)> ended) {
+    openWindow(entry.form);
+    CurveWindow* window = windows_[entry.form == CurveForm::Polar ? 1 : 0];
+    if (window->isRunning()) {
+        return false;
+    }
+    window->setEntry(entry);
+    if (auto* spin = window->findChild<QSpinBox*>(QString::number(curve_ids::kPointsSpin))) {
+        spin->setValue(points / kPointsPerRunUnit);
+    }
+    auto connection = std::make_shared<QMetaObject::Connection>();
+    *connection = connect(window, &CurveWindow::runFinished, this, [connection, ended](bool drawn) {
+        QObject::disconnect(*connection);
+        ended(drawn);
+    });
+    recording_ = false;
+    window->accept();
+    recording_ = true;
+    if (!window->isRunning()) {
+        QObject::disconnect(*connection);
+        return false;
+    }
+    return true;
 }
 
 void CurveCommands::openMathDialog() {

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -39,6 +40,10 @@ class CurveCommands : public QObject {
 
     const CurveGraph& graph() const { return graph_; }
     void openWindow(CurveForm form);
+    // The window of `entry`'s form filled with it and `points`, OK pressed without a history entry
+    // (an opened document); `ended` gets whether the curve was drawn. False when the window
+    // refused the entries or could not start (`ended` is then never called).
+    bool runUnrecorded(const CurveEntry& entry, int points, std::function<void(bool drawn)> ended);
     void openMathDialog();
     void openInformation();
 
@@ -55,6 +60,8 @@ class CurveCommands : public QObject {
     CurveHistory history_;
     std::optional<std::filesystem::path> historyFile_;
     std::unique_ptr<WriterLock> lock_;
+    // Off while an opened document is drawn.
+    bool recording_ = true;
     std::array<QPointer<CurveWindow>, 2> windows_;
     QPointer<CurveMathDialog> math_;
     QPointer<CurveInformationDialog> information_;

@@ -1,6 +1,8 @@
 #include "shell/ui/EquationCommands.h"
 
 #include <algorithm>
+#include <array>
+#include <memory>
 
 #include "equation/ui/EquationInformationDialog.h"
 #include "equation/ui/EquationSolutionsDialog.h"
@@ -80,6 +82,36 @@ void EquationCommands::setSurfaceComputation(TwoVariableComputation* surface) {
     if (window_ != nullptr) {
         window_->setSurfaceComputation(surface);
     }
+}
+
+bool EquationCommands::runUnrecorded(TwoVariableMode mode, std::function<void(bool)> ended) {
+    openWindow(mode);
+    if (window_ == nullptr || window_->isRunning()) {
+        return false;
+    }
+    TwoVariableWindow* window = window_;
+    // One answer per run: whichever of the two comes first ends both connections.
+    auto connections = std::make_shared<std::array<QMetaObject::Connection, 2>>();
+    const auto answer = [connections, ended](bool shown) {
+        for (const QMetaObject::Connection& connection : *connections) {
+            QObject::disconnect(connection);
+        }
+        ended(shown);
+    };
+    (*connections)[0] = connect(window, &TwoVariableWindow::computationShown, this,
+                                [answer](TwoVariableMode) { answer(true); });
+    (*connections)[1] =
+        connect(window, &TwoVariableWindow::repaintRequested, this, [answer] { answer(false); });
+    window->setHistoryPort(nullptr);
+    window->accept();
+    window->setHistoryPort(history_);
+    if (!window->isRunning()) {
+        for (const QMetaObject::Connection& connection : *connections) {
+            QObject::disconnect(connection);
+        }
+        return false;
+    }
+    return true;
 }
 
 void EquationCommands::openWindow(TwoVariableMode mode) {

@@ -2,6 +2,7 @@
 // computation, the curve's look on the canvas, and the equation tools.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include <QObject>
@@ -43,6 +44,11 @@ class EquationCommands : public QObject {
     // The input window, created on first use; null until then.
     TwoVariableWindow* window() const { return window_; }
     void openWindow(TwoVariableMode mode);
+    // The input window for `mode` over the settings as they stand, OK pressed without a history
+    // entry (an opened document); `ended` gets whether the graph was shown. False when the
+    // window refused the entries or could not start (`ended` is then never called).
+    bool runUnrecorded(TwoVariableMode mode, std::function<void(bool shown)> ended);
+    TwoVariableSettings& settings() { return *settings_; }
     // "Math Dialog" while an equation is shown: the curve's solution points.
     void openSolutions();
     // x for a typed y, or y for a typed x, on the equation shown.

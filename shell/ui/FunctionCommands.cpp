@@ -1,5 +1,6 @@
 #include "shell/ui/FunctionCommands.h"
 
+#include <memory>
 #include <utility>
 
 #include <QPointer>
@@ -8,6 +9,7 @@
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
+#include "graph2d/ui/TwoDGraphPointsSpin.h"
 #include "history/HistoryPort.h"
 #include "shell/CommandTable.h"
 #include "shell/ui/CommandActions.h"
@@ -60,6 +62,37 @@ TwoDGraphDialog* FunctionCommands::dialog(bool second) {
         parts_.drawn();
     });
     return dialog;
+}
+
+bool FunctionCommands::runUnrecorded(bool second, const std::string& formula,
+                                     const std::string& xBegin, const std::string& xEnd, int points,
+                                     std::function<void(bool)> ended) {
+    TwoDGraphDialog* run = dialog(second);
+    if (run->isRunning()) {
+        return false;
+    }
+    run->setEntry(QString::fromStdString(formula), QString::fromStdString(xBegin),
+                  QString::fromStdString(xEnd));
+    if (auto* spin = run->findChild<TwoDGraphPointsSpin*>(QString::number(twod_ids::kPointsSpin))) {
+        spin->setValue(points / kPointsPerRunUnit);
+    }
+    auto connection = std::make_shared<QMetaObject::Connection>();
+    *connection =
+        connect(run, &TwoDGraphDialog::runFinished, this, [connection, ended](bool drawn) {
+            QObject::disconnect(*connection);
+            ended(drawn);
+        });
+    run->setHistoryHooks({});
+    run->open();
+    run->accept();
+    if (history_ != nullptr) {
+        connectHistory(*run);
+    }
+    if (!run->isRunning()) {
+        QObject::disconnect(*connection);
+        return false;
+    }
+    return true;
 }
 
 void FunctionCommands::connectHistory(TwoDGraphDialog& dialog) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include <QObject>
 
@@ -42,6 +43,15 @@ class FunctionCommands : public QObject {
     void setHistoryPort(HistoryPort* history);
     // The dialog of the main (false) or second (true) function, created on first use.
     TwoDGraphDialog* dialog(bool second);
+    // Null until first used.
+    const TwoDGraphDialog* existingDialog(bool second) const {
+        return second ? secondDialog_ : mainDialog_;
+    }
+    // The main or second function's dialog filled with these entries and OK pressed without a
+    // history entry (an opened document); `ended` gets whether the graph was drawn. False when
+    // the dialog refused the entries or could not start (`ended` is then never called).
+    bool runUnrecorded(bool second, const std::string& formula, const std::string& xBegin,
+                       const std::string& xEnd, int points, std::function<void(bool drawn)> ended);
 
   private:
     void addOrEraseSecondFunction();

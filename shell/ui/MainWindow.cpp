@@ -8,10 +8,12 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QProcess>
 #include <QProgressBar>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QTimer>
 
 #include "engine/Formula.h"
 #include "graph2d/GraphView.h"
@@ -26,6 +28,7 @@
 #include "shell/ui/CalculatorLookup.h"
 #include "shell/ui/CommandActions.h"
 #include "shell/ui/CurveCommands.h"
+#include "shell/ui/DocumentCommands.h"
 #include "shell/ui/EquationCommands.h"
 #include "shell/ui/FunctionCommands.h"
 #include "shell/ui/GraphArea.h"
@@ -40,6 +43,7 @@
 #include "shell/ui/SurfaceCommands.h"
 #include "shell/ui/TitlePage.h"
 #include "shell/ui/ViewCommands.h"
+#include "shell/ui/WindowDocument.h"
 #include "twovar/TwoVariableSettings.h"
 #include "worker/ui/Worker.h"
 
@@ -165,6 +169,15 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
     surfaceCommands_->bindCommands(*commands_);
     bindHistoryCommands(
         *commands_, [this] { return history_; }, [this] { refreshCommands(); });
+    document_ = std::make_unique<WindowDocument>(WindowDocumentParts{
+        parts_.formula, parts_.graph, parts_.view, parts_.surface, parts_.worker, *graphArea_,
+        *viewCommands_, *functions_, *math_, *equation_, *curves_, *rotation_,
+        [this] { return kind_; }, [this] { refreshCommands(); }});
+    documents_ = new DocumentCommands(*this, *document_);
+    documents_->bindCommands(*commands_);
+    documents_->watch(*graphArea_->canvas());
+    connect(documents_, &DocumentCommands::recentChanged, this, [this] { refreshCommands(); });
+    setAcceptDrops(true);
     refreshCommands();
 }
 
@@ -174,6 +187,9 @@ MainWindow::MainWindow(MainWindowParts parts) : parts_(parts) {
 // mouse goes before this window stops being one.
 MainWindow::~MainWindow() {
     shown_ = nullptr;
+    // It watches the canvas and asks the window's document of what is shown.
+    delete documents_;
+    documents_ = nullptr;
     delete equation_;
     equation_ = nullptr;
     delete rotation_;
@@ -200,6 +216,7 @@ ShellState MainWindow::shellState() const {
     state.historyChanged = history_ != nullptr && history_->hasUnsavedEntries();
     state.areaPainted = parts_.view.areaPainted;
     state.indefiniteMarked = parts_.view.indefiniteMarked;
+    state.hasRecentGraphs = documents_ != nullptr && !documents_->recentGraphs().isEmpty();
     viewCommands_->fillState(state);
     if (shown_ != nullptr) {
         shown_->fillState(state);
@@ -209,6 +226,9 @@ ShellState MainWindow::shellState() const {
 
 void MainWindow::refreshCommands() {
     commands_->apply(shellState());
+    if (documents_ != nullptr) {
+        documents_->scheduleCheck();
+    }
 }
 
 TwoDGraphDialog* MainWindow::twoDGraphDialog(bool second) {
@@ -368,7 +388,40 @@ void MainWindow::onTitleCommand(int id) {
     }
 }
 
+namespace {
+
+// The one local file a drag carries, or empty.
+QString droppedFile(const QMimeData* data) {
+    if (data == nullptr || data->urls().size() != 1 || !data->urls().constFirst().isLocalFile()) {
+        return {};
+    }
+    return data->urls().constFirst().toLocalFile();
+}
+
+}  // namespace
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!droppedFile(event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+// Any one file is taken: the reader says what is wrong with one that is not a graph document.
+void MainWindow::dropEvent(QDropEvent* event) {
+    const QString path = droppedFile(event->mimeData());
+    if (path.isEmpty()) {
+        return;
+    }
+    event->acceptProposedAction();
+    // Opened after the drop has ended, so the source is not kept waiting by a question.
+    QTimer::singleShot(0, this, [this, path] { documents_->openAsked(path); });
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
+    if (!documents_->mayDiscard()) {
+        event->ignore();
+        return;
+    }
     parts_.worker.stop();
     if (history_ != nullptr && !history_->saveOnExit()) {
         event->ignore();

@@ -16,6 +16,8 @@ class QStackedWidget;
 namespace curvemill {
 
 class CommandActions;
+class DocumentCommands;
+class WindowDocument;
 class CurveCommands;
 class CurveShownGraph;
 class EquationCommands;
@@ -97,6 +99,7 @@ class MainWindow : public QMainWindow, public FailureScope {
     ViewCommands& viewCommands() const { return *viewCommands_; }
     EquationCommands& equationCommands() const { return *equation_; }
     RotationCommands& rotation() const { return *rotation_; }
+    DocumentCommands& documents() const { return *documents_; }
 
   Q_SIGNALS:
     void titlePageShown();
@@ -107,6 +110,9 @@ class MainWindow : public QMainWindow, public FailureScope {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    // A graph document dropped on the window is opened.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
     // The commands of the window itself: its pages, its end, help and the programs it starts.
@@ -148,6 +154,8 @@ class MainWindow : public QMainWindow, public FailureScope {
     std::unique_ptr<SurfaceGraph> surfaceGraph_;
     // The kind on screen; null on the title page.
     ShownGraph* shown_ = nullptr;
+    std::unique_ptr<WindowDocument> document_;
+    DocumentCommands* documents_ = nullptr;
 };
 
 }  // namespace curvemill

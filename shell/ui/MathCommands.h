@@ -47,6 +47,8 @@ class MathCommands : public QObject {
 
     // Created on first use.
     MathDialog* mathDialog();
+    // Null until first used.
+    const MathDialog* existingMathDialog() const { return mathDialog_; }
     InformationDialog* informationDialog();
 
   private:

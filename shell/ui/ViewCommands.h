@@ -43,6 +43,11 @@ class ViewCommands : public QObject {
     // Zoom limits, stretch stack, mouse mode and drawing process, for the menus.
     void fillState(ShellState& state) const;
     const TwoDSettings& settings() const { return settings_; }
+    // The settings as the program holds them now (the graph's ratio and drawing step, the
+    // view's display order).
+    TwoDSettings currentSettings() const;
+    const StretchStack& stretches() const { return stretches_; }
+    StretchStack& stretches() { return stretches_; }
     QLabel* coordinates() const { return coordinates_; }
 
   Q_SIGNALS:
@@ -55,9 +60,6 @@ class ViewCommands : public QObject {
 
   private:
     void afterZoom(bool changed);
-    // The settings as the program holds them now (the graph's ratio and drawing step, the
-    // view's display order).
-    TwoDSettings currentSettings() const;
 
     QMainWindow& window_;
     GraphArea& area_;

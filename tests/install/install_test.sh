@@ -27,6 +27,7 @@ done
 for file in share/curvemill/CurveMillHelp.qch share/curvemill/Graph.dat \
     share/applications/org.curvemill.CurveMill.desktop \
     share/metainfo/org.curvemill.CurveMill.metainfo.xml \
+    share/mime/packages/org.curvemill.CurveMill.xml \
     share/icons/hicolor/scalable/apps/curvemill.svg; do
     [ -s "$prefix/$file" ] || problem "$file is missing or empty"
 done
@@ -55,6 +56,20 @@ else
     echo "SKIPPED: appstreamcli is not installed (Debian package appstream)"
 fi
 
+# The documents' type: the database built from the installed package gives *.curvemill to it, and
+# the desktop entry opens that type with the file.
+if command -v update-mime-database >/dev/null; then
+    update-mime-database "$prefix/share/mime" >/dev/null 2>&1 ||
+        problem "update-mime-database refused the installed mime package"
+    grep -q '^50:application/x-curvemill:\*\.curvemill$' "$prefix/share/mime/globs2" 2>/dev/null ||
+        problem "the mime database gives *.curvemill no application/x-curvemill"
+else
+    echo "SKIPPED: update-mime-database is not installed (Debian package shared-mime-info)"
+fi
+grep -q '^MimeType=application/x-curvemill;$' "$prefix/share/applications/org.curvemill.CurveMill.desktop" &&
+    grep -q '^Exec=curvemill %f$' "$prefix/share/applications/org.curvemill.CurveMill.desktop" ||
+    problem "the desktop entry does not open graph documents"
+
 [ "$("$prefix/bin/curvemill-cli" eval 'x^2' 3)" = 9 ] || problem "installed curvemill-cli does not evaluate"
 
 # Starts the launcher with the given XDG_DATA_HOME; passes when the program runs in `folder`, which
@@ -80,6 +95,17 @@ launch() {
 }
 mkdir -p "$work/home"
 launch "$work/data" "$work/data/curvemill"
+# A file named from where the user stands reaches the program by its whole path.
+touch "$work/g.curvemill"
+(cd "$work" && XDG_DATA_HOME=$work/data HOME=$work/home QT_QPA_PLATFORM=offscreen \
+    exec "$prefix/bin/curvemill" g.curvemill) >"$work/launch.log" 2>&1 &
+pid=$!
+sleep 1
+tr '\0' '\n' <"/proc/$pid/cmdline" 2>/dev/null | grep -qx "$work/g.curvemill" ||
+    problem "the launcher does not hand on a relative file by its whole path"
+kill "$pid" 2>/dev/null
+wait "$pid" 2>/dev/null
+pid=""
 # A relative XDG_DATA_HOME does not count: the default under HOME is used.
 launch "relative/data" "$work/home/.local/share/curvemill"
 
