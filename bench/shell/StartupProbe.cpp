@@ -6,6 +6,8 @@
 int main(int argc, char* argv[]) {
     curvemill::installFaultTranslation();
     curvemill::GuardedApplication qt(argc, argv);
-    curvemill::Application application(qt, curvemill::StartupOptions{true});
+    curvemill::StartupOptions options;
+    options.quitOnFirstPaint = true;
+    curvemill::Application application(qt, options);
     return application.run();
 }
