@@ -84,4 +84,22 @@ void LogBaseDialog::accept() {
     QDialog::accept();
 }
 
+namespace {
+// Input windows run on the GUI thread only, so a plain count serves.
+int heldQuestions = 0;
+}  // namespace
+
+LogBaseQuestionHold::LogBaseQuestionHold() {
+    ++heldQuestions;
+}
+LogBaseQuestionHold::~LogBaseQuestionHold() {
+    --heldQuestions;
+}
+
+void askLogBase(Formula& formula, QWidget* parent) {
+    if (heldQuestions == 0) {
+        LogBaseDialog(formula, parent).exec();
+    }
+}
+
 }  // namespace curvemill

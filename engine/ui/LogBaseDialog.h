@@ -39,4 +39,18 @@ class LogBaseDialog : public QDialog, public FailureScope {
     QLineEdit* baseEdit_;
 };
 
+// What the input windows do before a formula holding "log(" is checked: the dialog, unless a
+// LogBaseQuestionHold lives.
+void askLogBase(Formula& formula, QWidget* parent);
+
+// While one lives, askLogBase asks nothing: a graph document being opened brings its own base, and
+// the question in the middle of drawing it would only interrupt.
+class LogBaseQuestionHold {
+  public:
+    LogBaseQuestionHold();
+    ~LogBaseQuestionHold();
+    LogBaseQuestionHold(const LogBaseQuestionHold&) = delete;
+    LogBaseQuestionHold& operator=(const LogBaseQuestionHold&) = delete;
+};
+
 }  // namespace curvemill

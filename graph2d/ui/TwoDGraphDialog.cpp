@@ -259,7 +259,7 @@ void TwoDGraphDialog::accept() {
         formula_, xBeginBox_, xEndBox_, typed,
         role_ == TwoDGraphRole::Second ? std::optional<std::string_view>(graph_.mainFormulaText)
                                        : std::nullopt,
-        [this] { LogBaseDialog(formula_, this).exec(); });
+        [this] { askLogBase(formula_, this); });
     if (const auto& refusal = entries.refusal) {
         QLineEdit* box = refusal->box == GraphEntryBox::kXBegin ? xBeginEdit_
                          : refusal->box == GraphEntryBox::kXEnd ? xEndEdit_

@@ -283,7 +283,7 @@ void CurveWindow::accept() {
     const ExpressionSlot second = formula_.slots[kSecondFunctionSlot];
     const CurveEntries entries =
         checkCurveEntries(formula_, form_, tBeginBox_, tEndBox_, input.first, input.second,
-                          [this] { LogBaseDialog(formula_, this).exec(); });
+                          [this] { askLogBase(formula_, this); });
     if (const auto& refusal = entries.refusal) {
         formula_.slots[kFunctionSlot] = first;
         formula_.slots[kSecondFunctionSlot] = second;

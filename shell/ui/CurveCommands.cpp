@@ -4,6 +4,7 @@
 
 #include <QSpinBox>
 
+#include "engine/ui/LogBaseDialog.h"
 #include "graph2d/TwoDGraph.h"
 #include "history/ui/HistoryService.h"
 #include "history/ui/WriterLock.h"
@@ -98,7 +99,10 @@ bool CurveCommands::runUnrecorded(const CurveEntry& entry, int points,
         ended(drawn);
     });
     recording_ = false;
-    window->accept();
+    {
+        const LogBaseQuestionHold opened;
+        window->accept();
+    }
     recording_ = true;
     if (!window->isRunning()) {
         QObject::disconnect(*connection);

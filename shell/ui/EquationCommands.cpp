@@ -4,6 +4,7 @@
 #include <array>
 #include <memory>
 
+#include "engine/ui/LogBaseDialog.h"
 #include "equation/ui/EquationInformationDialog.h"
 #include "equation/ui/EquationSolutionsDialog.h"
 #include "graph2d/TwoDGraph.h"
@@ -103,7 +104,10 @@ bool EquationCommands::runUnrecorded(TwoVariableMode mode, std::function<void(bo
     (*connections)[1] =
         connect(window, &TwoVariableWindow::repaintRequested, this, [answer] { answer(false); });
     window->setHistoryPort(nullptr);
-    window->accept();
+    {
+        const LogBaseQuestionHold opened;
+        window->accept();
+    }
     window->setHistoryPort(history_);
     if (!window->isRunning()) {
         for (const QMetaObject::Connection& connection : *connections) {

@@ -6,6 +6,7 @@
 #include <QPointer>
 
 #include "engine/Formula.h"
+#include "engine/ui/LogBaseDialog.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
@@ -84,7 +85,10 @@ bool FunctionCommands::runUnrecorded(bool second, const std::string& formula,
         });
     run->setHistoryHooks({});
     run->open();
-    run->accept();
+    {
+        const LogBaseQuestionHold opened;
+        run->accept();
+    }
     if (history_ != nullptr) {
         connectHistory(*run);
     }

@@ -340,7 +340,7 @@ void TwoVariableWindow::accept() {
         formula_,
         {xBeginEdit_->text().toStdString(), xEndEdit_->text().toStdString(),
          yBeginEdit_->text().toStdString(), yEndEdit_->text().toStdString(), typed},
-        [this] { LogBaseDialog(formula_, this).exec(); });
+        [this] { askLogBase(formula_, this); });
     if (const auto& refusal = entries.refusal) {
         formula_.slots[kTwoVariableSlot] = previousSlot;
         QLineEdit* const boxes[] = {xBeginEdit_, xEndEdit_, yBeginEdit_, yEndEdit_, formulaEdit_};

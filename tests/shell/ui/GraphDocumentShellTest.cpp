@@ -6,6 +6,7 @@
 #include <QMimeData>
 #include <QtTest>
 
+#include "engine/ui/LogBaseDialog.h"
 #include "mathtools/ui/MathDialog.h"
 #include "parametric/ui/CurveWindow.h"
 #include "shell/ui/Application.h"
@@ -66,6 +67,16 @@ class GraphDocumentShellTest : public MainWindowFixture {
     }
     void eachKindOpensAsItWasSaved() {
         QFETCH(int, kind);
+        // The curve's formula holds log(: drawing it asks for the base, opening it must not.
+        int logQuestions = 0;
+        QTimer logAnswer;
+        logAnswer.callOnTimeout([&] {
+            if (auto* ask = qobject_cast<LogBaseDialog*>(QApplication::activeModalWidget())) {
+                ++logQuestions;
+                ask->accept();
+            }
+        });
+        logAnswer.start(5);
         openWindow({1000, 700});
         if (kind == 0) {
             QVERIFY(drawFunction(false, u"sin(x)/x*80"_s, u"-4*pi"_s, u"20"_s));
@@ -87,7 +98,7 @@ class GraphDocumentShellTest : public MainWindowFixture {
             action(40302)->trigger();
             auto* input = shown<CurveWindow>(u"Polar Curve"_s);
             QVERIFY(input != nullptr);
-            retype(*input, curve_ids::kFirstFormula, u"1+cos(t)"_s);
+            retype(*input, curve_ids::kFirstFormula, u"1+log(10)*cos(t)"_s);
             control<QPushButton>(*input, curve_ids::kOk)->click();
             QTRY_COMPARE_WITH_TIMEOUT(window->graphKind(), GraphKind::Curve, 20000);
             action(40005)->trigger();
@@ -104,6 +115,7 @@ class GraphDocumentShellTest : public MainWindowFixture {
         QVERIFY2(openInNewWindow(saved, &history), qPrintable(noRefusal.text));
         QCOMPARE(window->graphKind(), shownKind);
         QVERIFY(history.entries.empty());
+        QCOMPARE(logQuestions, kind == 3 ? 1 : 0);
         QVERIFY(picture() == before);
         QVERIFY(!window->isWindowModified());
         QCOMPARE(window->windowTitle(), u"kind%1.curvemill[*] - CURVEMILL"_s.arg(kind));
