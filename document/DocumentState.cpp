@@ -211,6 +211,7 @@ CurveSection captureCurve(const CurveGraph& curve, const GraphView& view,
     section.second = section.polar ? std::string() : curve.secondText;
     section.t = rangeTexts(curve.tBegin, curve.tEnd);
     section.points = curve.startPoints;
+    section.arrow = curve.arrow;
     section.view = captureFlatView(view, stretches);
     section.look = captureFlatLook(settings, view);
     return section;
@@ -224,6 +225,7 @@ void applyCurveEntries(const CurveSection& section, const DocumentValues& values
     curve.tBegin = values.xBegin;
     curve.tEnd = values.xEnd;
     curve.startPoints = section.points;
+    curve.arrow = section.arrow;
 }
 
 }  // namespace curvemill

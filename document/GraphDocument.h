@@ -132,6 +132,8 @@ struct CurveSection {
     std::string second;
     RangeTexts t;
     std::int32_t points = 100000;
+    // The small arrow at the start that shows which way t runs.
+    bool arrow = true;
     FlatViewState view;
     FlatLook look;
     friend bool operator==(const CurveSection&, const CurveSection&) = default;

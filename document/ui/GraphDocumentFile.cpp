@@ -123,6 +123,7 @@ void visitSection(V& v, CurveSection& s) {
     v.text("second", s.second);
     visitRange(v, "t", s.t);
     v.whole("points", s.points);
+    v.flag("arrow", s.arrow);
     visitView(v, s.view);
     visitLook(v, s.look);
 }

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include <QCheckBox>
 #include <QSpinBox>
 
 #include "engine/ui/LogBaseDialog.h"
@@ -82,7 +83,7 @@ void CurveCommands::openWindow(CurveForm form) {
     window->activateWindow();
 }
 
-bool CurveCommands::runUnrecorded(const CurveEntry& entry, int points,
+bool CurveCommands::runUnrecorded(const CurveEntry& entry, int points, bool arrow,
                                   std::function<void(bool)> ended) {
     openWindow(entry.form);
     CurveWindow* window = windows_[entry.form == CurveForm::Polar ? 1 : 0];
@@ -92,6 +93,9 @@ bool CurveCommands::runUnrecorded(const CurveEntry& entry, int points,
     window->setEntry(entry);
     if (auto* spin = window->findChild<QSpinBox*>(QString::number(curve_ids::kPointsSpin))) {
         spin->setValue(points / kPointsPerRunUnit);
+    }
+    if (auto* box = window->findChild<QCheckBox*>(QString::number(curve_ids::kArrow))) {
+        box->setChecked(arrow);
     }
     auto connection = std::make_shared<QMetaObject::Connection>();
     *connection = connect(window, &CurveWindow::runFinished, this, [connection, ended](bool drawn) {

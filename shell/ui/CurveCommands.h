@@ -43,7 +43,8 @@ class CurveCommands : public QObject {
     // The window of `entry`'s form filled with it and `points`, OK pressed without a history entry
     // (an opened document); `ended` gets whether the curve was drawn. False when the window
     // refused the entries or could not start (`ended` is then never called).
-    bool runUnrecorded(const CurveEntry& entry, int points, std::function<void(bool drawn)> ended);
+    bool runUnrecorded(const CurveEntry& entry, int points, bool arrow,
+                       std::function<void(bool drawn)> ended);
     void openMathDialog();
     void openInformation();
 

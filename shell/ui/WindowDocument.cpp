@@ -279,7 +279,7 @@ std::vector<WindowDocument::Step> WindowDocument::curveSteps(const GraphDocument
     steps.push_back([this, section](Next next) {
         const CurveEntry entry{section.polar ? CurveForm::Polar : CurveForm::Parametric,
                                section.first, section.second, section.t.begin, section.t.end};
-        if (!parts_.curves.runUnrecorded(entry, section.points, next)) {
+        if (!parts_.curves.runUnrecorded(entry, section.points, section.arrow, next)) {
             next(false);
         }
     });

@@ -30,7 +30,7 @@ TEST(CliDocuments, RenderDrawsWhatTheSavingCommandDrew) {
          "png"},
         {"surface x*y" + kRange, "png"},  // no Z limits: the step is a new figure's
         {"parametric sin(3*t) sin(2*t) --t-begin 0 --t-end 2*pi", "svg"},
-        {"polar sin(8*t) --t-begin -pi --t-end pi --points 20000", "png"},
+        {"polar sin(8*t) --t-begin -pi --t-end pi --points 20000 --no-arrow", "png"},
     };
     for (const auto& [line, extension] : cases) {
         SCOPED_TRACE(line);
