@@ -95,7 +95,8 @@ int writeCurveImage(const ImageTarget& target, const CurveGraph& graph, const Gr
 int writeSurfaceImage(const ImageTarget& target, SurfaceScene& scene, std::ostream& out) {
     const auto app = ensureGuiApplication();
     return writeImage(
-        target, [&scene](QPainter& painter, QSize pixels) { paintSurface(painter, scene, pixels); },
+        target,
+        [&scene](QPainter& painter, QSize pixels) { paintSurfacePicture(painter, scene, pixels); },
         out);
 }
 

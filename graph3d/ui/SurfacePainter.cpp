@@ -1,5 +1,6 @@
 #include "graph3d/ui/SurfacePainter.h"
 
+#include "graph2d/ui/GraphPens.h"
 #include "graph3d/PixelRaster.h"
 #include "graph3d/ui/GridBoxPainter.h"
 
@@ -244,6 +245,11 @@ void paintSurface(QPainter& painter, SurfaceScene& scene, QSize devicePixels) {
     painter.restore();
     paintGridBoxLines(painter, scene, placement, devicePixels, BoxPass::InFront);
     paintGridBoxLabels(painter, scene, placement, devicePixels);
+}
+
+void paintSurfacePicture(QPainter& painter, SurfaceScene& scene, QSize devicePixels) {
+    painter.fillRect(QRect(QPoint(0, 0), devicePixels), graph_colors::kBackground);
+    paintSurface(painter, scene, devicePixels);
 }
 
 }  // namespace curvemill

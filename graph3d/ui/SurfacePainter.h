@@ -18,6 +18,8 @@ namespace curvemill {
 // written directly (a redraw of 501 x 501 cells would otherwise spend most of its time in the
 // painter's set-up of each cell); other targets go through the painter.
 void paintSurface(QPainter& painter, SurfaceScene& scene, QSize devicePixels);
+// The surface as the program shows it, saves and prints it: on the graph's background.
+void paintSurfacePicture(QPainter& painter, SurfaceScene& scene, QSize devicePixels);
 
 // Hands cells to a QPainter that draws in device pixels; pens and brushes are made again only
 // when the colour changes. Exposed for painting in slices.

@@ -11,7 +11,6 @@
 #include "equation/ui/EquationPainter.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/ui/GraphPainter.h"
-#include "graph2d/ui/GraphPens.h"
 #include "graph3d/SurfaceDrawing.h"
 #include "graph3d/ui/SurfacePainter.h"
 #include "output/PointsCsv.h"
@@ -75,8 +74,7 @@ std::string curvePointsCsv(const CurveGraph& curve, const GraphView& view,
 
 GraphDrawing surfaceDrawing(SurfaceScene& scene) {
     return [&scene](QPainter& painter, QSize pixels, PictureExtent) {
-        painter.fillRect(QRect(QPoint(0, 0), pixels), graph_colors::kBackground);
-        paintSurface(painter, scene, pixels);
+        paintSurfacePicture(painter, scene, pixels);
     };
 }
 

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QMenu>
 #include <QMimeData>
+#include <QProcess>
 #include <QtTest>
 
 #include "engine/ui/LogBaseDialog.h"
@@ -117,6 +118,16 @@ class GraphDocumentShellTest : public MainWindowFixture {
         QVERIFY(history.entries.empty());
         QCOMPARE(logQuestions, kind == 3 ? 1 : 0);
         QVERIFY(picture() == before);
+#ifdef CURVEMILL_CLI_PATH
+        // The command line draws the document as the window shows it.
+        const QString rendered = file(u"rendered.png"_s);
+        QProcess cli;
+        cli.start(QStringLiteral(CURVEMILL_CLI_PATH),
+                  {u"render"_s, saved, u"-o"_s, rendered, u"--size"_s,
+                   u"%1x%2"_s.arg(before.width()).arg(before.height())});
+        QVERIFY(cli.waitForFinished(60000) && cli.exitCode() == 0);
+        QVERIFY(QImage(rendered).convertToFormat(before.format()) == before);
+#endif
         QVERIFY(!window->isWindowModified());
         QCOMPARE(window->windowTitle(), u"kind%1.curvemill[*] - CURVEMILL"_s.arg(kind));
         QVERIFY(documents().saveTo(file(u"again.curvemill"_s)));
