@@ -105,16 +105,7 @@ GraphView equationView(const ParsedArguments& arguments, const EquationCurve& cu
 // The document of the equation the command solved: its entries as typed and its view.
 GraphDocument equationDocument(const ParsedArguments& arguments, const EquationGrid& grid,
                                const std::string& typed, const GraphView& view) {
-    const auto text = [&arguments](const char* option) {
-        return arguments.value(option).value_or("");
-    };
-    TwoVariableSettings entries;
-    entries.xBegin = text("x-begin");
-    entries.xEnd = text("x-end");
-    entries.yBegin = text("y-begin");
-    entries.yEnd = text("y-end");
-    entries.formula = typed;
-    entries.kind = kEquationKindLetter;
+    TwoVariableSettings entries = typedTwoVariableEntry(arguments, typed, kEquationKindLetter);
     entries.equationXPoints = grid.xSteps;
     entries.equationYPoints = grid.ySteps;
     entries.precisionDigits = grid.precisionDigits;

@@ -133,16 +133,7 @@ void printVertices(const SurfaceGrid& grid, std::ostream& out) {
 // The document of the surface the command drew: its entries as typed, its look and angles.
 GraphDocument surfaceDocument(const ParsedArguments& arguments, const std::string& typed,
                               const SurfaceScene& scene, const RotationAngles& angles) {
-    const auto text = [&arguments](const char* option) {
-        return arguments.value(option).value_or("");
-    };
-    TwoVariableSettings entries;
-    entries.xBegin = text("x-begin");
-    entries.xEnd = text("x-end");
-    entries.yBegin = text("y-begin");
-    entries.yEnd = text("y-end");
-    entries.formula = typed;
-    entries.kind = kSurfaceKindLetter;
+    TwoVariableSettings entries = typedTwoVariableEntry(arguments, typed, kSurfaceKindLetter);
     entries.surfaceXPoints = scene.grid.requestedNx;
     entries.surfaceYPoints = scene.grid.requestedNy;
     GraphDocument document;

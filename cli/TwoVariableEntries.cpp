@@ -4,15 +4,28 @@
 
 namespace curvemill::cli {
 
+TwoVariableSettings typedTwoVariableEntry(const ParsedArguments& arguments,
+                                          const std::string& typed, char kind) {
+    const auto text = [&arguments](const char* option) {
+        return arguments.value(option).value_or("");
+    };
+    TwoVariableSettings entry;
+    entry.xBegin = text("x-begin");
+    entry.xEnd = text("x-end");
+    entry.yBegin = text("y-begin");
+    entry.yEnd = text("y-end");
+    entry.formula = typed;
+    entry.kind = kind;
+    return entry;
+}
+
 std::optional<std::string> readTwoVariableEntries(Formula& formula,
                                                   const ParsedArguments& arguments,
                                                   const std::string& typed,
                                                   TwoVariableRange& range) {
-    const auto text = [&arguments](const char* option) {
-        return arguments.value(option).value_or("");
-    };
-    const TwoVariableEntries entries = checkTwoVariableEntries(
-        formula, {text("x-begin"), text("x-end"), text("y-begin"), text("y-end"), typed});
+    const TwoVariableSettings e = typedTwoVariableEntry(arguments, typed, 0);
+    const TwoVariableEntries entries =
+        checkTwoVariableEntries(formula, {e.xBegin, e.xEnd, e.yBegin, e.yEnd, e.formula});
     if (entries.refusal) {
         return entries.refusal->message;
     }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/Arguments.h"
+#include "twovar/TwoVariableSettings.h"
 
 namespace curvemill {
 class Formula;
@@ -18,6 +19,11 @@ struct TwoVariableRange {
     double yBegin = 0;
     double yEnd = 0;
 };
+
+// The window's entry of `kind` as the command line typed it: the four range options (empty where
+// not given) and the formula.
+TwoVariableSettings typedTwoVariableEntry(const ParsedArguments& arguments,
+                                          const std::string& typed, char kind);
 
 // Reads --x-begin, --x-end, --y-begin, --y-end and the formula `typed` in the window's order and
 // prepares the formula; the window's message of the first refusal, or nothing.
