@@ -313,18 +313,18 @@ void MainWindow::bindWindowCommands() {
 }
 
 void MainWindow::bindKindCommands() {
-    const auto toShown = [this](void (ShownGraph::*tool)()) {
+    const auto toShown = [this](void (*tool)(ShownGraph&)) {
         return [this, tool] {
             if (shown_ != nullptr) {
-                (shown_->*tool)();
+                tool(*shown_);
                 refreshCommands();
             }
         };
     };
-    commands_->bind(Command::MathDialog, toShown(&ShownGraph::openMathDialog));
-    commands_->bind(Command::Information, toShown(&ShownGraph::openInformation));
-    commands_->bind(Command::DrawGrid, toShown(&ShownGraph::toggleGrid));
-    commands_->bind(Command::RestoreZoom, toShown(&ShownGraph::restoreZoom));
+    commands_->bind(Command::MathDialog, toShown([](ShownGraph& g) { g.openMathDialog(); }));
+    commands_->bind(Command::Information, toShown([](ShownGraph& g) { g.openInformation(); }));
+    commands_->bind(Command::DrawGrid, toShown([](ShownGraph& g) { g.toggleGrid(); }));
+    commands_->bind(Command::RestoreZoom, toShown([](ShownGraph& g) { g.restoreZoom(); }));
     commands_->bind(Command::ZoomInBoth, [this] {
         if (shown_ != nullptr) {
             shown_->zoomBoth(true);
