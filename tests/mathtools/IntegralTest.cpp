@@ -75,10 +75,13 @@ TEST(Integral, IndefiniteSamplesInsideOrBesideTheIntervalRefuseIt) {
     while (p[firstDefined].isIndefinite) {
         ++firstDefined;
     }
+    // Copied out: a packed record's field cannot be bound to a reference.
+    const double edge = p[firstDefined].x;
+    const double afterEdge = p[firstDefined + 1].x;
     SampledGraph hole("Sqr(x^2-0.25)", -1, 1);
     const std::tuple<SampledGraph*, double, double, bool> cases[] = {
-        {&root, p[firstDefined].x, 1, false},  // the sample before it has no value
-        {&root, (p[firstDefined].x + p[firstDefined + 1].x) / 2, 1, true},
+        {&root, edge, 1, false},  // the sample before it has no value
+        {&root, (edge + afterEdge) / 2, 1, true},
         {&hole, -1, 1, false},
         {&hole, 0.6, 1, true},
         {&hole, -1, -0.6, true},
