@@ -224,6 +224,13 @@ void DocumentCommands::setModified(bool modified) {
     window_.setWindowModified(modified);
 }
 
+void DocumentCommands::forget() {
+    path_.clear();
+    saved_.clear();
+    modified_ = false;
+    updateTitle();
+}
+
 void DocumentCommands::updateTitle() {
     window_.setWindowTitle(
         path_.isEmpty() ? kCaption

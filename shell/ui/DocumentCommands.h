@@ -63,6 +63,9 @@ class DocumentCommands : public QObject {
     bool mayDiscard();
     // Compares what is on screen with the document again, soon and once for any number of calls.
     void scheduleCheck();
+    // The graph left the screen (the title page): the window no longer shows the document, so it
+    // no longer bears its name. The file stays as last saved.
+    void forget();
     // Every repaint of `canvas` may show a changed graph (a scroll, a drag): each schedules a
     // check.
     void watch(QWidget& canvas);

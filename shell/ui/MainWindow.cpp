@@ -359,6 +359,9 @@ void MainWindow::returnToTitlePage() {
     setKind(GraphKind::TitlePage);
     pages_->setCurrentWidget(titlePage_);
     status_->setText(QStringLiteral("Ready"));
+    if (documents_ != nullptr) {
+        documents_->forget();
+    }
     refreshCommands();
     Q_EMIT titlePageShown();
 }

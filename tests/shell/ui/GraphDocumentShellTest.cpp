@@ -214,6 +214,8 @@ class GraphDocumentShellTest : public MainWindowFixture {
         QApplication::sendEvent(window.get(), &drop);
         QVERIFY(shown.wait(20000));
         QCOMPARE(window->windowTitle(), u"recent.curvemill[*] - CURVEMILL"_s);
+        action(40110)->trigger();  // back to the title page: the document's name goes
+        QCOMPARE(window->windowTitle(), u"CURVEMILL"_s);
 
         QCOMPARE(documentArgument({u"curvemill"_s, u"-style"_s, u"a.curvemill"_s}),
                  u"a.curvemill"_s);
