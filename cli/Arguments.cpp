@@ -140,6 +140,7 @@ std::optional<long> plainInteger(std::string_view text) {
 }
 
 std::string usageText(const CommandSyntax& syntax) {
+    constexpr std::size_t kHelpColumn = 22;
     std::string text = "usage: curvemill-cli " + syntax.command;
     if (!syntax.options.empty()) {
         text += " [options]";
@@ -150,8 +151,16 @@ std::string usageText(const CommandSyntax& syntax) {
         if (!option.valueName.empty()) {
             left += " " + option.valueName;
         }
-        left.resize(std::max<std::size_t>(left.size() + 2, 22), ' ');
-        text += left + option.help + "\n";
+        left.resize(std::max<std::size_t>(left.size() + 2, kHelpColumn), ' ');
+        text += left;
+        // A help of several lines continues under its first line, not at the margin.
+        for (const char c : option.help) {
+            text += c;
+            if (c == '\n') {
+                text.append(kHelpColumn, ' ');
+            }
+        }
+        text += "\n";
     }
     text += "  --help              show this text\n";
     if (!syntax.details.empty()) {

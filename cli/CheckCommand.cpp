@@ -40,7 +40,7 @@ Command checkCommand() {
              1,
              {{"mode", "M",
                "f (function of x, default), F (second function), n (number box),\n"
-               "                      e (formula in x and y)"},
+               "e (formula in x and y)"},
               {"lenient", "", "leave bracket pairing and empty brackets unchecked"}},
              "Exit status: 0 accepted, 1 refused, 2 wrong command line.\n"},
             runCheck};

@@ -42,17 +42,19 @@ CommandSyntax curveSyntax(CurveForm form) {
         {{"t-begin", "A", "T Begin, read like the window's box (e.g. -pi)"},
          {"t-end", "B", "T End, read like the window's box (e.g. 2*pi)"},
          {"points", "N",
-          "starting values of t: a multiple of 10000 from 10000 to 400000 (default 100000);\n"
-          "steps where the curve bends are halved until it is straight"},
+          "starting values of t: a multiple of 10000 from 10000 to 400000\n"
+          "(default 100000); steps where the curve bends are halved until\n"
+          "it is straight"},
          {"csv", "", "print the records instead of drawing"},
          {"summary", "", "print 'pointCount N', 'box XMIN XMAX YMIN YMAX' and 'breaks N'"},
          {"no-arrow", "", "leave out the arrow at the start"},
          imageSizeOption(),
          {"depth", "24|8", "bits per pixel of a .bmp file (default 24)"},
          {"output", "FILE",
-          "the image file to write (also -o FILE; - is stdout, as PNG); .png, .bmp, .svg, .pdf"},
+          "the image file to write (also -o FILE; - is stdout, as PNG);\n"
+          ".png, .bmp, .svg or .pdf"},
          saveGraphOption()},
-        "One of -o FILE, --csv and --summary is required, or --save-graph alone. A file is "
+        "One of -o FILE, --csv and --summary is required, or --save-graph alone. A file is\n"
         "replaced atomically.\n"
         "Exit status: 0 done, 1 an entry refused (the window's message is printed) or the file\n"
         "could not be written, 2 wrong command line.\n",

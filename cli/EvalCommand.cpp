@@ -82,7 +82,7 @@ Command evalCommand() {
              3,
              {{"mode", "M",
                "f (function of x; the default without Y) or e (formula in x and y;\n"
-               "                      the default with Y)"},
+               "the default with Y)"},
               {"log-base", "B", "base of log( (default 10), as in the Log Base dialog"}},
              "As in the program's boxes, X and Y take no exponent notation: write 100000, not\n"
              "1e5. A formula that begins with '-' needs -- before it (X and Y after it do not).\n\n"

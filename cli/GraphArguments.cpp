@@ -23,7 +23,7 @@ std::vector<OptionSpec> graphOptions() {
             {"x-end", "B", "X End, read the same way"},
             {"points", "N",
              "regular samples: a multiple of 10000 from 10000 to 400000\n"
-             "                      (default 100000)"}};
+             "(default 100000)"}};
 }
 
 std::optional<int> pointsArgument(const std::optional<std::string>& value, UsageErrors& usage) {

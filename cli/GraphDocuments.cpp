@@ -34,8 +34,8 @@ namespace curvemill::cli {
 OptionSpec saveGraphOption() {
     return {"save-graph", "DOC",
             "also write the graph document of what was drawn (open it in the\n"
-            "                      program, or draw it again with 'curvemill-cli render');\n"
-            "                      --no-smooth and --squares are not kept"};
+            "program, or draw it again with 'curvemill-cli render');\n"
+            "--no-smooth and --squares are not kept"};
 }
 
 bool acceptSavedGraph(const GraphDocument& document, UsageErrors& usage) {

@@ -19,8 +19,8 @@ constexpr int kLargestSide = 16384;
 OptionSpec imageSizeOption() {
     return {"size", "WxH",
             "image size in pixels, each side 200 to 16384 (default 1024x768);\n"
-            "                      drawing takes 4 bytes of memory a pixel, 7 for a .bmp\n"
-            "                      (16384x16384: 1.1 GB, as a .bmp 1.9 GB)"};
+            "drawing takes 4 bytes of memory a pixel, 7 for a .bmp\n"
+            "(16384x16384: 1.1 GB, as a .bmp 1.9 GB)"};
 }
 
 bool readImageSize(const std::optional<std::string>& value, int& width, int& height,

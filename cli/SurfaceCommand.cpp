@@ -44,12 +44,13 @@ CommandSyntax coreSurfaceSyntax() {
          {"scheme", "S", "colour scheme r, g, b, c, m, y, 1 (grey) or o (own colour)"},
          {"rotate", "A,B,C", "turn the figure by A, B and C degrees about x, y and z"},
          {"view", "H,V",
-          "viewer location: horizontal 1 to 20 (default 5), vertical -20 to 20 (default 3)"},
+          "viewer location: horizontal 1 to 20 (default 5),\n"
+          "vertical -20 to 20 (default 3)"},
          imageSizeOption(),
          {"depth", "24|8", "bits per pixel of a .bmp file (default 24)"},
          {"output", "FILE", "the image file to write (also -o FILE; - is stdout, as PNG)"},
          {"summary", "",
-          "print zMin, zMax, zLow, zHigh, zLimits, zLimitStep, steps and "
+          "print zMin, zMax, zLow, zHigh, zLimits, zLimitStep, steps and\n"
           "indefinite, one per line"},
          {"vertices", "", "print every vertex as CSV i,j,x,y,z,zShown,indefinite"},
          saveGraphOption()},

@@ -30,7 +30,8 @@ std::optional<double> plainNumber(const std::string& text) {
 std::vector<OptionSpec> surfaceLookOptions() {
     return {{"grid", "", "draw the box with grid lines and values around the figure"},
             {"light", "X,Y,Z",
-             "light vector, each component -1 to 1, not all 0 (default -1,-(D-C)/(B-A),0)"},
+             "light vector, each component -1 to 1, not all 0\n"
+             "(default -1,-(D-C)/(B-A),0)"},
             {"fog", "N", "fog intensity 0 to 10 (default 5)"},
             {"ambient", "N", "ambient light 0 to 10, in tens of brightness (default 5)"},
             {"shiny", "S", "shiny surface with specular share S, 0 to 1 (default off)"}};
