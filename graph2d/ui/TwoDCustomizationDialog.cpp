@@ -48,9 +48,9 @@ TwoDCustomizationDialog::TwoDCustomizationDialog(const TwoDGraph& graph, TwoDSet
 
     auto* buttons = new QDialogButtonBox(
         QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help, this);
-    buttons->button(QDialogButtonBox::Ok)->setObjectName(idName(1));
-    buttons->button(QDialogButtonBox::Cancel)->setObjectName(idName(2));
-    buttons->button(QDialogButtonBox::Help)->setObjectName(idName(9));
+    buttons->button(QDialogButtonBox::Ok)->setObjectName(idName(ids::kOk));
+    buttons->button(QDialogButtonBox::Cancel)->setObjectName(idName(ids::kCancel));
+    buttons->button(QDialogButtonBox::Help)->setObjectName(idName(ids::kHelp));
     // "&Optimize Drawing" holds the O.
     buttons->button(QDialogButtonBox::Ok)->setText(QStringLiteral("O&K"));
     buttons->button(QDialogButtonBox::Cancel)->setText(QStringLiteral("&Cancel"));

@@ -38,6 +38,9 @@ inline constexpr int kResetOrder = 1109;
 inline constexpr int kOptimizeDrawing = 1034;
 inline constexpr int kDisplayTooltips = 1101;
 inline constexpr int kDisplayToolbar = 1116;
+inline constexpr int kOk = 1;
+inline constexpr int kCancel = 2;
+inline constexpr int kHelp = 9;
 }  // namespace customization_ids
 
 class TwoDCustomizationDialog : public QDialog, public FailureScope {
