@@ -1,12 +1,16 @@
 #include "files/SafeFileWriter.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <atomic>
 #include <cerrno>
+#include <chrono>
+#include <mutex>
 #include <random>
+#include <set>
 #include <system_error>
 
 namespace curvemill {
@@ -89,6 +93,53 @@ int createTemporary(const fs::path& file, fs::path& name) {
     return -1;
 }
 
+// The writer's process id from a temporary file's name, or 0 for a name that is not one.
+pid_t temporaryOwner(const std::string& name) {
+    constexpr std::string_view kPrefix = ".curvemill-";
+    if (name.rfind(kPrefix, 0) != 0 || name.size() < 4 ||
+        name.compare(name.size() - 4, 4, ".tmp")) {
+        return 0;
+    }
+    pid_t pid = 0;
+    for (std::size_t i = kPrefix.size(); i < name.size() && name[i] != '-'; ++i) {
+        if (name[i] < '0' || name[i] > '9' || pid > 100000000) {
+            return 0;
+        }
+        pid = pid * 10 + (name[i] - '0');
+    }
+    return pid;
+}
+
+// A save killed between its write and its rename leaves its temporary file behind. Removed here
+// are only our own user's, of a writer that no longer runs, and old enough that no save of
+// another machine sharing the folder (whose process ids mean nothing here) can still be under
+// way. Once per folder and process: a save should not cost a folder scan every time.
+void removeOrphans(const fs::path& folder) {
+    static std::mutex mutex;
+    static std::set<fs::path> swept;
+    {
+        const std::lock_guard lock(mutex);
+        if (!swept.insert(folder).second) {
+            return;
+        }
+    }
+    const auto oldest = std::chrono::system_clock::now() - std::chrono::minutes(10);
+    std::error_code code;
+    for (fs::directory_iterator it(folder.empty() ? fs::path(".") : folder, code), end;
+         !code && it != end; it.increment(code)) {
+        const pid_t pid = temporaryOwner(it->path().filename().string());
+        if (pid <= 0 || pid == ::getpid() || ::kill(pid, 0) == 0 || errno != ESRCH) {
+            continue;
+        }
+        struct stat info {};
+        if (::lstat(it->path().c_str(), &info) == 0 && S_ISREG(info.st_mode) &&
+            info.st_uid == ::geteuid() &&
+            std::chrono::system_clock::from_time_t(info.st_mtime) < oldest) {
+            ::unlink(it->path().c_str());
+        }
+    }
+}
+
 struct Attempt {
     enum { Written, NoRoom, Failed } outcome;
     int error = 0;
@@ -133,6 +184,7 @@ Attempt replaceBeside(const fs::path& file, std::string_view content, const Writ
         return {Attempt::NoRoom, error};
     }
     syncDirectory(file.parent_path());
+    removeOrphans(file.parent_path());
     return {Attempt::Written, 0};
 }
 

@@ -32,7 +32,8 @@ struct WriteOptions {
 // through, since a rename would replace it by a regular file; a folder then fails with its reason.
 // A file that this process may neither write nor, as its owner, make writable (another user's
 // read-only file) is not replaced. Returns why the content was not stored (the system's words),
-// or nothing; on a failure the old file is as it was.
+// or nothing; on a failure the old file is as it was. The first save into a folder also clears
+// what earlier saves killed before their rename left there (see removeOrphans).
 std::optional<std::string> writeFileSafely(const std::filesystem::path& target,
                                            std::string_view content,
                                            const WriteOptions& options = {});

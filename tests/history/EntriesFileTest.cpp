@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <fstream>
 #include <functional>
 #include <optional>
@@ -330,12 +331,29 @@ TEST(EntriesFileTest, AFailedSaveSaysWhyAndTemporaryNamesAreNotShared) {
         EXPECT_EQ(folder ? "" : dir.read("Graph.dat"), folder ? "" : kOld);
         EXPECT_EQ(fileCount(dir.path()), 1);  // no temporary left
     }
+    // A save killed before its rename left its temporary file: that one goes once it is old and
+    // its writer is gone; a running writer's, or a fresh one, may still be renamed.
+    const pid_t gone = fork();
+    if (gone == 0) {
+        _exit(0);
+    }
+    ::waitpid(gone, nullptr, 0);
+    const auto temporary = [](pid_t pid, int serial = 0) {
+        return ".curvemill-" + std::to_string(pid) + "-" + std::to_string(serial) + "-1.tmp";
+    };
     TempDirectory dir;
     dir.write("Graph.dat.tmp", "another save's half");
+    for (const pid_t pid : {gone, ::getppid()}) {
+        dir.write(temporary(pid), "killed save");
+        fs::last_write_time(dir.path() / temporary(pid),
+                            fs::file_time_type::clock::now() - std::chrono::hours(1));
+    }
+    dir.write(temporary(gone, 1), "a save under way elsewhere");
     HistoryStore store = storeWithNewEntries();
     EXPECT_EQ(saveEntries(store, kSaveOnCommand, {}, dir.path()).outcome, SaveOutcome::Saved);
     EXPECT_EQ(dir.read("Graph.dat.tmp"), "another save's half");
-    EXPECT_EQ(fileCount(dir.path()), 2);  // no temporary left of ours
+    EXPECT_FALSE(fs::exists(dir.path() / temporary(gone)));
+    EXPECT_EQ(fileCount(dir.path()), 4);  // and no temporary left of ours
 }
 
 // The starter history loads whole (writing what was read gives the file back), and the seed that
