@@ -17,9 +17,10 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION math)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Plug-ins Qt loads by name: the help window's database driver; the fonts the graphs are drawn
-# with (metric-compatible stand-ins for the fonts the drawing is measured for).
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6sql6-sqlite, fonts-liberation")
+# Plug-ins Qt loads by name: the help window's database driver, the SVG icon engine that draws
+# the toolbar; the fonts the graphs are drawn with (metric-compatible stand-ins for the fonts the
+# drawing is measured for).
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6sql6-sqlite, libqt6svg6, fonts-liberation")
 # The browser for the product's web page is started through xdg-open.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, fonts-dejavu-core")
 

@@ -4,7 +4,8 @@ set -euo pipefail
 
 packages=(
     build-essential cmake
-    qt6-base-dev qt6-svg-dev libgl-dev
+    # libqt6svg6 holds the SVG icon engine the toolbar is drawn with
+    qt6-base-dev qt6-svg-dev libqt6svg6 libgl-dev
     qt6-tools-dev qt6-tools-dev-tools libqt6sql6-sqlite
     # the validators of the installed tree; `file` lets cpack find the .deb's dependencies
     desktop-file-utils appstream file

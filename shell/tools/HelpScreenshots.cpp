@@ -14,7 +14,9 @@
 #include "failure/ui/QtFailurePlatform.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
+#include "graph2d/ui/FontSubstitutes.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
+#include "graph3d/SurfaceScene.h"
 #include "history/HistoryStore.h"
 #include "history/ui/HistoryService.h"
 #include "history/ui/HistoryWindow.h"
@@ -46,16 +48,19 @@ int main(int argc, char* argv[]) {
     }
     QApplication qt(argc, argv);
     using namespace curvemill;
+    // The fonts the program itself draws with.
+    installFontSubstitutes();
     const QDir out(QString::fromLocal8Bit(argv[1]));
     Formula formula;
     TwoDGraph graph;
     GraphView view;
+    SurfaceScene surface;
     QtFailurePlatform platform;
     RestartingFailureReporter reporter(platform);
     Worker worker(reporter);
     HistoryStore store;
     HistoryService history(store, reporter, argv[2]);
-    MainWindow window(MainWindowParts{formula, graph, view, reporter, worker});
+    MainWindow window(MainWindowParts{formula, graph, view, reporter, worker, surface});
     history.setDialogParent(&window);
     window.setHistoryPort(&history);
     window.resize(720, 480);
