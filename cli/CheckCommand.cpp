@@ -8,7 +8,7 @@ namespace curvemill::cli {
 namespace {
 
 int runCheck(const ParsedArguments& arguments, std::ostream& out, UsageErrors& usage) {
-    const auto mode = modeArgument(arguments.value("mode"), "fFne", kModeFunction, usage);
+    const auto mode = modeArgument(arguments.value("mode"), "fFne", FormulaMode::Function, usage);
     if (!mode) {
         return kExitUsage;
     }

@@ -16,7 +16,7 @@ int runEval(const ParsedArguments& arguments, std::ostream& out, UsageErrors& us
     const auto& positionals = arguments.positionals;
     const bool hasY = positionals.size() == 3;
     const auto mode = modeArgument(arguments.value("mode"), "fe",
-                                   hasY ? kModeTwoVariables : kModeFunction, usage);
+                                   hasY ? FormulaMode::TwoVariables : FormulaMode::Function, usage);
     if (!mode) {
         return kExitUsage;
     }

@@ -1,18 +1,34 @@
 #include "cli/FormulaArguments.h"
 
+#include <utility>
+
 #include "cli/Command.h"
 #include "cli/Printable.h"
 #include "engine/FormulaCheck.h"
 
 namespace curvemill::cli {
+namespace {
 
-std::optional<char> modeArgument(const std::optional<std::string>& value, std::string_view allowed,
-                                 char fallback, UsageErrors& usage) {
+// The letters --mode takes, one a mode.
+constexpr std::pair<char, FormulaMode> kModeLetters[] = {{'f', FormulaMode::Function},
+                                                         {'F', FormulaMode::SecondFunction},
+                                                         {'n', FormulaMode::Number},
+                                                         {'e', FormulaMode::TwoVariables}};
+
+}  // namespace
+
+std::optional<FormulaMode> modeArgument(const std::optional<std::string>& value,
+                                        std::string_view allowed, FormulaMode fallback,
+                                        UsageErrors& usage) {
     if (!value) {
         return fallback;
     }
     if (value->size() == 1 && allowed.find((*value)[0]) != std::string_view::npos) {
-        return (*value)[0];
+        for (const auto& [letter, mode] : kModeLetters) {
+            if (letter == (*value)[0]) {
+                return mode;
+            }
+        }
     }
     std::ostream& err = usage.report()
                         << "invalid --mode " << quoted(*value) << " (expected one of";

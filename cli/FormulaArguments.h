@@ -7,13 +7,16 @@
 #include <string_view>
 
 #include "cli/Arguments.h"
+#include "engine/FormulaCheck.h"
 
 namespace curvemill::cli {
 
-// The mode letter of a --mode value among `allowed` (`fallback` when the option is absent), or
-// nothing after telling `usage`.
-std::optional<char> modeArgument(const std::optional<std::string>& value, std::string_view allowed,
-                                 char fallback, UsageErrors& usage);
+// The check mode of a --mode value, one of the letters `allowed` (f function, F second function,
+// n number box, e formula in x and y; `fallback` when the option is absent), or nothing after
+// telling `usage`.
+std::optional<FormulaMode> modeArgument(const std::optional<std::string>& value,
+                                        std::string_view allowed, FormulaMode fallback,
+                                        UsageErrors& usage);
 
 // Whether a box's reader removes blanks before it looks at the text (the Log Base dialog does not).
 enum class Blanks { Removed, Kept };

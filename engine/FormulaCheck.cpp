@@ -221,20 +221,21 @@ void removeBlanks(std::string& text) {
     std::erase(text, ' ');
 }
 
-int slotForMode(char mode) {
+int slotForMode(FormulaMode mode) {
     switch (mode) {
-        case kModeSecondFunction:
-            return kSecondFunctionSlot;
-        case kModeNumber:
-            return kNumberSlot;
-        case kModeTwoVariables:
-            return kTwoVariableSlot;
-        default:
+        case FormulaMode::Function:
             return kFunctionSlot;
+        case FormulaMode::SecondFunction:
+            return kSecondFunctionSlot;
+        case FormulaMode::Number:
+            return kNumberSlot;
+        case FormulaMode::TwoVariables:
+            return kTwoVariableSlot;
     }
+    return kFunctionSlot;  // only a value cast from outside the enum gets here
 }
 
-bool checkFormula(Formula& formula, std::string& text, char mode, bool lenient) {
+bool checkFormula(Formula& formula, std::string& text, FormulaMode mode, bool lenient) {
     auto fail = [&formula](const char* message) {
         formula.errorText = message;
         return false;
@@ -247,7 +248,7 @@ bool checkFormula(Formula& formula, std::string& text, char mode, bool lenient) 
 
     // In two variables only one letter is checked; the ordinals bring the y's back at the end.
     std::vector<int> yOrdinals;
-    if (mode == kModeTwoVariables) {
+    if (mode == FormulaMode::TwoVariables) {
         int ordinal = 0;
         for (char& c : text) {
             if (c == 'y') {
@@ -259,7 +260,7 @@ bool checkFormula(Formula& formula, std::string& text, char mode, bool lenient) 
             }
         }
     }
-    if (mode == kModeNumber) {
+    if (mode == FormulaMode::Number) {
         if (const char* problem = constantProblem(text)) {
             return fail(problem);
         }

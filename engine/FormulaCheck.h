@@ -7,11 +7,9 @@ namespace curvemill {
 
 class Formula;
 
-// Check modes: the function of x, the second function, a number box, a formula in x and y.
-inline constexpr char kModeFunction = 'f';
-inline constexpr char kModeSecondFunction = 'F';
-inline constexpr char kModeNumber = 'n';
-inline constexpr char kModeTwoVariables = 'e';
+// How a text is checked: as the function of x, the second function, a number box, or a formula in
+// x and y. Each mode has a slot of its own (slotForMode).
+enum class FormulaMode { Function, SecondFunction, Number, TwoVariables };
 
 // Messages of the check, letter for letter.
 inline constexpr const char* kMsgBoxIsEmpty = "BOX IS EMPTY";
@@ -30,9 +28,9 @@ void removeBlanks(std::string& text);
 // the encoded text is copied into the mode's slot and true is returned; on failure
 // formula.errorText holds the message (left as it was for a text that begins with '!') and no slot
 // changes.
-bool checkFormula(Formula& formula, std::string& text, char mode, bool lenient);
+bool checkFormula(Formula& formula, std::string& text, FormulaMode mode, bool lenient);
 
 // Slot index that a successful check in `mode` stores into.
-int slotForMode(char mode);
+int slotForMode(FormulaMode mode);
 
 }  // namespace curvemill

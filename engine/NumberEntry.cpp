@@ -15,7 +15,7 @@ bool checkBox(Formula& formula, std::string_view text, std::string_view boxName,
               NumberReading& reading) {
     std::string copy(text.substr(0, kBoxCharacters));
     removeBlanks(copy);
-    if (!checkFormula(formula, copy, kModeNumber, false)) {
+    if (!checkFormula(formula, copy, FormulaMode::Number, false)) {
         reading.message = composeBoxError(boxName, formula.errorText);
         return false;
     }

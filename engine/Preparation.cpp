@@ -6,7 +6,7 @@
 
 namespace curvemill {
 
-bool prepareFormula(Formula& formula, const std::string& typed, char mode, bool lenient) {
+bool prepareFormula(Formula& formula, const std::string& typed, FormulaMode mode, bool lenient) {
     std::string text = typed;
     removeBlanks(text);
     if (!checkFormula(formula, text, mode, lenient)) {

@@ -42,7 +42,8 @@ GraphEntries checkGraphEntries(Formula& formula, NumberBox& xBegin, NumberBox& x
     formula.errorText.clear();
     // Checked strictly: a text the lenient check lets through (an open bracket) would reach the
     // history, and the history must hold only what it can read back.
-    if (!prepareFormula(formula, typed, mainFormula ? kModeSecondFunction : kModeFunction)) {
+    if (!prepareFormula(formula, typed,
+                        mainFormula ? FormulaMode::SecondFunction : FormulaMode::Function)) {
         return refuse(composeBoxError("FORMULA", formula.errorText), GraphEntryBox::kFormula, true);
     }
     entries.xBegin = begin.value;

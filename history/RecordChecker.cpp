@@ -42,12 +42,12 @@ bool RecordChecker::accepts(const HistoryEntry& entry) {
     if (!rangeIsValid(entry.xBegin, entry.xEnd)) {
         return false;
     }
-    char mode = kModeFunction;
+    FormulaMode mode = FormulaMode::Function;
     if (entry.yBegin != kNoRange || entry.yEnd != kNoRange) {
         if (!rangeIsValid(entry.yBegin, entry.yEnd)) {
             return false;
         }
-        mode = kModeTwoVariables;
+        mode = FormulaMode::TwoVariables;
     }
     std::string text = entry.formula;
     return checkFormula(*formula_, text, mode, false);

@@ -32,11 +32,11 @@ CurveEntries checkCurveEntries(Formula& formula, CurveForm form, NumberBox& tBeg
         askLogBase();
     }
     formula.errorText.clear();
-    if (!prepareParameterFormula(formula, first, kModeFunction)) {
+    if (!prepareParameterFormula(formula, first, FormulaMode::Function)) {
         return refuse(composeBoxError(parametric ? kXOfTBoxName : kROfTBoxName, formula.errorText),
                       CurveEntryBox::kFirstFormula, true);
     }
-    if (parametric && !prepareParameterFormula(formula, second, kModeSecondFunction)) {
+    if (parametric && !prepareParameterFormula(formula, second, FormulaMode::SecondFunction)) {
         return refuse(composeBoxError(kYOfTBoxName, formula.errorText),
                       CurveEntryBox::kSecondFormula, true);
     }

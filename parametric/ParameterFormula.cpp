@@ -56,7 +56,7 @@ std::string inX(const std::string& typed) {
 
 }  // namespace
 
-bool prepareParameterFormula(Formula& formula, const std::string& typed, char mode) {
+bool prepareParameterFormula(Formula& formula, const std::string& typed, FormulaMode mode) {
     std::string text = typed;
     removeBlanks(text);
     return prepareFormula(formula, inX(text), mode);

@@ -43,7 +43,7 @@ TwoVariableEntries checkTwoVariableEntries(Formula& formula, const TwoVariableTe
     }
     formula.errorText.clear();
     // Checked strictly, as every dialog checks: the history must hold only what it can read back.
-    if (!prepareFormula(formula, texts.formula, kModeTwoVariables)) {
+    if (!prepareFormula(formula, texts.formula, FormulaMode::TwoVariables)) {
         entries.refusal = TwoVariableRefusal{composeBoxError("FORMULA", formula.errorText),
                                              TwoVariableBox::kFormula, true};
     }

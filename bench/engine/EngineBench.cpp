@@ -113,7 +113,8 @@ struct Sweep {
 
 void benchOurs(benchmark::State& state, const BenchFormula& f) {
     Formula formula;
-    const char mode = f.twoVariables ? curvemill::kModeTwoVariables : curvemill::kModeFunction;
+    const curvemill::FormulaMode mode =
+        f.twoVariables ? curvemill::FormulaMode::TwoVariables : curvemill::FormulaMode::Function;
     if (!curvemill::prepareFormula(formula, f.typed, mode)) {
         state.SkipWithError(formula.errorText.c_str());
         return;

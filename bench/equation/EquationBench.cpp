@@ -25,7 +25,7 @@ constexpr Case kCases[] = {
 void BM_Solve(benchmark::State& bench) {
     const Case& c = kCases[bench.range(0)];
     Formula formula;
-    prepareFormula(formula, c.equation, 'e');
+    prepareFormula(formula, c.equation, FormulaMode::TwoVariables);
     const EquationGrid grid{-c.half, c.half, -c.half, c.half, 500, 500, 5};
     const std::atomic<bool> running{true};
     EquationWork work;
@@ -44,7 +44,7 @@ BENCHMARK(BM_Solve)->DenseRange(0, 2)->Unit(benchmark::kMillisecond);
 // The dots of the densest case as pixels of a full-screen view: what every repaint computes.
 void BM_SolutionPixels(benchmark::State& bench) {
     Formula formula;
-    prepareFormula(formula, "sin(x)*cos(y)-0.2", 'e');
+    prepareFormula(formula, "sin(x)*cos(y)-0.2", FormulaMode::TwoVariables);
     const std::atomic<bool> running{true};
     EquationWork work;
     EquationCurve curve;

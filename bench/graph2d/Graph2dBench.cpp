@@ -30,7 +30,7 @@ constexpr Case kCases[] = {
 constexpr int kPoints = 400000;
 
 void prepare(Formula& formula, TwoDGraph& graph, const Case& c) {
-    prepareFormula(formula, c.formula, 'f');
+    prepareFormula(formula, c.formula, FormulaMode::Function);
     graph.xBegin = c.xBegin;
     graph.xEnd = c.xEnd;
     graph.pointsPerRun = kPoints;

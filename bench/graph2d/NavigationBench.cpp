@@ -29,7 +29,7 @@ const Sampled& sampled() {
     static const Sampled s = [] {
         Sampled result;
         Formula formula;
-        prepareFormula(formula, "sin(x)/x*80", 'f');
+        prepareFormula(formula, "sin(x)/x*80", FormulaMode::Function);
         result.graph.xBegin = -20;
         result.graph.xEnd = 20;
         result.graph.pointsPerRun = 400000;

@@ -33,7 +33,7 @@ constexpr Case kCases[] = {{"sin(x)*cos(y)", -3, 3}, {"x^2+y^2", -1, 1}};
 
 std::unique_ptr<SurfaceScene> computed(const Case& c, int intervals, Formula& formula) {
     auto scene = std::make_unique<SurfaceScene>();
-    prepareFormula(formula, c.formula, kModeTwoVariables);
+    prepareFormula(formula, c.formula, FormulaMode::TwoVariables);
     SurfaceGrid& grid = scene->grid;
     grid.xBegin = grid.yBegin = c.low;
     grid.xEnd = grid.yEnd = c.high;
@@ -50,7 +50,7 @@ void BM_Compute(benchmark::State& state) {
     const Case& c = kCases[state.range(0)];
     const int intervals = static_cast<int>(state.range(1));
     Formula formula;
-    prepareFormula(formula, c.formula, kModeTwoVariables);
+    prepareFormula(formula, c.formula, FormulaMode::TwoVariables);
     SurfaceGrid grid;
     grid.xBegin = grid.yBegin = c.low;
     grid.xEnd = grid.yEnd = c.high;

@@ -21,7 +21,7 @@ struct IntegralSetup {
     IntegralState state;
 
     IntegralSetup() {
-        prepareFormula(formula, "sin(x)/x*80", 'f');
+        prepareFormula(formula, "sin(x)/x*80", FormulaMode::Function);
         graph.xBegin = -10.0;
         graph.xEnd = 10.0;
         graph.pointsPerRun = kPoints;
@@ -61,7 +61,7 @@ void BM_IntegralCurve(benchmark::State& bench) {
 
 void BM_FindRoots(benchmark::State& bench) {
     Formula formula;
-    prepareFormula(formula, "x*x-y", 'e');
+    prepareFormula(formula, "x*x-y", FormulaMode::TwoVariables);
     std::size_t found = 0;
     for (auto _ : bench) {
         const RootScanResult r = findRoots(formula, RootKind::kX, 4.0, {-5, 5, -5, 5}, {},

@@ -32,7 +32,7 @@ struct Scene {
     QImage image;
 
     Scene() {
-        prepareFormula(formula, "sin(x)/x*80", 'f');
+        prepareFormula(formula, "sin(x)/x*80", FormulaMode::Function);
         graph.xBegin = -20.0;
         graph.xEnd = 20.0;
         graph.mainFormulaText = "sin(x)/x*80";

@@ -24,9 +24,9 @@ namespace {
 
 void sampleBench(benchmark::State& state, const char* first, const char* second) {
     Formula formula;
-    prepareParameterFormula(formula, first, kModeFunction);
+    prepareParameterFormula(formula, first, FormulaMode::Function);
     if (second != nullptr) {
-        prepareParameterFormula(formula, second, kModeSecondFunction);
+        prepareParameterFormula(formula, second, FormulaMode::SecondFunction);
     }
     const CurveAt curve =
         curveOf(formula, second != nullptr ? CurveForm::Parametric : CurveForm::Polar);
@@ -57,7 +57,7 @@ BENCHMARK(BM_Lissajous)->Arg(100'000)->Arg(1'000)->Unit(benchmark::kMillisecond)
 // Argument: starting points.
 void BM_DrawRose(benchmark::State& state) {
     Formula formula;
-    prepareParameterFormula(formula, "sin(8*t)", kModeFunction);
+    prepareParameterFormula(formula, "sin(8*t)", FormulaMode::Function);
     CurveGraph graph;
     graph.form = CurveForm::Polar;
     graph.firstText = "sin(8*t)";

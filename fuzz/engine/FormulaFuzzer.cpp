@@ -19,6 +19,7 @@ namespace {
 
 using curvemill::ExpressionSlot;
 using curvemill::Formula;
+using curvemill::FormulaMode;
 
 constexpr std::array<std::array<double, 2>, 4> kPoints{{{0, 0}, {1, -1}, {-2.5, 3}, {1e300, 0}}};
 
@@ -31,17 +32,19 @@ bool sameBits(double a, double b) {
     return std::memcmp(&a, &b, sizeof a) == 0;
 }
 
-[[noreturn]] void mismatch(const std::string& typed, char mode, double x, double y, double fast,
-                           bool fastIndefinite, double literal, bool literalIndefinite) {
+[[noreturn]] void mismatch(const std::string& typed, FormulaMode mode, double x, double y,
+                           double fast, bool fastIndefinite, double literal,
+                           bool literalIndefinite) {
     std::fprintf(stderr,
-                 "evaluators (or their values tables) differ for \"%s\" (mode %c) at x=%.17g "
+                 "evaluators (or their values tables) differ for \"%s\" (mode %d) at x=%.17g "
                  "y=%.17g: %.17g%s vs %.17g%s\n",
-                 typed.c_str(), mode, x, y, fast, fastIndefinite ? " indefinite" : "", literal,
+                 typed.c_str(), static_cast<int>(mode), x, y, fast,
+                 fastIndefinite ? " indefinite" : "", literal,
                  literalIndefinite ? " indefinite" : "");
     std::abort();
 }
 
-void runMode(const std::string& typed, char mode, bool lenient) {
+void runMode(const std::string& typed, FormulaMode mode, bool lenient) {
     Formula formula;
     std::string text = typed;
     curvemill::removeBlanks(text);
@@ -85,7 +88,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (typed.find('\0') != std::string::npos) {
         return 0;  // an edit box cannot hold a NUL
     }
-    for (char mode : {'f', 'F', 'n', 'e'}) {
+    for (FormulaMode mode : {FormulaMode::Function, FormulaMode::SecondFunction,
+                             FormulaMode::Number, FormulaMode::TwoVariables}) {
         runMode(typed, mode, false);
         runMode(typed, mode, true);
     }

@@ -35,7 +35,7 @@ void drawFunction(QPainter& painter, QSize size, const char* text, double x0, do
                   bool grid) {
     Formula formula;
     TwoDGraph graph;
-    if (!prepareFormula(formula, text, kModeFunction)) {
+    if (!prepareFormula(formula, text, FormulaMode::Function)) {
         return;
     }
     graph.xBegin = x0;
@@ -79,9 +79,9 @@ QPixmap curvePicture(QSize size, qreal pixelRatio, CurveForm form, const char* f
     // A thumbnail needs no more; the program's own 100000 would slow the start.
     graph.startPoints = 2000;
     graph.arrow = false;
-    const bool prepared =
-        prepareParameterFormula(formula, first, kModeFunction) &&
-        (form == CurveForm::Polar || prepareParameterFormula(formula, second, kModeSecondFunction));
+    const bool prepared = prepareParameterFormula(formula, first, FormulaMode::Function) &&
+                          (form == CurveForm::Polar ||
+                           prepareParameterFormula(formula, second, FormulaMode::SecondFunction));
     if (!prepared || !runCurve(formula, graph, SamplingControl{})) {
         return pixmap;
     }

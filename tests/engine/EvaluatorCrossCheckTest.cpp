@@ -85,7 +85,7 @@ TEST(EvaluatorCrossCheck, AgreesWithTheLiteralEvaluatorOnGeneratedFormulas) {
     while (accepted < kWanted && attempts < 4 * kWanted && reported < kMaxReported) {
         ++attempts;
         const bool twoVariables = attempts % 3 == 0;
-        const char mode = twoVariables ? kModeTwoVariables : kModeFunction;
+        const FormulaMode mode = twoVariables ? FormulaMode::TwoVariables : FormulaMode::Function;
         const std::string typed = generator.next(twoVariables);
         if (!prepareFormula(formula, typed, mode)) {
             continue;
@@ -105,8 +105,8 @@ TEST(EvaluatorCrossCheck, AgreesWithTheLiteralEvaluatorOnGeneratedFormulas) {
                 difference = std::string("literal evaluator: ") + e.what();
             }
             if (!difference.empty()) {
-                ADD_FAILURE() << "typed \"" << typed << "\" (mode " << mode << ", log base "
-                              << formula.logBase << "): " << difference;
+                ADD_FAILURE() << "typed \"" << typed << "\" (mode " << static_cast<int>(mode)
+                              << ", log base " << formula.logBase << "): " << difference;
                 ++reported;
                 break;
             }

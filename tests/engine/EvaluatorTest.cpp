@@ -32,7 +32,7 @@ class Evaluation : public testing::TestWithParam<EvalCase> {};
 TEST_P(Evaluation, GivesTheRuleResult) {
     const EvalCase& c = GetParam();
     Formula formula;
-    ASSERT_TRUE(prepareFormula(formula, c.typed, kModeFunction)) << formula.errorText;
+    ASSERT_TRUE(prepareFormula(formula, c.typed, FormulaMode::Function)) << formula.errorText;
     const double value = formula.evaluate(c.x);
     EXPECT_EQ(formula.indefinite, std::isnan(c.expected)) << value;
     if (!std::isnan(c.expected)) {
@@ -61,7 +61,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(Evaluator, FillsValuesByOpeningBracketKeepsTheTextAndObeysTheStopFlag) {
     Formula formula;
-    ASSERT_TRUE(prepareFormula(formula, "x+2*x", kModeFunction));  // (x+(k*x))
+    ASSERT_TRUE(prepareFormula(formula, "x+2*x", FormulaMode::Function));  // (x+(k*x))
     const ExpressionSlot& slot = formula.slots[kFunctionSlot];
     EXPECT_EQ(formula.evaluate(5), 15);
     EXPECT_EQ(slot.values[0], 15);
@@ -78,9 +78,9 @@ TEST(Evaluator, FillsValuesByOpeningBracketKeepsTheTextAndObeysTheStopFlag) {
 
 TEST(Evaluator, ChoosesTheSlot) {
     Formula formula;
-    ASSERT_TRUE(prepareFormula(formula, "x+1", kModeFunction));
-    ASSERT_TRUE(prepareFormula(formula, "x*10", kModeSecondFunction));
-    ASSERT_TRUE(prepareFormula(formula, "x*y", kModeTwoVariables));
+    ASSERT_TRUE(prepareFormula(formula, "x+1", FormulaMode::Function));
+    ASSERT_TRUE(prepareFormula(formula, "x*10", FormulaMode::SecondFunction));
+    ASSERT_TRUE(prepareFormula(formula, "x*y", FormulaMode::TwoVariables));
     EXPECT_EQ(formula.evaluate(2), 3);
     formula.useSecondFunction = true;
     EXPECT_EQ(formula.evaluate(2), 20);
@@ -95,7 +95,8 @@ TEST(Evaluator, LenientTextsWithStrayBracketsEvaluateWithoutFault) {
     for (const auto& [typed, expected] : cases) {
         SCOPED_TRACE(typed);
         Formula formula;
-        ASSERT_TRUE(prepareFormula(formula, typed, kModeFunction, true)) << formula.errorText;
+        ASSERT_TRUE(prepareFormula(formula, typed, FormulaMode::Function, true))
+            << formula.errorText;
         // "(!x)" brackets to "(((!)x))": the factorial of an empty place is 0! = 1.
         EXPECT_EQ(formula.evaluate(3), expected);
         EXPECT_EQ(formula.evaluate(3), expected) << "a second run must see the same text";
@@ -106,13 +107,13 @@ TEST(Evaluator, LenientTextsWithStrayBracketsEvaluateWithoutFault) {
 // own numbers, never those of the slot it was copied from nor of the one it replaced.
 TEST(SlotCopy, ACopyEvaluatesItsOwnFormulaAfterItsOriginalChangedAndWent) {
     Formula target;
-    ASSERT_TRUE(prepareFormula(target, "x+100", kModeTwoVariables));
+    ASSERT_TRUE(prepareFormula(target, "x+100", FormulaMode::TwoVariables));
     {
         auto source = std::make_unique<Formula>();
-        ASSERT_TRUE(prepareFormula(*source, "x*y-log(x)", kModeTwoVariables));
+        ASSERT_TRUE(prepareFormula(*source, "x*y-log(x)", FormulaMode::TwoVariables));
         EXPECT_EQ(source->evaluate(1.0, kTwoVariableSlot, 2.0), 2.0);  // resolved for the source
         target.slots[kTwoVariableSlot] = source->slots[kTwoVariableSlot];
-        ASSERT_TRUE(prepareFormula(*source, "x-y", kModeTwoVariables));
+        ASSERT_TRUE(prepareFormula(*source, "x-y", FormulaMode::TwoVariables));
         source->evaluate(7.0, kTwoVariableSlot, 7.0);
     }
     EXPECT_EQ(target.evaluate(10.0, kTwoVariableSlot, 3.0), 29.0);

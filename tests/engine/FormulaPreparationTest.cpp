@@ -19,32 +19,34 @@ namespace {
 
 TEST(FormulaCheck, GivesEachMessage) {
     // Mode, lenient, one message (nullptr: accepted), the texts that give it.
-    const std::tuple<char, bool, const char*, std::vector<const char*>> groups[] = {
-        {'f',
+    using enum FormulaMode;
+    const std::tuple<FormulaMode, bool, const char*, std::vector<const char*>> groups[] = {
+        {Function,
          false,
          nullptr,
          {"sin(x)/x*80", "2*x", "x^(-2)", "-x", "5!", "x!!", "x!*2", "0.5", "2.", "Sqr(x)"}},
-        {'f', false, kMsgBoxIsEmpty, {""}},
-        {'f',
+        {Function, false, kMsgBoxIsEmpty, {""}},
+        {Function,
          false,
          kMsgInvalidEntry,
          {"sinx", "2x", "x2", "xpi", "1.2.3", ".5", "2.+1", "SIN(x)", "sqr(x)", "lg(x)", "p",
           "abs(x)", "2sin(x)", "y", "x,1"}},
-        {'f', false, kMsgWrongBeforeBracket, {"()", "(x+)"}},
-        {'f', false, kMsgWrongAfterBracket, {"(x)2", "(*x)"}},
-        {'f', false, kMsgBracketsDoNotMatch, {"(x+1", "x+1)", ")(x"}},
-        {'f', false, kMsgTwoOperators, {"x^-2", "*x", "x+", "x*!2"}},
-        {'f', true, nullptr, {"()", "(x+1", "x+1)"}},
-        {'f', true, kMsgWrongBeforeBracket, {")+x", ")"}},
-        {'n', false, nullptr, {"pi/2", "sin(1)", "atan(1)"}},
-        {'n', false, kMsgNotAConstant, {"x"}},
-        {'n', false, kMsgMayNotBeValidConstant, {"2^3", "log(5)", "Sqr(2)", "asin(1)"}},
-        {'e', false, nullptr, {"x*y"}},
-        {'e', false, kMsgInvalidEntry, {"xy"}},
+        {Function, false, kMsgWrongBeforeBracket, {"()", "(x+)"}},
+        {Function, false, kMsgWrongAfterBracket, {"(x)2", "(*x)"}},
+        {Function, false, kMsgBracketsDoNotMatch, {"(x+1", "x+1)", ")(x"}},
+        {Function, false, kMsgTwoOperators, {"x^-2", "*x", "x+", "x*!2"}},
+        {Function, true, nullptr, {"()", "(x+1", "x+1)"}},
+        {Function, true, kMsgWrongBeforeBracket, {")+x", ")"}},
+        {Number, false, nullptr, {"pi/2", "sin(1)", "atan(1)"}},
+        {Number, false, kMsgNotAConstant, {"x"}},
+        {Number, false, kMsgMayNotBeValidConstant, {"2^3", "log(5)", "Sqr(2)", "asin(1)"}},
+        {TwoVariables, false, nullptr, {"x*y"}},
+        {TwoVariables, false, kMsgInvalidEntry, {"xy"}},
     };
     for (const auto& [mode, lenient, message, texts] : groups) {
         for (const char* typed : texts) {
-            SCOPED_TRACE(testing::Message() << typed << " mode " << mode << " " << lenient);
+            SCOPED_TRACE(testing::Message()
+                         << typed << " mode " << static_cast<int>(mode) << " " << lenient);
             Formula formula;
             std::string text = typed;
             EXPECT_EQ(checkFormula(formula, text, mode, lenient), message == nullptr)
@@ -59,13 +61,13 @@ TEST(FormulaCheck, GivesEachMessage) {
 TEST(FormulaCheck, FailuresLeaveTheSlotsBlanksGoAndOverlongTextsAreRefused) {
     Formula formula;
     std::string good = "x+1";
-    ASSERT_TRUE(checkFormula(formula, good, kModeFunction, false));
+    ASSERT_TRUE(checkFormula(formula, good, FormulaMode::Function, false));
     formula.errorText = "PREVIOUS";
     std::string bang = "!x";  // a leading factorial fails without a message of its own
-    EXPECT_FALSE(checkFormula(formula, bang, kModeFunction, false));
+    EXPECT_FALSE(checkFormula(formula, bang, FormulaMode::Function, false));
     EXPECT_EQ(formula.errorText, "PREVIOUS");
     std::string bad = "x+1+";
-    EXPECT_FALSE(checkFormula(formula, bad, kModeFunction, false));
+    EXPECT_FALSE(checkFormula(formula, bad, FormulaMode::Function, false));
     EXPECT_STREQ(formula.slots[kFunctionSlot].text.data(), "x+1");
 
     std::string text = " sin( x ) ";
@@ -73,8 +75,8 @@ TEST(FormulaCheck, FailuresLeaveTheSlotsBlanksGoAndOverlongTextsAreRefused) {
     EXPECT_EQ(text, "sin(x)");
     std::string longest = "x" + std::string(168, '!');
     std::string overlong = longest + "!";
-    EXPECT_TRUE(checkFormula(formula, longest, kModeFunction, false));
-    EXPECT_FALSE(checkFormula(formula, overlong, kModeFunction, false));
+    EXPECT_TRUE(checkFormula(formula, longest, FormulaMode::Function, false));
+    EXPECT_FALSE(checkFormula(formula, overlong, FormulaMode::Function, false));
     EXPECT_EQ(formula.errorText, kMsgInvalidEntry);
 }
 
@@ -100,7 +102,8 @@ TEST(Bracketing, GivesEveryTighterOperatorItsOwnPair) {
         Formula formula;
         std::string text = typed;
         // The two-variable mode accepts every text of the one-variable mode.
-        ASSERT_TRUE(checkFormula(formula, text, kModeTwoVariables, false)) << formula.errorText;
+        ASSERT_TRUE(checkFormula(formula, text, FormulaMode::TwoVariables, false))
+            << formula.errorText;
         ExpressionSlot& slot = formula.slots[kTwoVariableSlot];
         const int length = static_cast<int>(std::strlen(bracketed));
         EXPECT_EQ(bracketFormula(slot), length);
@@ -122,7 +125,7 @@ TEST(Encoding, ReplacesConstantsAndNumbersByTheirValues) {
         SCOPED_TRACE(typed);
         Formula formula;
         formula.slots[kFunctionSlot].constants.fill(7.0);
-        ASSERT_TRUE(prepareFormula(formula, typed, kModeFunction));
+        ASSERT_TRUE(prepareFormula(formula, typed, FormulaMode::Function));
         const ExpressionSlot& slot = formula.slots[kFunctionSlot];
         EXPECT_STREQ(slot.text.data(), encoded);
         std::vector<double> found;
@@ -158,7 +161,7 @@ TEST(SlotCapacity, WorstFormulasOfNinetyNineCharactersFitAndEvaluate) {
         SCOPED_TRACE(typed);
         ASSERT_LE(typed.size(), 99u);
         Formula formula;
-        ASSERT_TRUE(prepareFormula(formula, typed, kModeFunction)) << formula.errorText;
+        ASSERT_TRUE(prepareFormula(formula, typed, FormulaMode::Function)) << formula.errorText;
         EXPECT_EQ(formula.slots[kFunctionSlot].length, bracketedLength);
         EXPECT_LT(bracketedLength, kSlotCapacity);
         EXPECT_EQ(formula.evaluate(x), value);

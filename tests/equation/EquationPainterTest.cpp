@@ -31,7 +31,7 @@ class EquationPainterTest : public ::testing::Test {
 
     void SetUp() override {
         Formula formula;
-        ASSERT_TRUE(prepareFormula(formula, "x^2+y^2-1", 'e'));
+        ASSERT_TRUE(prepareFormula(formula, "x^2+y^2-1", FormulaMode::TwoVariables));
         std::atomic<bool> running{true};
         EquationWork work;
         // Wider than tall, so the X range leaves room to both sides of the circle.

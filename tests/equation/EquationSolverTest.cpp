@@ -24,7 +24,7 @@ struct Solved {
 
 Solved solve(const char* equation, EquationGrid grid) {
     Formula formula;
-    EXPECT_TRUE(prepareFormula(formula, equation, 'e')) << formula.errorText;
+    EXPECT_TRUE(prepareFormula(formula, equation, FormulaMode::TwoVariables)) << formula.errorText;
     std::atomic<bool> running{true};
     EquationWork work;
     Solved result;
@@ -56,7 +56,7 @@ TEST(EquationSolver, SolutionsLieOnTheCurveSortedByX) {
         EXPECT_TRUE(std::is_sorted(points.begin(), points.end(),
                                    [](auto& a, auto& b) { return a.x < b.x; }));
         Formula check;
-        ASSERT_TRUE(prepareFormula(check, equation, 'e'));
+        ASSERT_TRUE(prepareFormula(check, equation, FormulaMode::TwoVariables));
         for (const SolutionPoint& p : points) {
             const double f = check.evaluate(p.x, kTwoVariableSlot, p.y);
             ASSERT_TRUE(!check.indefinite && std::fabs(f) < 1e-5 && p.x >= grid.xBegin &&
@@ -107,7 +107,7 @@ TEST(EquationSolver, EmptyGridAndDegenerateSteps) {
 
 TEST(EquationSolver, StopLeavesThePreviousSolutions) {
     Formula formula;
-    ASSERT_TRUE(prepareFormula(formula, "x^2+y^2-1", 'e'));
+    ASSERT_TRUE(prepareFormula(formula, "x^2+y^2-1", FormulaMode::TwoVariables));
     EquationCurve curve;
     curve.solutions = {{7, 8}};
     curve.yMin = curve.yMax = 8;
@@ -147,7 +147,7 @@ TEST(EquationView, RangesAndPixels) {
 
 TEST(EquationComputation, JobFillsTheCurveAndShowPutsItOnTheView) {
     Formula formula;
-    ASSERT_TRUE(prepareFormula(formula, "x*y-1", 'e'));
+    ASSERT_TRUE(prepareFormula(formula, "x*y-1", FormulaMode::TwoVariables));
     EquationCurve curve;
     GraphView view;
     setViewSize(view, 600, 500);

@@ -122,7 +122,7 @@ TEST_F(FaultTranslationTest, OrdinaryFormulasNeverFail) {
     for (const Row& row : rows) {
         SCOPED_TRACE(row.text);
         Formula formula;
-        ASSERT_TRUE(prepareFormula(formula, row.text, kModeFunction));
+        ASSERT_TRUE(prepareFormula(formula, row.text, FormulaMode::Function));
         const std::optional<Failure> failure = catchFailure(kProcTwoDGraphDialog, [&] {
             for (int i = 0; i <= 20000; ++i) {
                 formula.evaluate(row.from + (row.to - row.from) * i / 20000.0);

@@ -194,7 +194,7 @@ TEST(CurveSampler, StopRemovesTheSecondFunctionButLeavesTheMainCurve) {
     SamplingControl control;
     control.stopRequested = &stop;
     control.progress = [&stop](int p) { stop = stop || p >= 50; };
-    ASSERT_TRUE(prepareFormula(s.formula, "x^3", 'F'));
+    ASSERT_TRUE(prepareFormula(s.formula, "x^3", FormulaMode::SecondFunction));
     s.graph.computingSecond = true;
     s.graph.second.points.resize(10);  // the dialog allocates before the run
     EXPECT_FALSE(sampleCurve(s.graph, s.formula, control));
@@ -202,7 +202,7 @@ TEST(CurveSampler, StopRemovesTheSecondFunctionButLeavesTheMainCurve) {
     EXPECT_TRUE(s.graph.second.points.empty());
 
     stop = false;
-    ASSERT_TRUE(prepareFormula(s.formula, "x^4", 'f'));
+    ASSERT_TRUE(prepareFormula(s.formula, "x^4", FormulaMode::Function));
     s.graph.computingSecond = false;
     EXPECT_FALSE(sampleCurve(s.graph, s.formula, control));
     ASSERT_EQ(s.graph.main.pointCount, before.pointCount);

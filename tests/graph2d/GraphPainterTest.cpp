@@ -195,7 +195,7 @@ TEST_F(GraphPainterTest, EveryCurveInItsColourOverTheGridInTheDisplayOrder) {
     TwoDGraph graph;
     std::tie(graph.xBegin, graph.xEnd) = std::pair(0.0, 10.0);
     Formula formula;
-    ASSERT_TRUE(prepareFormula(formula, "x^2/20", 'f'));
+    ASSERT_TRUE(prepareFormula(formula, "x^2/20", FormulaMode::Function));
     setCurve(graph.main, line(11, 0, 10, [](int i) { return i * i / 20.0; }));
     ASSERT_TRUE(buildDerivativeCurve(graph, formula, {}));  // y = x/10 at x = 0 .. 9
     setCurve(graph.integral, line(11, 0, 10, [](int) { return -2.0; }));

@@ -28,7 +28,7 @@ inline SurfaceOutcome computeFor(SurfaceScene& scene, const std::string& text, d
                                  double y0, double y1, std::atomic<bool>* keep = nullptr,
                                  int n = 100, const std::function<void(int)>& progress = {}) {
     Formula formula;
-    if (!prepareFormula(formula, text, kModeTwoVariables)) {
+    if (!prepareFormula(formula, text, FormulaMode::TwoVariables)) {
         return SurfaceOutcome::NoMemory;
     }
     setDomain(scene.grid, x0, x1, y0, y1);

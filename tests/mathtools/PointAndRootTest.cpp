@@ -27,7 +27,7 @@ TEST(PointValue, ValueAndTwoStageSlope) {
          cases) {
         SCOPED_TRACE(text);
         Formula formula;
-        ASSERT_TRUE(prepareFormula(formula, text, 'f'));
+        ASSERT_TRUE(prepareFormula(formula, text, FormulaMode::Function));
         const PointValue v = valueAt(formula, x);
         ASSERT_EQ(v.yDefined, yDefined);
         ASSERT_EQ(v.slopeDefined, slopeDefined);
@@ -61,7 +61,7 @@ TEST(RootScan, FindsEveryRootOfTheRangeInTheOrderFound) {
     for (const auto& [equation, kind, fixed, steps, precision, nearTo, within, most] : cases) {
         SCOPED_TRACE(testing::Message() << equation << " fixed " << fixed << " steps " << steps);
         Formula formula;
-        ASSERT_TRUE(prepareFormula(formula, equation, 'e'));
+        ASSERT_TRUE(prepareFormula(formula, equation, FormulaMode::TwoVariables));
         const RootScanSettings settings{kind == RootKind::kX ? steps : 1,
                                         kind == RootKind::kY ? steps : 1, precision};
         const RootScanResult r = findRoots(formula, kind, fixed, {-5, 5, -5, 5}, {}, settings);
@@ -83,7 +83,7 @@ TEST(RootScan, FindsEveryRootOfTheRangeInTheOrderFound) {
 
 TEST(RootScan, StopsAtOnceAndKeepsWhatItFound) {
     Formula formula;
-    ASSERT_TRUE(prepareFormula(formula, "x*x-y", 'e'));
+    ASSERT_TRUE(prepareFormula(formula, "x*x-y", FormulaMode::TwoVariables));
     std::atomic<bool> stop{false};
     SamplingControl control;
     control.stopRequested = &stop;

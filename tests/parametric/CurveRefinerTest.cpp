@@ -22,9 +22,10 @@ struct Curve {
     Formula formula;
     CurveAt at;
     Curve(const char* first, const char* second = nullptr) {
-        EXPECT_TRUE(prepareParameterFormula(formula, first, kModeFunction)) << formula.errorText;
+        EXPECT_TRUE(prepareParameterFormula(formula, first, FormulaMode::Function))
+            << formula.errorText;
         if (second != nullptr) {
-            EXPECT_TRUE(prepareParameterFormula(formula, second, kModeSecondFunction))
+            EXPECT_TRUE(prepareParameterFormula(formula, second, FormulaMode::SecondFunction))
                 << formula.errorText;
         }
         at = curveOf(formula, second != nullptr ? CurveForm::Parametric : CurveForm::Polar);
@@ -49,12 +50,12 @@ int breaks(const CurveSampling& s) {
 
 TEST(ParameterFormula, TIsTheVariableAndXIsAWrongLetter) {
     Formula formula;
-    ASSERT_TRUE(prepareParameterFormula(formula, "tan(t) + atan(t)*e", kModeFunction));
+    ASSERT_TRUE(prepareParameterFormula(formula, "tan(t) + atan(t)*e", FormulaMode::Function));
     EXPECT_NEAR(formula.evaluate(0.3, kFunctionSlot),
                 std::tan(0.3) + std::atan(0.3) * std::numbers::e, 1e-14);
     for (const char* wrong : {"x+1", "t+y", "sin(x)"}) {
         SCOPED_TRACE(wrong);
-        EXPECT_FALSE(prepareParameterFormula(formula, wrong, kModeFunction));
+        EXPECT_FALSE(prepareParameterFormula(formula, wrong, FormulaMode::Function));
         EXPECT_EQ(formula.errorText, kMsgInvalidEntry);
     }
 }

@@ -16,7 +16,7 @@ namespace curvemill {
 // `text` prepared as the main function and sampled with `points` per run over [xBegin, xEnd].
 struct SampledGraph {
     SampledGraph(const std::string& text, double xBegin, double xEnd, int points = 10000) {
-        prepared = prepareFormula(formula, text, 'f');
+        prepared = prepareFormula(formula, text, FormulaMode::Function);
         graph.xBegin = xBegin;
         graph.xEnd = xEnd;
         graph.pointsPerRun = points;

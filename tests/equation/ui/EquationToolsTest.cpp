@@ -72,7 +72,7 @@ class EquationToolsTest : public QObject {
     // The messages are the core's: one refusal proves the wiring, through the other button.
     void informationFindsXForYAndRefusesBadEntries() {
         Formula formula;
-        QVERIFY(prepareFormula(formula, "x*x-y", 'e'));
+        QVERIFY(prepareFormula(formula, "x*x-y", FormulaMode::TwoVariables));
         GraphView view;
         setViewSize(view, 600, 600);
         setViewRanges(view, -5, 5, -5, 20);

@@ -25,7 +25,7 @@ class SurfaceComputationTest : public QObject {
         // Slow enough per vertex that the Stop lands long before the first row of 501 ends.
         QVERIFY(prepareFormula(formula,
                                "sin(x)*cos(y)+sin(x*y)*cos(x-y)+Sqr(x^2+y^2+1)*sin(x+y)+cos(x*x)",
-                               kModeTwoVariables));
+                               FormulaMode::TwoVariables));
         SurfaceScene scene;
         int shown = 0;
         int cleared = 0;
@@ -59,7 +59,7 @@ class SurfaceComputationTest : public QObject {
 
     void gridThatCannotBeHadIsToldNotThrown() {
         Formula formula;
-        QVERIFY(prepareFormula(formula, "x*y", kModeTwoVariables));
+        QVERIFY(prepareFormula(formula, "x*y", FormulaMode::TwoVariables));
         SurfaceScene scene;
         std::string told;
         SurfaceComputation computation(

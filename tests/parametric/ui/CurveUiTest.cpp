@@ -51,7 +51,7 @@ class CurveUiTest : public QObject {
   private Q_SLOTS:
     void init() {
         graph = CurveGraph{};
-        QVERIFY(prepareFormula(formula, "x^2", kModeFunction));
+        QVERIFY(prepareFormula(formula, "x^2", FormulaMode::Function));
     }
 
     void aRefusalNamesItsBoxAndKeepsTheFunction() {
