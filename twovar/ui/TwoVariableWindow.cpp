@@ -13,7 +13,6 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
-#include "engine/ExpressionSlot.h"
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
 #include "engine/NumberEntry.h"
@@ -333,16 +332,14 @@ void TwoVariableWindow::accept() {
         return;
     }
     const std::string typed = formulaEdit_->text().toStdString();
-    // A refused or stopped entry must leave the formula of the graph on screen in its slot: the
-    // math tools evaluate it there.
-    const ExpressionSlot previousSlot = formula_.slots[kTwoVariableSlot];
+    slot_.keep(formula_, kTwoVariableSlot);
     const TwoVariableEntries entries = checkTwoVariableEntries(
         formula_,
         {xBeginEdit_->text().toStdString(), xEndEdit_->text().toStdString(),
          yBeginEdit_->text().toStdString(), yEndEdit_->text().toStdString(), typed},
         [this] { askLogBase(formula_, this); });
     if (const auto& refusal = entries.refusal) {
-        formula_.slots[kTwoVariableSlot] = previousSlot;
+        slot_.restore();
         QLineEdit* const boxes[] = {xBeginEdit_, xEndEdit_, yBeginEdit_, yEndEdit_, formulaEdit_};
         QLineEdit* box = boxes[static_cast<int>(refusal->box)];
         // A formula check that stopped without a message of its own only returns to the box.
@@ -363,7 +360,7 @@ void TwoVariableWindow::accept() {
 
     TwoVariableComputation* work = computation();
     if (work == nullptr) {
-        formula_.slots[kTwoVariableSlot] = previousSlot;
+        slot_.restore();
         if (history_ != nullptr) {
             history_->recordEntry(entry);
         }
@@ -387,10 +384,9 @@ void TwoVariableWindow::accept() {
     request.precisionDigits = settings_.precisionDigits;
     request.formulaText = typed;
     running_ = true;
-    previousSlot_ = previousSlot;
     if (!job_.start(kProcEquationWindow, formula_.keepComputing, work->makeJob(request))) {
         running_ = false;
-        formula_.slots[kTwoVariableSlot] = previousSlot;
+        slot_.restore();
         setInputsEnabled(true);
     }
 }
@@ -415,7 +411,7 @@ void TwoVariableWindow::computationEnded(bool completed) {
     if (work != nullptr) {
         work->abandoned();
     }
-    formula_.slots[kTwoVariableSlot] = previousSlot_;
+    slot_.restore();
     setInputsEnabled(true);
     Q_EMIT repaintRequested();
 }
