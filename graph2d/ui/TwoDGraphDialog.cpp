@@ -16,6 +16,7 @@
 #include "engine/ui/LogBaseDialog.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphPointsSpin.h"
+#include "worker/ui/RunFrame.h"
 #include "worker/ui/Worker.h"
 
 namespace curvemill {
@@ -55,15 +56,9 @@ TwoDGraphDialog::TwoDGraphDialog(TwoDGraphRole role, Formula& formula, TwoDGraph
 }
 
 void TwoDGraphDialog::buildControls() {
-    auto makeEdit = [this](int id, const QString& text) {
-        auto* edit = new QLineEdit(text, this);
-        edit->setObjectName(idName(id));
-        edit->setMaxLength(kEditLength);
-        return edit;
-    };
-    xBeginEdit_ = makeEdit(twod_ids::kXBegin, QStringLiteral("-10"));
-    xEndEdit_ = makeEdit(twod_ids::kXEnd, QStringLiteral("10"));
-    formulaEdit_ = makeEdit(twod_ids::kFormula, QString());
+    xBeginEdit_ = makeEntryBox(this, twod_ids::kXBegin, QStringLiteral("-10"), kEditLength);
+    xEndEdit_ = makeEntryBox(this, twod_ids::kXEnd, QStringLiteral("10"), kEditLength);
+    formulaEdit_ = makeEntryBox(this, twod_ids::kFormula, QString(), kEditLength);
     formulaEdit_->setMinimumWidth(360);
     QFont mono(QStringLiteral("Courier New"));
     mono.setStyleHint(QFont::Monospace);
@@ -78,22 +73,15 @@ void TwoDGraphDialog::buildControls() {
     pointsLabel_->setObjectName(idName(twod_ids::kPointsLabel));
     pointsLabel_->setMinimumWidth(
         pointsLabel_->fontMetrics().horizontalAdvance(QStringLiteral("400000 Points ")));
-    progress_ = new QProgressBar(this);
-    progress_->setObjectName(idName(twod_ids::kProgress));
-    progress_->setRange(0, 100);
+    progress_ = makeRunProgress(this, twod_ids::kProgress, false);
 
-    auto makeButton = [this](int id, const QString& text) {
-        auto* button = new QPushButton(text, this);
-        button->setObjectName(idName(id));
-        button->setAutoDefault(false);
-        return button;
-    };
-    okButton_ = makeButton(twod_ids::kOk, QStringLiteral("&OK"));
+    okButton_ = makeWindowButton(this, twod_ids::kOk, QStringLiteral("&OK"));
     okButton_->setDefault(true);
-    stopButton_ = makeButton(twod_ids::kStop, QStringLiteral("&Stop"));
-    cancelButton_ = makeButton(twod_ids::kCancel, QStringLiteral("&Cancel"));
-    historyButton_ = makeButton(twod_ids::kHistory, QStringLiteral("&History"));
-    historyListButton_ = makeButton(twod_ids::kHistoryList, QStringLiteral("History 1"));
+    stopButton_ = makeWindowButton(this, twod_ids::kStop, QStringLiteral("&Stop"));
+    cancelButton_ = makeWindowButton(this, twod_ids::kCancel, QStringLiteral("&Cancel"));
+    historyButton_ = makeWindowButton(this, twod_ids::kHistory, QStringLiteral("&History"));
+    historyListButton_ =
+        makeWindowButton(this, twod_ids::kHistoryList, QStringLiteral("History 1"));
     historyListButton_->hide();
 
     auto* range = new QHBoxLayout;
@@ -226,18 +214,11 @@ void TwoDGraphDialog::applyPrompts(bool on) {
 }
 
 void TwoDGraphDialog::setRunning(bool running) {
-    for (QWidget* input : std::initializer_list<QWidget*>{xBeginEdit_, xEndEdit_, formulaEdit_,
-                                                          usePrompts_, pointsSpin_, okButton_,
-                                                          cancelButton_, historyListButton_}) {
-        input->setEnabled(!running);
-    }
+    showRunning(running,
+                {xBeginEdit_, xEndEdit_, formulaEdit_, usePrompts_, pointsSpin_, okButton_,
+                 cancelButton_, historyListButton_},
+                stopButton_, progress_);
     historyButton_->setEnabled(!running && static_cast<bool>(hooks_.showPreviousEntries));
-    stopButton_->setEnabled(running);
-    progress_->setVisible(running);
-    if (running) {
-        progress_->setValue(0);
-        stopButton_->setFocus();
-    }
 }
 
 void TwoDGraphDialog::accept() {

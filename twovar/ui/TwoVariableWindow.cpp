@@ -1,7 +1,6 @@
 #include "twovar/ui/TwoVariableWindow.h"
 
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -21,6 +20,7 @@
 #include "history/HistoryPort.h"
 #include "twovar/TwoVariableEntries.h"
 #include "twovar/TwoVariableSettings.h"
+#include "worker/ui/RunFrame.h"
 #include "worker/ui/Worker.h"
 
 namespace curvemill {
@@ -79,17 +79,11 @@ TwoVariableWindow::TwoVariableWindow(Formula& formula, TwoVariableSettings& sett
 }
 
 void TwoVariableWindow::buildControls() {
-    auto makeEdit = [this](int id, const QString& text) {
-        auto* edit = new QLineEdit(text, this);
-        edit->setObjectName(idName(id));
-        edit->setMaxLength(kEditLength);
-        return edit;
-    };
-    xBeginEdit_ = makeEdit(twovar_ids::kXBegin, QString());
-    xEndEdit_ = makeEdit(twovar_ids::kXEnd, QString());
-    yBeginEdit_ = makeEdit(twovar_ids::kYBegin, QString());
-    yEndEdit_ = makeEdit(twovar_ids::kYEnd, QString());
-    formulaEdit_ = makeEdit(twovar_ids::kFormula, QString());
+    xBeginEdit_ = makeEntryBox(this, twovar_ids::kXBegin, QString(), kEditLength);
+    xEndEdit_ = makeEntryBox(this, twovar_ids::kXEnd, QString(), kEditLength);
+    yBeginEdit_ = makeEntryBox(this, twovar_ids::kYBegin, QString(), kEditLength);
+    yEndEdit_ = makeEntryBox(this, twovar_ids::kYEnd, QString(), kEditLength);
+    formulaEdit_ = makeEntryBox(this, twovar_ids::kFormula, QString(), kEditLength);
     formulaEdit_->setMinimumWidth(420);
     QFont mono(QStringLiteral("Courier New"));
     mono.setStyleHint(QFont::Monospace);
@@ -116,28 +110,17 @@ void TwoVariableWindow::buildControls() {
     makeSpin(twovar_ids::kPrecisionSpin, twovar_ids::kPrecisionEdit, twovar_ids::kPrecisionLabel,
              precisionSpin_, precisionLabel_);
 
-    progress_ = new QProgressBar(this);
-    progress_->setObjectName(idName(twovar_ids::kProgress));
-    progress_->setRange(0, 100);
     // The window keeps one size whether or not a computation runs.
-    QSizePolicy keepRoom = progress_->sizePolicy();
-    keepRoom.setRetainSizeWhenHidden(true);
-    progress_->setSizePolicy(keepRoom);
+    progress_ = makeRunProgress(this, twovar_ids::kProgress, true);
     usePrompts_ = new QCheckBox(QStringLiteral("Use &Prompts"), this);
     usePrompts_->setObjectName(idName(twovar_ids::kUsePrompts));
 
-    auto makeButton = [this](int id, const QString& text) {
-        auto* button = new QPushButton(text, this);
-        button->setObjectName(idName(id));
-        button->setAutoDefault(false);
-        return button;
-    };
-    okButton_ = makeButton(twovar_ids::kOk, QStringLiteral("&OK"));
+    okButton_ = makeWindowButton(this, twovar_ids::kOk, QStringLiteral("&OK"));
     okButton_->setDefault(true);
-    stopButton_ = makeButton(twovar_ids::kStop, QStringLiteral("&Stop"));
-    cancelButton_ = makeButton(twovar_ids::kCancel, QStringLiteral("&Cancel"));
-    historyButton_ = makeButton(twovar_ids::kHistory, QStringLiteral("H&istory"));
-    auto* helpButton = makeButton(twovar_ids::kHelp, QStringLiteral("&Help"));
+    stopButton_ = makeWindowButton(this, twovar_ids::kStop, QStringLiteral("&Stop"));
+    cancelButton_ = makeWindowButton(this, twovar_ids::kCancel, QStringLiteral("&Cancel"));
+    historyButton_ = makeWindowButton(this, twovar_ids::kHistory, QStringLiteral("H&istory"));
+    auto* helpButton = makeHelpButton(this, twovar_ids::kHelp);
 
     auto* ranges = new QGridLayout;
     auto addRange = [this, ranges](int row, int column, const QString& text, QLineEdit* edit) {
@@ -189,10 +172,6 @@ void TwoVariableWindow::buildControls() {
     layout->addLayout(buttons);
 
     connect(okButton_, &QPushButton::clicked, this, &TwoVariableWindow::accept);
-    connect(helpButton, &QPushButton::clicked, this, [this] {
-        QEvent request(QEvent::HelpRequest);
-        QCoreApplication::sendEvent(this, &request);
-    });
     connect(stopButton_, &QPushButton::clicked, this, &TwoVariableWindow::stop);
     connect(cancelButton_, &QPushButton::clicked, this, &TwoVariableWindow::reject);
     connect(historyButton_, &QPushButton::clicked, this, &TwoVariableWindow::showPreviousEntries);
@@ -296,18 +275,11 @@ void TwoVariableWindow::applyPrompts(bool on) {
 }
 
 void TwoVariableWindow::setInputsEnabled(bool enabled) {
-    for (QWidget* input : std::initializer_list<QWidget*>{
-             xBeginEdit_, xEndEdit_, yBeginEdit_, yEndEdit_, formulaEdit_, xPointsSpin_,
-             yPointsSpin_, precisionSpin_, okButton_, cancelButton_, usePrompts_}) {
-        input->setEnabled(enabled);
-    }
+    showRunning(!enabled,
+                {xBeginEdit_, xEndEdit_, yBeginEdit_, yEndEdit_, formulaEdit_, xPointsSpin_,
+                 yPointsSpin_, precisionSpin_, okButton_, cancelButton_, usePrompts_},
+                stopButton_, progress_);
     historyButton_->setEnabled(enabled && historyAvailable_);
-    stopButton_->setEnabled(!enabled);
-    progress_->setVisible(!enabled);
-    if (!enabled) {
-        progress_->setValue(0);
-        stopButton_->setFocus();
-    }
 }
 
 // Every box carries the error icon; a refused range or formula also has a Help button explaining
