@@ -4,8 +4,7 @@
 #include "cli/FormulaArguments.h"
 #include "cli/Printable.h"
 #include "engine/NumberEntry.h"
-#include "graph2d/CurveSampler.h"
-#include "graph2d/GraphEntries.h"
+#include "graph2d/TwoDRun.h"
 #include "mathtools/DerivativeCurve.h"
 #include "mathtools/IntegralCurve.h"
 
@@ -15,6 +14,15 @@ namespace {
 
 constexpr int kPointsUnit = 10000;
 constexpr int kMostPoints = 400000;
+
+void sampleDerivedCurves(TwoDGraph& graph, Formula& formula, bool derivative, bool integralCurve) {
+    if (derivative) {
+        buildDerivativeCurve(graph, formula, {});
+    }
+    if (integralCurve) {
+        buildIntegralCurve(graph, formula, {});
+    }
+}
 
 }  // namespace
 
@@ -71,44 +79,40 @@ std::optional<std::string> computeGraph(const GraphRequest& request, Formula& fo
     NumberBox xEnd(kXEndBoxName);
     xBegin.setText(request.xBegin);
     xEnd.setText(request.xEnd);
-    const std::string& typed = request.formula;
-    const GraphEntries entries = checkGraphEntries(formula, xBegin, xEnd, typed);
-    if (entries.refusal) {
-        return entries.refusal->message;
-    }
-    graph.xBegin = entries.xBegin;
-    graph.xEnd = entries.xEnd;
-    graph.pointsPerRun = request.points;
-    graph.mainFormulaText = typed;
-    if (request.secondFormula) {
-        // The dialog's checks again, as the Second Function dialog makes them over the same range.
-        const GraphEntries secondEntries = checkGraphEntries(
-            formula, xBegin, xEnd, *request.secondFormula, std::string_view(typed));
-        if (secondEntries.refusal) {
-            return secondEntries.refusal->message;
+    // The runs of the Function dialog, then of the Second Function dialog over the same range.
+    const auto run = [&](TwoDGraphRole role,
+                         const std::string& typed) -> std::optional<std::string> {
+        TwoDRun graphRun(role, formula, graph);
+        const GraphEntries entries = graphRun.check(xBegin, xEnd, typed);
+        if (entries.refusal) {
+            return entries.refusal->message;
         }
-        graph.secondFormulaText = *request.secondFormula;
+        graphRun.runHere(entries.xBegin, entries.xEnd, request.points, typed);
+        return std::nullopt;
+    };
+    if (auto refusal = run(TwoDGraphRole::Main, request.formula)) {
+        return refusal;
     }
-    sampleGraph(graph, formula, request.secondFormula.has_value(), request.derivative,
-                request.integralCurve);
+    if (request.secondFormula) {
+        if (auto refusal = run(TwoDGraphRole::Second, *request.secondFormula)) {
+            return refusal;
+        }
+    }
+    sampleDerivedCurves(graph, formula, request.derivative, request.integralCurve);
     return std::nullopt;
 }
 
 void sampleGraph(TwoDGraph& graph, Formula& formula, bool second, bool derivative,
                  bool integralCurve) {
-    graph.computingSecond = false;
-    sampleCurve(graph, formula, {});
+    // Copied first: the main function's run clears the second text while no second curve exists.
+    const std::string secondText = graph.secondFormulaText;
+    TwoDRun(TwoDGraphRole::Main, formula, graph)
+        .runHere(graph.xBegin, graph.xEnd, graph.pointsPerRun, graph.mainFormulaText);
     if (second) {
-        graph.computingSecond = true;
-        sampleCurve(graph, formula, {});
-        graph.computingSecond = false;
+        TwoDRun(TwoDGraphRole::Second, formula, graph)
+            .runHere(graph.xBegin, graph.xEnd, graph.pointsPerRun, secondText);
     }
-    if (derivative) {
-        buildDerivativeCurve(graph, formula, {});
-    }
-    if (integralCurve) {
-        buildIntegralCurve(graph, formula, {});
-    }
+    sampleDerivedCurves(graph, formula, derivative, integralCurve);
 }
 
 }  // namespace curvemill::cli

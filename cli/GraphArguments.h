@@ -34,8 +34,8 @@ struct GraphRequest {
 // when the command has them), or nothing after telling `usage`.
 std::optional<GraphRequest> graphRequest(const ParsedArguments& arguments, UsageErrors& usage);
 
-// Checks the entries in the order of the Two D Graph dialog and samples the main curve, then the
-// second function, the derivative and the integral curve when asked for. Returns the dialog's
+// Runs the Function dialog's checks and sampling, then the Second Function dialog's when asked
+// for, then builds the derivative and the integral curve when asked for. Returns the dialog's
 // message on refusal.
 std::optional<std::string> computeGraph(const GraphRequest& request, Formula& formula,
                                         TwoDGraph& graph);

@@ -2,20 +2,9 @@
 #pragma once
 
 #include "graph2d/GraphView.h"
+#include "graph2d/PixelRect.h"
 
 namespace curvemill {
-
-// A rectangle in the view's pixels; empty when it has no area.
-struct PixelRect {
-    double left = 0.0;
-    double top = 0.0;
-    double right = 0.0;
-    double bottom = 0.0;
-
-    double width() const { return right - left; }
-    double height() const { return bottom - top; }
-    bool empty() const { return !(width() > 0.0) || !(height() > 0.0); }
-};
 
 // A drag shorter than this on either side is a click: it clears the selection instead.
 inline constexpr double kLeastSelectionSide = 3.0;

@@ -1,7 +1,11 @@
 #include "parametric/CurveCsv.h"
 
 #include <cstdio>
-#include <string>
+#include <sstream>
+
+#include "graph2d/GraphPointsCsv.h"
+#include "graph2d/GraphView.h"
+#include "parametric/CurveGraph.h"
 
 namespace curvemill {
 
@@ -19,6 +23,20 @@ void writeCurveCsv(const std::vector<CurvePoint>& points, std::ostream& out) {
         }
     }
     out << text;
+}
+
+std::string curvePointsCsv(const CurveGraph& curve, const GraphView& view,
+                           const std::optional<PixelRect>& part) {
+    const std::optional<PixelRect> shown = plottedPart(view, part);
+    std::vector<CurvePoint> taken;
+    for (const CurvePoint& p : curve.points) {
+        if (!shown || shown->contains(view.toPixelX(p.x), view.toPixelY(p.y))) {
+            taken.push_back(p);
+        }
+    }
+    std::ostringstream text;
+    writeCurveCsv(taken, text);
+    return text.str();
 }
 
 }  // namespace curvemill

@@ -14,10 +14,9 @@
 #include "engine/NumberEntry.h"
 #include "engine/ui/EntryErrorBox.h"
 #include "engine/ui/LogBaseDialog.h"
-#include "graph2d/CurveSampler.h"
-#include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ui/TwoDGraphPointsSpin.h"
+#include "worker/ui/RunFrame.h"
 #include "worker/ui/Worker.h"
 
 namespace curvemill {
@@ -35,10 +34,8 @@ QString idName(int id) {
 TwoDGraphDialog::TwoDGraphDialog(TwoDGraphRole role, Formula& formula, TwoDGraph& graph,
                                  GraphView& view, Worker& worker, QWidget* parent)
     : QDialog(parent),
-      role_(role),
       formula_(formula),
-      graph_(graph),
-      view_(view),
+      run_(role, formula, graph, &view),
       job_(
           worker, this,
           [this](int percent) {
@@ -59,15 +56,9 @@ TwoDGraphDialog::TwoDGraphDialog(TwoDGraphRole role, Formula& formula, TwoDGraph
 }
 
 void TwoDGraphDialog::buildControls() {
-    auto makeEdit = [this](int id, const QString& text) {
-        auto* edit = new QLineEdit(text, this);
-        edit->setObjectName(idName(id));
-        edit->setMaxLength(kEditLength);
-        return edit;
-    };
-    xBeginEdit_ = makeEdit(twod_ids::kXBegin, QStringLiteral("-10"));
-    xEndEdit_ = makeEdit(twod_ids::kXEnd, QStringLiteral("10"));
-    formulaEdit_ = makeEdit(twod_ids::kFormula, QString());
+    xBeginEdit_ = makeEntryBox(this, twod_ids::kXBegin, QStringLiteral("-10"), kEditLength);
+    xEndEdit_ = makeEntryBox(this, twod_ids::kXEnd, QStringLiteral("10"), kEditLength);
+    formulaEdit_ = makeEntryBox(this, twod_ids::kFormula, QString(), kEditLength);
     formulaEdit_->setMinimumWidth(360);
     QFont mono(QStringLiteral("Courier New"));
     mono.setStyleHint(QFont::Monospace);
@@ -82,22 +73,15 @@ void TwoDGraphDialog::buildControls() {
     pointsLabel_->setObjectName(idName(twod_ids::kPointsLabel));
     pointsLabel_->setMinimumWidth(
         pointsLabel_->fontMetrics().horizontalAdvance(QStringLiteral("400000 Points ")));
-    progress_ = new QProgressBar(this);
-    progress_->setObjectName(idName(twod_ids::kProgress));
-    progress_->setRange(0, 100);
+    progress_ = makeRunProgress(this, twod_ids::kProgress, false);
 
-    auto makeButton = [this](int id, const QString& text) {
-        auto* button = new QPushButton(text, this);
-        button->setObjectName(idName(id));
-        button->setAutoDefault(false);
-        return button;
-    };
-    okButton_ = makeButton(twod_ids::kOk, QStringLiteral("&OK"));
+    okButton_ = makeWindowButton(this, twod_ids::kOk, QStringLiteral("&OK"));
     okButton_->setDefault(true);
-    stopButton_ = makeButton(twod_ids::kStop, QStringLiteral("&Stop"));
-    cancelButton_ = makeButton(twod_ids::kCancel, QStringLiteral("&Cancel"));
-    historyButton_ = makeButton(twod_ids::kHistory, QStringLiteral("&History"));
-    historyListButton_ = makeButton(twod_ids::kHistoryList, QStringLiteral("History 1"));
+    stopButton_ = makeWindowButton(this, twod_ids::kStop, QStringLiteral("&Stop"));
+    cancelButton_ = makeWindowButton(this, twod_ids::kCancel, QStringLiteral("&Cancel"));
+    historyButton_ = makeWindowButton(this, twod_ids::kHistory, QStringLiteral("&History"));
+    historyListButton_ =
+        makeWindowButton(this, twod_ids::kHistoryList, QStringLiteral("History 1"));
     historyListButton_->hide();
 
     auto* range = new QHBoxLayout;
@@ -230,18 +214,11 @@ void TwoDGraphDialog::applyPrompts(bool on) {
 }
 
 void TwoDGraphDialog::setRunning(bool running) {
-    for (QWidget* input : std::initializer_list<QWidget*>{xBeginEdit_, xEndEdit_, formulaEdit_,
-                                                          usePrompts_, pointsSpin_, okButton_,
-                                                          cancelButton_, historyListButton_}) {
-        input->setEnabled(!running);
-    }
+    showRunning(running,
+                {xBeginEdit_, xEndEdit_, formulaEdit_, usePrompts_, pointsSpin_, okButton_,
+                 cancelButton_, historyListButton_},
+                stopButton_, progress_);
     historyButton_->setEnabled(!running && static_cast<bool>(hooks_.showPreviousEntries));
-    stopButton_->setEnabled(running);
-    progress_->setVisible(running);
-    if (running) {
-        progress_->setValue(0);
-        stopButton_->setFocus();
-    }
 }
 
 void TwoDGraphDialog::accept() {
@@ -252,14 +229,8 @@ void TwoDGraphDialog::accept() {
         return;
     }
     const std::string typed = formulaEdit_->text().toStdString();
-    // A stopped run of the main function must leave the graph on screen as it was.
-    const int slot = role_ == TwoDGraphRole::Main ? kFunctionSlot : kSecondFunctionSlot;
-    previousSlot_ = formula_.slots[slot];
-    const GraphEntries entries = checkGraphEntries(
-        formula_, xBeginBox_, xEndBox_, typed,
-        role_ == TwoDGraphRole::Second ? std::optional<std::string_view>(graph_.mainFormulaText)
-                                       : std::nullopt,
-        [this] { askLogBase(formula_, this); });
+    const GraphEntries entries =
+        run_.check(xBeginBox_, xEndBox_, typed, [this] { askLogBase(formula_, this); });
     if (const auto& refusal = entries.refusal) {
         QLineEdit* box = refusal->box == GraphEntryBox::kXBegin ? xBeginEdit_
                          : refusal->box == GraphEntryBox::kXEnd ? xEndEdit_
@@ -279,40 +250,18 @@ void TwoDGraphDialog::accept() {
 void TwoDGraphDialog::startRun(const std::string& typedFormula, double xBegin, double xEnd) {
     setRunning(true);
     running_ = true;
-    graph_.drawStep = 10;
-    graph_.maxYRatio = 10;
-    runFormulaText_ = typedFormula;
-    runXBeginText_ = xBeginEdit_->text().toStdString();
-    runXEndText_ = xEndEdit_->text().toStdString();
     if (hooks_.record) {
-        hooks_.record(runFormulaText_, runXBeginText_, runXEndText_);
+        hooks_.record(typedFormula, xBeginEdit_->text().toStdString(),
+                      xEndEdit_->text().toStdString());
     }
-    if (role_ == TwoDGraphRole::Main) {
-        graph_.derivative.release();
-        graph_.integral.release();
-        graph_.areaLast = -1;
-        view_.areaPainted = false;
+    run_.start(xBegin, xEnd, pointsSpin_->correctedValue() * kPointsPerRunUnit, typedFormula);
+    if (run_.role() == TwoDGraphRole::Main) {
         Q_EMIT curvesChanged();
     }
-    previousXBegin_ = graph_.xBegin;
-    previousXEnd_ = graph_.xEnd;
-    // Both curves always cover the graph's X range: a new range for one is a new range for both.
-    const bool otherExists =
-        role_ == TwoDGraphRole::Main ? graph_.hasSecond() : graph_.main.exists();
-    resampleOther_ =
-        otherExists &&
-        (role_ == TwoDGraphRole::Main || xBegin != graph_.xBegin || xEnd != graph_.xEnd ||
-         graph_.pointsPerRun != pointsSpin_->correctedValue() * kPointsPerRunUnit);
-    graph_.xBegin = xBegin;
-    graph_.xEnd = xEnd;
-    graph_.pointsPerRun = pointsSpin_->correctedValue() * kPointsPerRunUnit;
-    graph_.computingSecond = role_ == TwoDGraphRole::Second;
-    formula_.useSecondFunction = role_ == TwoDGraphRole::Second;
-
     const bool started =
         job_.start(kProcTwoDGraphDialog, formula_.keepComputing, [this](const JobContext& context) {
             control_.progress = context.progress;
-            return sampleOnWorker();
+            return run_.sample(control_);
         });
     if (!started) {
         // accept() checked the worker just before; nothing else can start it in between.
@@ -321,50 +270,17 @@ void TwoDGraphDialog::startRun(const std::string& typedFormula, double xBegin, d
     }
 }
 
-// On the worker thread. Only the curves and the Formula are touched; the dialog's widgets are not.
-bool TwoDGraphDialog::sampleOnWorker() {
-    if (!sampleCurve(graph_, formula_, control_)) {
-        return false;
-    }
-    if (!resampleOther_) {
-        return true;
-    }
-    graph_.computingSecond = role_ == TwoDGraphRole::Main;
-    formula_.useSecondFunction = graph_.computingSecond;
-    const bool otherCompleted = sampleCurve(graph_, formula_, control_);
-    // A stopped run of the second function removes it (the sampler did); the main function stays
-    // as the new run left it. A stopped resampling of the main function leaves it on the old range,
-    // so the whole run counts as stopped.
-    return role_ == TwoDGraphRole::Main || otherCompleted;
-}
-
 void TwoDGraphDialog::finishRun(bool completed) {
     running_ = false;
-    formula_.useSecondFunction = false;
-    graph_.computingSecond = false;
     setRunning(false);
+    run_.finish(completed);
     if (!completed) {
-        graph_.xBegin = previousXBegin_;
-        graph_.xEnd = previousXEnd_;
-        if (role_ == TwoDGraphRole::Main) {
-            formula_.slots[kFunctionSlot] = previousSlot_;
-        } else {
-            graph_.second.release();
-            graph_.secondFormulaText.clear();
+        if (run_.role() == TwoDGraphRole::Second) {
             Q_EMIT curvesChanged();
         }
         Q_EMIT runFinished(false);
         return;
     }
-    if (role_ == TwoDGraphRole::Main) {
-        graph_.mainFormulaText = runFormulaText_;
-        if (!graph_.hasSecond()) {
-            graph_.secondFormulaText.clear();
-        }
-    } else {
-        graph_.secondFormulaText = runFormulaText_;
-    }
-    resetView(view_, graph_);
     Q_EMIT runFinished(true);
     Q_EMIT graphDrawn();
     QDialog::accept();

@@ -6,11 +6,11 @@
 
 #include <QDialog>
 
-#include "engine/ExpressionSlot.h"
 #include "engine/NumberEntry.h"
 #include "failure/ProcedureNames.h"
 #include "graph2d/GraphEntries.h"
 #include "graph2d/SamplingControl.h"
+#include "graph2d/TwoDRun.h"
 #include "worker/ui/WindowJob.h"
 
 class QCheckBox;
@@ -43,8 +43,6 @@ inline constexpr int kCancel = 2;
 inline constexpr int kHistory = 1063;
 inline constexpr int kHistoryList = 1037;
 }  // namespace twod_ids
-
-enum class TwoDGraphRole { Main, Second };
 
 // The three boxes' texts as they stand, for the history to locate.
 struct TwoDGraphInput {
@@ -103,13 +101,10 @@ class TwoDGraphDialog : public QDialog, public FailureScope {
     void applyPrompts(bool on);
     void setRunning(bool running);
     void startRun(const std::string& typedFormula, double xBegin, double xEnd);
-    bool sampleOnWorker();
     void finishRun(bool completed);
 
-    TwoDGraphRole role_;
     Formula& formula_;
-    TwoDGraph& graph_;
-    GraphView& view_;
+    TwoDRun run_;
     TwoDGraphHistoryHooks hooks_;
 
     QLineEdit* xBeginEdit_ = nullptr;
@@ -133,15 +128,6 @@ class TwoDGraphDialog : public QDialog, public FailureScope {
     bool running_ = false;
     // Lives here, not on the worker's stack: a fault there leaves the job without unwinding.
     SamplingControl control_;
-    // The run changed the X range, so the curve not typed here is sampled again to cover it.
-    bool resampleOther_ = false;
-    // What a stopped main run puts back, so the old graph stays whole: its formula slot and range.
-    ExpressionSlot previousSlot_;
-    double previousXBegin_ = 0.0;
-    double previousXEnd_ = 0.0;
-    std::string runFormulaText_;
-    std::string runXBeginText_;
-    std::string runXEndText_;
     // Last: it stops and waits for a job still running, which reads the members above.
     WindowJob job_;
 };

@@ -3,8 +3,6 @@
 #include <algorithm>
 
 #include <QCheckBox>
-#include <QCoreApplication>
-#include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -18,6 +16,7 @@
 #include "engine/ui/EntryErrorBox.h"
 #include "engine/ui/LogBaseDialog.h"
 #include "graph2d/ui/TwoDGraphPointsSpin.h"
+#include "worker/ui/RunFrame.h"
 
 namespace curvemill {
 
@@ -52,20 +51,14 @@ CurveWindow::CurveWindow(CurveForm form, Formula& formula, CurveGraph& graph, Wo
 
 void CurveWindow::buildControls() {
     const bool polar = form_ == CurveForm::Polar;
-    auto makeEdit = [this](int id, const QString& text) {
-        auto* edit = new QLineEdit(text, this);
-        edit->setObjectName(idName(id));
-        edit->setMaxLength(kEditLength);
-        return edit;
-    };
-    tBeginEdit_ = makeEdit(curve_ids::kTBegin, QStringLiteral("0"));
-    tEndEdit_ = makeEdit(curve_ids::kTEnd, QStringLiteral("2*pi"));
+    tBeginEdit_ = makeEntryBox(this, curve_ids::kTBegin, QStringLiteral("0"), kEditLength);
+    tEndEdit_ = makeEntryBox(this, curve_ids::kTEnd, QStringLiteral("2*pi"), kEditLength);
     QFont mono(QStringLiteral("Courier New"));
     mono.setStyleHint(QFont::Monospace);
-    firstEdit_ = makeEdit(curve_ids::kFirstFormula, QString());
+    firstEdit_ = makeEntryBox(this, curve_ids::kFirstFormula, QString(), kEditLength);
     firstEdit_->setMinimumWidth(360);
     firstEdit_->setFont(mono);
-    secondEdit_ = makeEdit(curve_ids::kSecondFormula, QString());
+    secondEdit_ = makeEntryBox(this, curve_ids::kSecondFormula, QString(), kEditLength);
     secondEdit_->setFont(mono);
 
     usePrompts_ = new QCheckBox(QStringLiteral("Use &Prompts"), this);
@@ -80,26 +73,15 @@ void CurveWindow::buildControls() {
     pointsLabel_->setObjectName(idName(curve_ids::kPointsLabel));
     pointsLabel_->setMinimumWidth(
         pointsLabel_->fontMetrics().horizontalAdvance(QStringLiteral("400000 Points ")));
-    progress_ = new QProgressBar(this);
-    progress_->setObjectName(idName(curve_ids::kProgress));
-    progress_->setRange(0, 100);
     // The window keeps one size whether or not a computation runs.
-    QSizePolicy keepRoom = progress_->sizePolicy();
-    keepRoom.setRetainSizeWhenHidden(true);
-    progress_->setSizePolicy(keepRoom);
+    progress_ = makeRunProgress(this, curve_ids::kProgress, true);
 
-    auto makeButton = [this](int id, const QString& text) {
-        auto* button = new QPushButton(text, this);
-        button->setObjectName(idName(id));
-        button->setAutoDefault(false);
-        return button;
-    };
-    okButton_ = makeButton(curve_ids::kOk, QStringLiteral("&OK"));
+    okButton_ = makeWindowButton(this, curve_ids::kOk, QStringLiteral("&OK"));
     okButton_->setDefault(true);
-    stopButton_ = makeButton(curve_ids::kStop, QStringLiteral("&Stop"));
-    cancelButton_ = makeButton(curve_ids::kCancel, QStringLiteral("&Cancel"));
-    historyButton_ = makeButton(curve_ids::kHistory, QStringLiteral("H&istory"));
-    auto* helpButton = makeButton(curve_ids::kHelp, QStringLiteral("&Help"));
+    stopButton_ = makeWindowButton(this, curve_ids::kStop, QStringLiteral("&Stop"));
+    cancelButton_ = makeWindowButton(this, curve_ids::kCancel, QStringLiteral("&Cancel"));
+    historyButton_ = makeWindowButton(this, curve_ids::kHistory, QStringLiteral("H&istory"));
+    auto* helpButton = makeHelpButton(this, curve_ids::kHelp);
 
     auto* boxes = new QGridLayout;
     auto addRow = [this, boxes](int row, int column, const QString& text, QLineEdit* edit,
@@ -148,10 +130,6 @@ void CurveWindow::buildControls() {
     connect(okButton_, &QPushButton::clicked, this, &CurveWindow::accept);
     connect(stopButton_, &QPushButton::clicked, this, &CurveWindow::stop);
     connect(cancelButton_, &QPushButton::clicked, this, &CurveWindow::reject);
-    connect(helpButton, &QPushButton::clicked, this, [this] {
-        QEvent request(QEvent::HelpRequest);
-        QCoreApplication::sendEvent(this, &request);
-    });
     connect(historyButton_, &QPushButton::clicked, this, &CurveWindow::showHistory);
     connect(pointsSpin_, &QSpinBox::valueChanged, this, &CurveWindow::updatePointsLabel);
     connect(pointsSpin_->editor(), &QLineEdit::textChanged, this, &CurveWindow::updatePointsLabel);
@@ -259,18 +237,11 @@ void CurveWindow::applyPrompts(bool on) {
 }
 
 void CurveWindow::setRunning(bool running) {
-    for (QWidget* input : std::initializer_list<QWidget*>{tBeginEdit_, tEndEdit_, firstEdit_,
-                                                          secondEdit_, usePrompts_, arrow_,
-                                                          pointsSpin_, okButton_, cancelButton_}) {
-        input->setEnabled(!running);
-    }
+    showRunning(running,
+                {tBeginEdit_, tEndEdit_, firstEdit_, secondEdit_, usePrompts_, arrow_, pointsSpin_,
+                 okButton_, cancelButton_},
+                stopButton_, progress_);
     historyButton_->setEnabled(!running && hasEntriesOfKind());
-    stopButton_->setEnabled(running);
-    progress_->setVisible(running);
-    if (running) {
-        progress_->setValue(0);
-        stopButton_->setFocus();
-    }
 }
 
 void CurveWindow::accept() {
@@ -279,14 +250,14 @@ void CurveWindow::accept() {
     }
     const CurveEntry input = currentInput();
     // The function graph's slots stay whole until a run completes in their place.
-    const ExpressionSlot first = formula_.slots[kFunctionSlot];
-    const ExpressionSlot second = formula_.slots[kSecondFunctionSlot];
+    previousFirst_.keep(formula_, kFunctionSlot);
+    previousSecond_.keep(formula_, kSecondFunctionSlot);
     const CurveEntries entries =
         checkCurveEntries(formula_, form_, tBeginBox_, tEndBox_, input.first, input.second,
                           [this] { askLogBase(formula_, this); });
     if (const auto& refusal = entries.refusal) {
-        formula_.slots[kFunctionSlot] = first;
-        formula_.slots[kSecondFunctionSlot] = second;
+        previousFirst_.restore();
+        previousSecond_.restore();
         QLineEdit* box = refusal->box == CurveEntryBox::kTBegin         ? tBeginEdit_
                          : refusal->box == CurveEntryBox::kTEnd         ? tEndEdit_
                          : refusal->box == CurveEntryBox::kFirstFormula ? firstEdit_
@@ -302,8 +273,6 @@ void CurveWindow::accept() {
     running_.tEnd = entries.tEnd;
     running_.startPoints = pointsSpin_->correctedValue() * kPointsUnit;
     running_.arrow = arrow_->isChecked();
-    previousFirst_ = first;
-    previousSecond_ = second;
     setRunning(true);
     Q_EMIT entryAccepted(input);
     const bool started =
@@ -319,8 +288,8 @@ void CurveWindow::accept() {
 void CurveWindow::finishRun(bool completed) {
     setRunning(false);
     if (!completed) {
-        formula_.slots[kFunctionSlot] = previousFirst_;
-        formula_.slots[kSecondFunctionSlot] = previousSecond_;
+        previousFirst_.restore();
+        previousSecond_.restore();
         Q_EMIT runFinished(false);
         return;
     }

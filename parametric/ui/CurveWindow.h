@@ -4,8 +4,8 @@
 
 #include <QDialog>
 
-#include "engine/ExpressionSlot.h"
 #include "engine/NumberEntry.h"
+#include "engine/SlotKeeper.h"
 #include "failure/ProcedureNames.h"
 #include "graph2d/SamplingControl.h"
 #include "parametric/CurveEntries.h"
@@ -106,8 +106,8 @@ class CurveWindow : public QDialog, public FailureScope {
     // The run samples into this graph, handed over only when it completes: a stopped run leaves
     // the curve on screen whole.
     CurveGraph running_;
-    ExpressionSlot previousFirst_;
-    ExpressionSlot previousSecond_;
+    SlotKeeper previousFirst_;
+    SlotKeeper previousSecond_;
     SamplingControl control_;
     // Last: it stops and waits for a job still running, which reads the members above.
     WindowJob job_;

@@ -9,6 +9,7 @@
 #include "engine/ui/LogBaseDialog.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
+#include "graph2d/TwoDRun.h"
 #include "graph2d/ui/TwoDGraphDialog.h"
 #include "graph2d/ui/TwoDGraphPointsSpin.h"
 #include "history/HistoryPort.h"
@@ -135,33 +136,22 @@ void FunctionCommands::addOrEraseSecondFunction() {
         second->open();
         return;
     }
-    parts_.graph.second.release();
-    parts_.graph.secondFormulaText.clear();
+    dropSecondFunction(parts_.graph);
     resetView(parts_.view, parts_.graph);
     parts_.area.showNewGraph();
     parts_.changed();
 }
 
 void FunctionCommands::switchFunctions() {
-    TwoDGraph& graph = parts_.graph;
-    if (!graph.hasSecond()) {
+    if (!curvemill::switchFunctions(parts_.graph, parts_.formula, parts_.view)) {
         return;
     }
-    std::swap(graph.main, graph.second);
-    std::swap(graph.mainFormulaText, graph.secondFormulaText);
-    std::swap(parts_.formula.slots[0], parts_.formula.slots[2]);
     // The dialogs show what each curve is now, so OK in either draws what the user sees.
     if (mainDialog_ != nullptr && secondDialog_ != nullptr) {
         const QString mainText = mainDialog_->formulaText();
         mainDialog_->setFormulaText(secondDialog_->formulaText());
         secondDialog_->setFormulaText(mainText);
     }
-    // The derivative and the integral were taken of the function that is now the second one.
-    graph.derivative.release();
-    graph.integral.release();
-    graph.areaLast = -1;
-    parts_.view.areaPainted = false;
-    resetView(parts_.view, graph);
     parts_.area.showNewGraph();
     parts_.changed();
 }

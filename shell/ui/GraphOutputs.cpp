@@ -5,29 +5,22 @@
 #include <QPainter>
 #include <QPrinter>
 
+#include "equation/EquationCsv.h"
+#include "graph2d/GraphPointsCsv.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ViewResize.h"
 #include "graph2d/ui/GraphPainter.h"
-#include "output/PointsCsv.h"
 #include "output/ui/ClipboardCopy.h"
 #include "output/ui/GraphPrinting.h"
 #include "output/ui/SaveToFileDialog.h"
+#include "parametric/CurveCsv.h"
 #include "shell/CommandTable.h"
 #include "shell/ui/CommandActions.h"
 #include "shell/ui/GraphArea.h"
 #include "shell/ui/KindPictures.h"
 
 namespace curvemill {
-
-std::optional<QRectF> plottedPart(const GraphView& view, const std::optional<QRectF>& part) {
-    if (!part) {
-        return std::nullopt;
-    }
-    // Curves are clipped to the plotting area: a point in the margins is not on the picture.
-    return part->intersected(
-        QRectF(view.left, view.top, view.visibleWidth(), view.visibleHeight()));
-}
 
 GraphView twoDDocumentView(const GraphView& view) {
     GraphView document = view;
@@ -62,40 +55,6 @@ GraphDrawing twoDGraphDrawing(const TwoDGraph& graph, const GraphView& view) {
         extras.widePens = extent == PictureExtent::PrintedPage;
         drawGraph(painter, graph, target, extras);
     };
-}
-
-std::string twoDPointsCsv(const TwoDGraph& graph, const GraphView& view,
-                          const std::optional<QRectF>& part) {
-    const std::optional<QRectF> shown = plottedPart(view, part);
-    const auto inside = [&view, &shown](const PlotPoint& point) {
-        if (point.isIndefinite || !std::isfinite(point.y)) {
-            return false;
-        }
-        return !shown || shown->contains(view.toPixelX(point.x), view.toPixelY(point.y));
-    };
-    const auto take = [&inside](const Curve& curve, std::string name) {
-        CsvCurve taken{std::move(name), {}};
-        if (curve.exists()) {
-            for (const PlotPoint& point : curve) {
-                if (inside(point)) {
-                    taken.points.push_back({point.x, point.y});
-                }
-            }
-        }
-        return taken;
-    };
-    std::vector<CsvCurve> curves;
-    curves.push_back(take(graph.main, "y = " + graph.mainFormulaText));
-    if (graph.hasSecond()) {
-        curves.push_back(take(graph.second, "y = " + graph.secondFormulaText));
-    }
-    if (graph.hasDerivative()) {
-        curves.push_back(take(graph.derivative, "derivative"));
-    }
-    if (graph.hasIntegral()) {
-        curves.push_back(take(graph.integral, "integral"));
-    }
-    return pointsCsv(curves);
 }
 
 GraphOutputs::GraphOutputs(const TwoDGraph& graph, const GraphView& view, GraphArea& area,
@@ -139,12 +98,13 @@ GraphPicture GraphOutputs::picture() const {
         };
         return picture;
     }
-    const auto logicalPart = [ratio](const std::optional<QRect>& part) -> std::optional<QRectF> {
+    const auto logicalPart = [ratio](const std::optional<QRect>& part) -> std::optional<PixelRect> {
         if (!part) {
             return std::nullopt;
         }
-        return QRectF(part->x() / ratio, part->y() / ratio, part->width() / ratio,
-                      part->height() / ratio);
+        const double left = part->x() / ratio;
+        const double top = part->y() / ratio;
+        return PixelRect{left, top, left + part->width() / ratio, top + part->height() / ratio};
     };
     const GraphView& view = view_;
     if (kind == GraphKind::Equation && others_.equation != nullptr &&

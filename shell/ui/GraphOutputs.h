@@ -47,14 +47,6 @@ struct OtherGraphs {
     const CurveGraph* curve = nullptr;
 };
 
-// `part` cut to the plotting area of `view`; no part stays none (every point).
-std::optional<QRectF> plottedPart(const GraphView& view, const std::optional<QRectF>& part);
-
-// The 2D curves' points whose pixels lie inside `part` of a screen laid out as `view` (in its
-// logical pixels) and inside its plotting area, or every defined point without a part, as CSV.
-std::string twoDPointsCsv(const TwoDGraph& graph, const GraphView& view,
-                          const std::optional<QRectF>& part);
-
 class GraphOutputs {
   public:
     GraphOutputs(const TwoDGraph& graph, const GraphView& view, GraphArea& area, QWidget* window);

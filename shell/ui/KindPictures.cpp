@@ -1,8 +1,5 @@
 #include "shell/ui/KindPictures.h"
 
-#include <algorithm>
-#include <cmath>
-#include <sstream>
 #include <vector>
 
 #include <QPainter>
@@ -14,7 +11,6 @@
 #include "graph3d/SurfaceDrawing.h"
 #include "graph3d/ui/SurfacePainter.h"
 #include "output/PointsCsv.h"
-#include "parametric/CurveCsv.h"
 #include "parametric/CurveGraph.h"
 #include "parametric/ui/CurvePainter.h"
 #include "shell/ui/GraphOutputs.h"
@@ -35,41 +31,12 @@ GraphDrawing equationDrawing(const EquationCurve& curve, const EquationLook& loo
     };
 }
 
-std::string equationPointsCsv(const EquationCurve& curve, const GraphView& view,
-                              const std::optional<QRectF>& part) {
-    const std::optional<QRectF> shown = plottedPart(view, part);
-    CsvCurve taken{curve.formulaText + " = 0", {}};
-    if (curve.shown) {
-        for (const SolutionPoint& point : curve.solutions) {
-            if (std::isfinite(point.x) && std::isfinite(point.y) &&
-                (!shown || shown->contains(view.toPixelX(point.x), view.toPixelY(point.y)))) {
-                taken.points.push_back({point.x, point.y});
-            }
-        }
-    }
-    return pointsCsv({taken});
-}
-
 GraphDrawing curveDrawing(const CurveGraph& curve, const GraphView& view) {
     return [&curve, &view](QPainter& painter, QSize pixels, PictureExtent extent) {
         GraphView target = targetView(view, painter, pixels, extent);
         GraphPainter graphPainter;
         CurvePainter().draw(graphPainter, painter, curve, target);
     };
-}
-
-std::string curvePointsCsv(const CurveGraph& curve, const GraphView& view,
-                           const std::optional<QRectF>& part) {
-    const std::optional<QRectF> shown = plottedPart(view, part);
-    std::vector<CurvePoint> taken;
-    for (const CurvePoint& p : curve.points) {
-        if (!shown || shown->contains(view.toPixelX(p.x), view.toPixelY(p.y))) {
-            taken.push_back(p);
-        }
-    }
-    std::ostringstream text;
-    writeCurveCsv(taken, text);
-    return text.str();
 }
 
 GraphDrawing surfaceDrawing(SurfaceScene& scene) {

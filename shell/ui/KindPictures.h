@@ -1,5 +1,5 @@
-// The drawing routine and the CSV of the equation curve and of the surface, for Save As File,
-// Print and Copy: each kind is drawn again by its own painter at the target's pixels.
+// The drawing routines of the equation curve, the curve and the surface, and the surface's CSV, for
+// Save As File, Print and Copy: each kind is drawn again by its own painter at the target's pixels.
 #pragma once
 
 #include <optional>
@@ -22,19 +22,8 @@ struct SurfaceScene;
 GraphDrawing equationDrawing(const EquationCurve& curve, const EquationLook& look,
                              const GraphView& view);
 
-// The solution points whose pixels lie inside `part` of a screen laid out as `view` (logical
-// pixels) and inside its plotting area, or every solution without a part, as CSV under the name
-// "<F> = 0".
-std::string equationPointsCsv(const EquationCurve& curve, const GraphView& view,
-                              const std::optional<QRectF>& part);
-
 // The curve laid out like the 2D graph, as the equation is.
 GraphDrawing curveDrawing(const CurveGraph& curve, const GraphView& view);
-
-// The records (t, x, y, isBreak) whose points lie inside `part` of a screen laid out as `view`
-// (logical pixels) and inside its plotting area, or every record without a part.
-std::string curvePointsCsv(const CurveGraph& curve, const GraphView& view,
-                           const std::optional<QRectF>& part);
 
 // The surface has no scrolled document: every extent is the window's figure, fitted to the
 // target as on screen, on the screen's background.

@@ -1,7 +1,6 @@
 #include "twovar/ui/TwoVariableWindow.h"
 
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -13,7 +12,6 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
-#include "engine/ExpressionSlot.h"
 #include "engine/Formula.h"
 #include "engine/FormulaCheck.h"
 #include "engine/NumberEntry.h"
@@ -22,6 +20,7 @@
 #include "history/HistoryPort.h"
 #include "twovar/TwoVariableEntries.h"
 #include "twovar/TwoVariableSettings.h"
+#include "worker/ui/RunFrame.h"
 #include "worker/ui/Worker.h"
 
 namespace curvemill {
@@ -80,17 +79,11 @@ TwoVariableWindow::TwoVariableWindow(Formula& formula, TwoVariableSettings& sett
 }
 
 void TwoVariableWindow::buildControls() {
-    auto makeEdit = [this](int id, const QString& text) {
-        auto* edit = new QLineEdit(text, this);
-        edit->setObjectName(idName(id));
-        edit->setMaxLength(kEditLength);
-        return edit;
-    };
-    xBeginEdit_ = makeEdit(twovar_ids::kXBegin, QString());
-    xEndEdit_ = makeEdit(twovar_ids::kXEnd, QString());
-    yBeginEdit_ = makeEdit(twovar_ids::kYBegin, QString());
-    yEndEdit_ = makeEdit(twovar_ids::kYEnd, QString());
-    formulaEdit_ = makeEdit(twovar_ids::kFormula, QString());
+    xBeginEdit_ = makeEntryBox(this, twovar_ids::kXBegin, QString(), kEditLength);
+    xEndEdit_ = makeEntryBox(this, twovar_ids::kXEnd, QString(), kEditLength);
+    yBeginEdit_ = makeEntryBox(this, twovar_ids::kYBegin, QString(), kEditLength);
+    yEndEdit_ = makeEntryBox(this, twovar_ids::kYEnd, QString(), kEditLength);
+    formulaEdit_ = makeEntryBox(this, twovar_ids::kFormula, QString(), kEditLength);
     formulaEdit_->setMinimumWidth(420);
     QFont mono(QStringLiteral("Courier New"));
     mono.setStyleHint(QFont::Monospace);
@@ -117,28 +110,17 @@ void TwoVariableWindow::buildControls() {
     makeSpin(twovar_ids::kPrecisionSpin, twovar_ids::kPrecisionEdit, twovar_ids::kPrecisionLabel,
              precisionSpin_, precisionLabel_);
 
-    progress_ = new QProgressBar(this);
-    progress_->setObjectName(idName(twovar_ids::kProgress));
-    progress_->setRange(0, 100);
     // The window keeps one size whether or not a computation runs.
-    QSizePolicy keepRoom = progress_->sizePolicy();
-    keepRoom.setRetainSizeWhenHidden(true);
-    progress_->setSizePolicy(keepRoom);
+    progress_ = makeRunProgress(this, twovar_ids::kProgress, true);
     usePrompts_ = new QCheckBox(QStringLiteral("Use &Prompts"), this);
     usePrompts_->setObjectName(idName(twovar_ids::kUsePrompts));
 
-    auto makeButton = [this](int id, const QString& text) {
-        auto* button = new QPushButton(text, this);
-        button->setObjectName(idName(id));
-        button->setAutoDefault(false);
-        return button;
-    };
-    okButton_ = makeButton(twovar_ids::kOk, QStringLiteral("&OK"));
+    okButton_ = makeWindowButton(this, twovar_ids::kOk, QStringLiteral("&OK"));
     okButton_->setDefault(true);
-    stopButton_ = makeButton(twovar_ids::kStop, QStringLiteral("&Stop"));
-    cancelButton_ = makeButton(twovar_ids::kCancel, QStringLiteral("&Cancel"));
-    historyButton_ = makeButton(twovar_ids::kHistory, QStringLiteral("H&istory"));
-    auto* helpButton = makeButton(twovar_ids::kHelp, QStringLiteral("&Help"));
+    stopButton_ = makeWindowButton(this, twovar_ids::kStop, QStringLiteral("&Stop"));
+    cancelButton_ = makeWindowButton(this, twovar_ids::kCancel, QStringLiteral("&Cancel"));
+    historyButton_ = makeWindowButton(this, twovar_ids::kHistory, QStringLiteral("H&istory"));
+    auto* helpButton = makeHelpButton(this, twovar_ids::kHelp);
 
     auto* ranges = new QGridLayout;
     auto addRange = [this, ranges](int row, int column, const QString& text, QLineEdit* edit) {
@@ -190,10 +172,6 @@ void TwoVariableWindow::buildControls() {
     layout->addLayout(buttons);
 
     connect(okButton_, &QPushButton::clicked, this, &TwoVariableWindow::accept);
-    connect(helpButton, &QPushButton::clicked, this, [this] {
-        QEvent request(QEvent::HelpRequest);
-        QCoreApplication::sendEvent(this, &request);
-    });
     connect(stopButton_, &QPushButton::clicked, this, &TwoVariableWindow::stop);
     connect(cancelButton_, &QPushButton::clicked, this, &TwoVariableWindow::reject);
     connect(historyButton_, &QPushButton::clicked, this, &TwoVariableWindow::showPreviousEntries);
@@ -297,18 +275,11 @@ void TwoVariableWindow::applyPrompts(bool on) {
 }
 
 void TwoVariableWindow::setInputsEnabled(bool enabled) {
-    for (QWidget* input : std::initializer_list<QWidget*>{
-             xBeginEdit_, xEndEdit_, yBeginEdit_, yEndEdit_, formulaEdit_, xPointsSpin_,
-             yPointsSpin_, precisionSpin_, okButton_, cancelButton_, usePrompts_}) {
-        input->setEnabled(enabled);
-    }
+    showRunning(!enabled,
+                {xBeginEdit_, xEndEdit_, yBeginEdit_, yEndEdit_, formulaEdit_, xPointsSpin_,
+                 yPointsSpin_, precisionSpin_, okButton_, cancelButton_, usePrompts_},
+                stopButton_, progress_);
     historyButton_->setEnabled(enabled && historyAvailable_);
-    stopButton_->setEnabled(!enabled);
-    progress_->setVisible(!enabled);
-    if (!enabled) {
-        progress_->setValue(0);
-        stopButton_->setFocus();
-    }
 }
 
 // Every box carries the error icon; a refused range or formula also has a Help button explaining
@@ -333,16 +304,14 @@ void TwoVariableWindow::accept() {
         return;
     }
     const std::string typed = formulaEdit_->text().toStdString();
-    // A refused or stopped entry must leave the formula of the graph on screen in its slot: the
-    // math tools evaluate it there.
-    const ExpressionSlot previousSlot = formula_.slots[kTwoVariableSlot];
+    slot_.keep(formula_, kTwoVariableSlot);
     const TwoVariableEntries entries = checkTwoVariableEntries(
         formula_,
         {xBeginEdit_->text().toStdString(), xEndEdit_->text().toStdString(),
          yBeginEdit_->text().toStdString(), yEndEdit_->text().toStdString(), typed},
         [this] { askLogBase(formula_, this); });
     if (const auto& refusal = entries.refusal) {
-        formula_.slots[kTwoVariableSlot] = previousSlot;
+        slot_.restore();
         QLineEdit* const boxes[] = {xBeginEdit_, xEndEdit_, yBeginEdit_, yEndEdit_, formulaEdit_};
         QLineEdit* box = boxes[static_cast<int>(refusal->box)];
         // A formula check that stopped without a message of its own only returns to the box.
@@ -363,7 +332,7 @@ void TwoVariableWindow::accept() {
 
     TwoVariableComputation* work = computation();
     if (work == nullptr) {
-        formula_.slots[kTwoVariableSlot] = previousSlot;
+        slot_.restore();
         if (history_ != nullptr) {
             history_->recordEntry(entry);
         }
@@ -387,10 +356,9 @@ void TwoVariableWindow::accept() {
     request.precisionDigits = settings_.precisionDigits;
     request.formulaText = typed;
     running_ = true;
-    previousSlot_ = previousSlot;
     if (!job_.start(kProcEquationWindow, formula_.keepComputing, work->makeJob(request))) {
         running_ = false;
-        formula_.slots[kTwoVariableSlot] = previousSlot;
+        slot_.restore();
         setInputsEnabled(true);
     }
 }
@@ -415,7 +383,7 @@ void TwoVariableWindow::computationEnded(bool completed) {
     if (work != nullptr) {
         work->abandoned();
     }
-    formula_.slots[kTwoVariableSlot] = previousSlot_;
+    slot_.restore();
     setInputsEnabled(true);
     Q_EMIT repaintRequested();
 }

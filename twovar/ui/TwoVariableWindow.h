@@ -6,7 +6,7 @@
 
 #include <QDialog>
 
-#include "engine/ExpressionSlot.h"
+#include "engine/SlotKeeper.h"
 #include "failure/ProcedureNames.h"
 #include "twovar/TwoVariableComputation.h"
 #include "twovar/TwoVariableSettings.h"
@@ -118,8 +118,8 @@ class TwoVariableWindow : public QDialog, public FailureScope {
     TwoVariableMode mode_ = TwoVariableMode::kEquation;
     bool running_ = false;
     bool historyAvailable_ = false;
-    // The two-variable slot as it was before the running entry replaced it.
-    ExpressionSlot previousSlot_;
+    // The slot of the graph on screen, put back when an entry is refused, fails or is stopped.
+    SlotKeeper slot_;
 
     QLineEdit* xBeginEdit_ = nullptr;
     QLineEdit* xEndEdit_ = nullptr;
