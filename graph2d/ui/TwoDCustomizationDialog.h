@@ -57,7 +57,7 @@ class TwoDCustomizationDialog : public QDialog, public FailureScope {
 
   private:
     struct OrderButton {
-        char letter;
+        GraphCurve curve;
         QPushButton* button;
         QLabel* place;
     };
