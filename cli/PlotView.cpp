@@ -84,10 +84,11 @@ std::optional<PlotViewOptions> plotViewOptions(const ParsedArguments& arguments,
         options.ratio = static_cast<int>(*n);
     }
     if (const auto order = arguments.value("order")) {
-        DisplayOrderPicker picker("");
+        DisplayOrderPicker picker;
         bool valid = !order->empty();
         for (const char letter : *order) {
-            valid = valid && picker.press(letter) != 0;
+            const auto curve = curveOfLetter(letter);
+            valid = valid && curve && picker.press(*curve) != 0;
         }
         if (!valid) {
             usage.report() << "--order takes each of the letters f, d, i and F at most "

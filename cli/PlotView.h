@@ -19,7 +19,7 @@ struct PlotViewOptions {
     std::optional<double> scrollY;
     bool fit = false;
     std::optional<int> ratio;
-    std::optional<std::string> order;
+    std::optional<DisplayOrder> order;
     bool noOptimize = false;
 
     // Zoom, scroll or fit asked for: the view is laid out as the screen lays it out.

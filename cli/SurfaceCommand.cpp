@@ -84,15 +84,17 @@ std::optional<std::string> readSurface(Formula& formula, const ParsedArguments& 
     return std::nullopt;
 }
 
-std::optional<char> letterArgument(const std::optional<std::string>& value, std::string_view name,
-                                   std::initializer_list<std::pair<std::string_view, char>> choices,
-                                   char fallback, UsageErrors& usage) {
+template <typename Choice>
+std::optional<Choice> choiceArgument(
+    const std::optional<std::string>& value, std::string_view name,
+    std::initializer_list<std::pair<std::string_view, Choice>> choices, Choice fallback,
+    UsageErrors& usage) {
     if (!value) {
         return fallback;
     }
-    for (const auto& [word, letter] : choices) {
+    for (const auto& [word, choice] : choices) {
         if (*value == word) {
-            return letter;
+            return choice;
         }
     }
     std::ostream& err = usage.report() << "--" << name << " must be one of";
@@ -108,7 +110,7 @@ void printSummary(const SurfaceGrid& grid, std::ostream& out) {
         << "zMax " << fullPrecision(grid.limits.zMax) << '\n'
         << "zLow " << fullPrecision(grid.zLow) << '\n'
         << "zHigh " << fullPrecision(grid.zHigh) << '\n'
-        << "zLimits " << grid.limits.active << '\n'
+        << "zLimits " << (grid.limits.active ? 'y' : 'n') << '\n'
         << "zLimitStep " << grid.limits.step << '\n'
         << "steps " << grid.limits.availableSteps << '\n'
         << "indefinite " << grid.indefiniteCount() << '\n';
@@ -147,19 +149,21 @@ int runSurface(const ParsedArguments& arguments, std::ostream& out, UsageErrors&
     const auto typed = formulaArgument(arguments.positionals[0], usage);
     const auto nx = wholeArgument(arguments.value("nx"), "nx", 100, 500, 100, usage);
     const auto ny = wholeArgument(arguments.value("ny"), "ny", 100, 500, 100, usage);
-    const auto mode =
-        letterArgument(arguments.value("mode"), "mode",
-                       {{"polygons", 'a'}, {"lines", 'l'}, {"pixels", 'p'}}, 'a', usage);
-    const auto scheme = letterArgument(arguments.value("scheme"), "scheme",
-                                       {{"r", 'r'},
-                                        {"g", 'g'},
-                                        {"b", 'b'},
-                                        {"c", 'c'},
-                                        {"m", 'm'},
-                                        {"y", 'y'},
-                                        {"1", '1'},
-                                        {"o", 'o'}},
-                                       'r', usage);
+    const auto mode = choiceArgument(arguments.value("mode"), "mode",
+                                     {{"polygons", DrawingMode::kPolygons},
+                                      {"lines", DrawingMode::kLines},
+                                      {"pixels", DrawingMode::kPixels}},
+                                     DrawingMode::kPolygons, usage);
+    const auto scheme = choiceArgument(arguments.value("scheme"), "scheme",
+                                       {{"r", ColourScheme::kRed},
+                                        {"g", ColourScheme::kGreen},
+                                        {"b", ColourScheme::kBlue},
+                                        {"c", ColourScheme::kCyan},
+                                        {"m", ColourScheme::kMagenta},
+                                        {"y", ColourScheme::kYellow},
+                                        {"1", ColourScheme::kGrey},
+                                        {"o", ColourScheme::kOwn}},
+                                       ColourScheme::kRed, usage);
     const auto rotation = readRotation(arguments.value("rotate"), usage);
     SurfaceView placedEye;
     bool ok = true;

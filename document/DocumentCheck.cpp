@@ -210,16 +210,7 @@ Refusal checkFlatView(DocumentKind kind, const FlatViewState& view) {
 }
 
 Refusal checkFlatLook(DocumentKind kind, const FlatLook& look) {
-    if (auto refusal = checkWhole(kind, "look.maxYRatio", look.maxYRatio, 1, kMostYRatio)) {
-        return refusal;
-    }
-    // The dialog's picker puts every curve letter in once; an order it would change is none it
-    // could have made.
-    if (DisplayOrderPicker(look.displayOrder).order() != look.displayOrder) {
-        return refuse(fieldOf(kind, "look.displayOrder"),
-                      "must hold each of f, d, i and F once, not \"" + look.displayOrder + "\"");
-    }
-    return std::nullopt;
+    return checkWhole(kind, "look.maxYRatio", look.maxYRatio, 1, kMostYRatio);
 }
 
 Refusal checkSurfaceLook(const SurfaceSection& section) {

@@ -43,7 +43,7 @@ struct PreparedDocument {
 PreparedDocument prepareDocumentFormulas(Formula& formula, const GraphDocument& document);
 
 // Everything a window would refuse: the formulas and ranges (as prepareDocumentFormulas, on a
-// Formula of its own), counts, ratios, display order, stretches, zoom, angles, the surface's look.
+// Formula of its own), counts, ratios, stretches, zoom, angles, the surface's look.
 std::optional<DocumentRefusal> checkGraphDocument(const GraphDocument& document);
 
 // A text that the number boxes read back as exactly `value` (plain decimals, no exponent), for a

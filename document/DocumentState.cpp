@@ -15,20 +15,6 @@ namespace curvemill {
 
 namespace {
 
-// The letters the core keeps for the enums of the document, in the enums' order.
-constexpr char kSchemeLetters[] = {'1', 'r', 'g', 'b', 'c', 'm', 'y', 'o'};
-constexpr char kModeLetters[] = {'a', 'l', 'p'};
-
-template <typename Enum, std::size_t N>
-Enum enumOfLetter(const char (&letters)[N], char letter, Enum fallback) {
-    for (std::size_t i = 0; i < N; ++i) {
-        if (letters[i] == letter) {
-            return static_cast<Enum>(i);
-        }
-    }
-    return fallback;
-}
-
 RangeTexts rangeTexts(double begin, double end) {
     return {numberEntryText(begin), numberEntryText(end)};
 }
@@ -145,15 +131,15 @@ SurfaceSection captureSurface(const TwoVariableSettings& entries, const SurfaceS
     section.shiny = light.shiny;
     section.specularShare = light.specularShare;
     section.fog = light.fogIntensity;
-    section.scheme = enumOfLetter(kSchemeLetters, light.scheme, SurfaceScheme::kRed);
+    section.scheme = light.scheme;
     section.ownColour = {static_cast<std::int32_t>(light.ownRed),
                          static_cast<std::int32_t>(light.ownGreen),
                          static_cast<std::int32_t>(light.ownBlue)};
-    section.mode = enumOfLetter(kModeLetters, scene.drawing.mode, SurfaceMode::kPolygons);
+    section.mode = scene.drawing.mode;
     section.shading = scene.drawing.shading;
     // The step counts only while the figure's heights are limited; a figure without limits keeps
     // 0 there, and the step a new figure starts with stands for it.
-    section.zLimitStep = scene.grid.limits.active == 'y' ? scene.grid.limits.step : ZLimits().step;
+    section.zLimitStep = scene.grid.limits.active ? scene.grid.limits.step : ZLimits().step;
     section.gridBox = scene.drawing.gridBox;
     return section;
 }
@@ -186,11 +172,11 @@ void applySurfaceLook(const SurfaceSection& section, SurfaceScene& scene, Rotati
     light.shiny = section.shiny;
     light.specularShare = section.specularShare;
     light.fogIntensity = section.fog;
-    light.scheme = kSchemeLetters[static_cast<int>(section.scheme)];
+    light.scheme = section.scheme;
     light.ownRed = section.ownColour[0];
     light.ownGreen = section.ownColour[1];
     light.ownBlue = section.ownColour[2];
-    scene.drawing.mode = kModeLetters[static_cast<int>(section.mode)];
+    scene.drawing.mode = section.mode;
     scene.drawing.shading = section.shading;
     scene.drawing.gridBox = section.gridBox;
     // The routes of the customization dialog: the eye is set up again for the location and the

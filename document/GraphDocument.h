@@ -6,6 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "graph2d/DisplayOrder.h"
+#include "graph3d/SurfaceStyle.h"
+
 namespace curvemill {
 
 // The first two members of every file; a reader refuses another format or a newer version.
@@ -48,8 +51,7 @@ struct FlatLook {
     bool selectArea = false;
     bool tooltips = true;
     bool toolbar = true;
-    // Curve letters drawn first to last: f main, d derivative, i integral, F second function.
-    std::string displayOrder = "fdiF";
+    DisplayOrder displayOrder;
     bool grid = true;
     friend bool operator==(const FlatLook&, const FlatLook&) = default;
 };
@@ -92,10 +94,6 @@ struct EquationSection {
     friend bool operator==(const EquationSection&, const EquationSection&) = default;
 };
 
-enum class SurfaceMode { kPolygons, kLines, kPixels };
-
-enum class SurfaceScheme { kGrey, kRed, kGreen, kBlue, kCyan, kMagenta, kYellow, kOwn };
-
 struct SurfaceSection {
     std::string formula;
     RangeTexts x;
@@ -113,10 +111,10 @@ struct SurfaceSection {
     bool shiny = false;
     float specularShare = 0.5f;
     std::int32_t fog = 5;
-    SurfaceScheme scheme = SurfaceScheme::kRed;
+    ColourScheme scheme = ColourScheme::kRed;
     // The own colour, 0..255 per channel.
     std::array<std::int32_t, 3> ownColour{191, 65, 41};
-    SurfaceMode mode = SurfaceMode::kPolygons;
+    DrawingMode mode = DrawingMode::kPolygons;
     bool shading = false;
     // The Z-limit step; it counts only for a surface whose heights get limits.
     std::int32_t zLimitStep = 5;

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <array>
-#include <string>
 #include <vector>
 
+#include "graph2d/DisplayOrder.h"
 #include "graph2d/TwoDGraph.h"
 
 namespace curvemill {
@@ -66,8 +66,7 @@ struct GraphView {
     // follow whatever function is drawn until they are switched off.
     bool indefiniteMarked = false;
     bool gridOn = true;
-    // Curve letters drawn first to last: f main, d derivative, i integral, F second function.
-    std::string displayOrder = "fdiF";
+    DisplayOrder displayOrder;
 
     // Current grid steps; -1.0 means "choose before the next drawing".
     double gridStepX = -1.0;

@@ -1,9 +1,7 @@
 // The settings of the 2D graph the customization dialog edits, and how they are applied.
 #pragma once
 
-#include <string>
-#include <string_view>
-
+#include "graph2d/DisplayOrder.h"
 #include "graph2d/GraphView.h"
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ViewYRange.h"
@@ -21,7 +19,7 @@ struct TwoDSettings {
     bool selectArea = false;
     bool tooltips = true;
     bool toolbar = true;
-    std::string displayOrder = "fdiF";
+    DisplayOrder displayOrder;
 };
 
 // The upper end of the ratio spin: the curves' unclamped height over the X range, rounded up to
@@ -35,24 +33,5 @@ YRange ratioYRange(const TwoDGraph& graph, int ratio);
 // function recomputed when the option changes) and the display order to the view. Returns
 // whether the ratio changed: then the Y range and layout must be worked out again.
 bool applyGraphSettings(TwoDGraph& graph, GraphView& view, const TwoDSettings& settings);
-
-// The working display order of the dialog: each curve button pressed takes the next place.
-class DisplayOrderPicker {
-  public:
-    // Starts from the order in use, so every button shows its place until "Reset".
-    explicit DisplayOrderPicker(std::string_view order);
-
-    // The place (1..4) `letter` takes, or 0 when it has one already or is no curve letter.
-    int press(char letter);
-    void reset() { working_.clear(); }
-    // 0 when not placed.
-    int placeOf(char letter) const;
-    // The letters at their places; letters never placed follow in the default order, so a curve
-    // left out after "Reset" is drawn last rather than not at all.
-    std::string order() const;
-
-  private:
-    std::string working_;
-};
 
 }  // namespace curvemill

@@ -108,14 +108,14 @@ SurfaceOutcome computeSurface(Formula& formula, SurfaceGrid& grid,
     const double dxAll = grid.xBegin - grid.xEnd;
     const double dyAll = grid.yBegin - grid.yEnd;
     grid.diagonal = std::sqrt(dxAll * dxAll + dyAll * dyAll);
-    applyZLimits(grid, 'y');
+    applyZLimits(grid, LimitStep::kWidest);
     grid.xc = (grid.xEnd + grid.xBegin) * 0.5;
     grid.yc = (grid.yEnd + grid.yBegin) * 0.5;
     grid.zc = (grid.zLow + grid.zHigh) * 0.5;
     return SurfaceOutcome::Done;
 }
 
-void applyZLimits(SurfaceGrid& grid, char resetStep) {
+void applyZLimits(SurfaceGrid& grid, LimitStep step) {
     ZLimits& limits = grid.limits;
     double zMax = -1e100;
     double zMin = 1e100;
@@ -136,8 +136,8 @@ void applyZLimits(SurfaceGrid& grid, char resetStep) {
     double steps = std::trunc((zMax - zMin) / (2 * D));
     steps = std::clamp(std::isnan(steps) ? 0.0 : steps, -1.0, 10000.0);
     limits.availableSteps = std::min(static_cast<std::int32_t>(steps), limits.upperBound);
-    limits.active = limits.availableSteps >= limits.lowerBound ? 'y' : 'n';
-    if (resetStep == 'y') {
+    limits.active = limits.availableSteps >= limits.lowerBound;
+    if (step == LimitStep::kWidest) {
         limits.step = std::min(limits.upperBound, limits.availableSteps);
     }
     double mid = (zMin + zMax) / 2;
@@ -149,12 +149,12 @@ void applyZLimits(SurfaceGrid& grid, char resetStep) {
     // band would have no height and the figure would collapse onto one plane, the very
     // flattening the limits are there to prevent. Only then the band is centred on the median of
     // the defined values, where the bulk of the surface lies.
-    if (limits.active == 'y' && limits.step > 0 && mid + limits.step * D == mid - limits.step * D) {
+    if (limits.active && limits.step > 0 && mid + limits.step * D == mid - limits.step * D) {
         mid = medianHeight(grid);
     }
     const double top = mid + limits.step * D;
     const double bottom = mid - limits.step * D;
-    const bool active = limits.active == 'y';
+    const bool active = limits.active;
     for (int i = 0; i <= grid.nx && grid.allocated(); ++i) {
         for (int j = 0; j <= grid.ny; ++j) {
             SurfaceVertex& v = grid.vertex(i, j);

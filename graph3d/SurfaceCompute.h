@@ -23,8 +23,10 @@ SurfaceOutcome computeSurface(Formula& formula, SurfaceGrid& grid,
                               const std::function<void(int percent)>& progress,
                               const std::atomic<bool>& keepComputing);
 
-// Finds the z range of the defined vertices and limits the shown height; resetStep 'y' chooses
-// the widest band the range allows, 'n' keeps the user's step.
-void applyZLimits(SurfaceGrid& grid, char resetStep);
+// The Z-limit step of applyZLimits: the widest band the range allows, or the user's step.
+enum class LimitStep { kWidest, kKeep };
+
+// Finds the z range of the defined vertices and limits the shown height.
+void applyZLimits(SurfaceGrid& grid, LimitStep step);
 
 }  // namespace curvemill

@@ -118,14 +118,13 @@ int choosePass(const SurfaceView& view, const SurfaceGrid& grid) {
     return yDominates ? 1 : 3;
 }
 
-void colourRow(SurfaceScene& scene, const LightWeights& weights, char axis, int k) {
+void colourRow(SurfaceScene& scene, const LightWeights& weights, bool alongX, int k) {
     std::vector<RowCell>& line = scene.grid.scratchLine();
-    const int count = axis == 'x' ? scene.grid.nx : scene.grid.ny;
+    const int count = alongX ? scene.grid.nx : scene.grid.ny;
     for (int n = 1; n < count; ++n) {
         line[n].index = n;
-        line[n].colour = axis == 'x'
-                             ? cellColour(scene.light, weights, scene.view, scene.grid, n, k)
-                             : cellColour(scene.light, weights, scene.view, scene.grid, k, n);
+        line[n].colour = alongX ? cellColour(scene.light, weights, scene.view, scene.grid, n, k)
+                                : cellColour(scene.light, weights, scene.view, scene.grid, k, n);
     }
 }
 
@@ -194,16 +193,14 @@ void drawCellPolygon(const SurfaceScene& scene, const ScreenPoints& points, int 
 void drawCell(const SurfaceScene& scene, const ScreenPoints& points, int i, int j,
               const ClipRect& clip, std::uint32_t colour, SurfaceSink& sink, int pass) {
     switch (scene.drawing.mode) {
-        case 'a':
+        case DrawingMode::kPolygons:
             drawCellPolygon(scene, points, i, j, colour, sink, pass);
             break;
-        case 'l':
+        case DrawingMode::kLines:
             drawCellLines(scene, points, i, j, colour, sink);
             break;
-        case 'p':
+        case DrawingMode::kPixels:
             drawCellPixel(scene, points, i, j, clip, colour, sink);
-            break;
-        default:
             break;
     }
 }
@@ -250,7 +247,7 @@ void drawLines(SurfaceScene& scene, const DrawingPlan& plan, int from, int to, S
         if (!outerLineInRange(scene, plan.pass, k)) {
             return;
         }
-        colourRow(scene, plan.weights, rows ? 'x' : 'y', k);
+        colourRow(scene, plan.weights, rows, k);
         for (int m = step; m < count; m += step) {
             const RowCell& cell = line[m];
             if (rows) {

@@ -42,8 +42,8 @@ class SurfaceSink {
 // The pass (1..4) that draws the cells far from the eye first. The rule is written beside it.
 int choosePass(const SurfaceView& view, const SurfaceGrid& grid);
 
-// Fills the scratch line with the colours of row j = k (axis 'x') or column i = k (axis 'y').
-void colourRow(SurfaceScene& scene, const LightWeights& weights, char axis, int k);
+// Fills the scratch line with the colours of row j = k (alongX) or column i = k.
+void colourRow(SurfaceScene& scene, const LightWeights& weights, bool alongX, int k);
 
 // The cell whose own vertex is (i, j), at the vertices' projection `points`, drawn by `pass`
 // (0: by no pass in particular).

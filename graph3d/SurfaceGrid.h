@@ -36,7 +36,8 @@ struct ZLimits {
     std::int32_t lowerBound = 1;
     std::int32_t upperBound = 10;
     std::int32_t availableSteps = 0;
-    char active = 'n';
+    // The range is wide enough for a band of at least lowerBound steps.
+    bool active = false;
     // Range of the defined vertices, found by the last applyZLimits.
     double zMin = 1e100;
     double zMax = -1e100;

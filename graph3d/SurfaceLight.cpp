@@ -11,11 +11,11 @@ void setDefaultLight(SurfaceLight& light, const SurfaceGrid& grid) {
     light.inverseLength = 1 / std::sqrt(light.lengthSquared);
 }
 
-void prepareLight(SurfaceLight& light, const SurfaceGrid& grid, char rotationMode) {
+void prepareLight(SurfaceLight& light, const SurfaceGrid& grid, RotationMode rotationMode) {
     const Vec3 L = light.vector;
     light.lengthSquared = dot(L, L);
     light.inverseLength = 1 / std::sqrt(light.lengthSquared);
-    if (rotationMode != 'P') {
+    if (rotationMode != RotationMode::kMatrix) {
         light.depthConstant = -(L.x * grid.xEnd + L.y * grid.yEnd + L.z * grid.zHigh);
         light.depthRange =
             (L.x * grid.xBegin + L.y * grid.yBegin + L.z * grid.zLow + light.depthConstant) *
@@ -76,25 +76,24 @@ std::uint32_t schemeColour(const SurfaceLight& light, int I) {
     const int dim = static_cast<int>(I * 0.8);
     const int half = static_cast<int>(I * 0.6);
     switch (light.scheme) {
-        case '1':
-            return packColour(I, I, I);
-        case 'r':
+        case ColourScheme::kGrey:
+            break;
+        case ColourScheme::kRed:
             return packColour(255, dim, dim);
-        case 'g':
+        case ColourScheme::kGreen:
             return packColour(dim, 255, dim);
-        case 'b':
+        case ColourScheme::kBlue:
             return packColour(dim, dim, 255);
-        case 'c':
+        case ColourScheme::kCyan:
             return packColour(half, I, I);
-        case 'm':
+        case ColourScheme::kMagenta:
             return packColour(I, half, I);
-        case 'y':
+        case ColourScheme::kYellow:
             return packColour(I, I, half);
-        case 'o':
+        case ColourScheme::kOwn:
             return blendOwnColour(light.ownRed, light.ownGreen, light.ownBlue, I);
-        default:
-            return packColour(I, I, I);
     }
+    return packColour(I, I, I);
 }
 
 std::uint32_t blendOwnColour(double r, double g, double b, int I) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "graph3d/SurfaceGrid.h"
+#include "graph3d/SurfaceStyle.h"
 #include "graph3d/SurfaceView.h"
 #include "graph3d/Vec3.h"
 
@@ -16,8 +17,7 @@ struct SurfaceLight {
     double depthConstant = 0;
     double depthRange = 1;
     bool shiny = false;
-    // '1', 'r', 'g', 'b', 'c', 'm', 'y' or 'o' (own colour).
-    char scheme = 'r';
+    ColourScheme scheme = ColourScheme::kRed;
     double ownRed = 191.0;
     double ownGreen = 65.0;
     double ownBlue = 41.0;
@@ -38,9 +38,9 @@ struct LightWeights {
 
 // The light of a new surface: from the far side of the domain's diagonal, level.
 void setDefaultLight(SurfaceLight& light, const SurfaceGrid& grid);
-// Lengths and the depth plane before a redraw; in rotation mode 'P' the depth plane stays as
+// Lengths and the depth plane before a redraw; under the rotation matrix the depth plane stays as
 // it was.
-void prepareLight(SurfaceLight& light, const SurfaceGrid& grid, char rotationMode);
+void prepareLight(SurfaceLight& light, const SurfaceGrid& grid, RotationMode rotationMode);
 LightWeights lightWeights(const SurfaceLight& light);
 
 // Brightness 0..255 of the cell whose corner is vertex (i, j) and whose other corners lie one

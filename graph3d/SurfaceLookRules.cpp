@@ -44,7 +44,7 @@ void restoreDefaultLook(SurfaceScene& scene) {
     light.ambient = fresh.ambient;
     light.fogIntensity = fresh.fogIntensity;
     light.specularShare = fresh.specularShare;
-    const char scheme = light.scheme;
+    const ColourScheme scheme = light.scheme;
     const double red = light.ownRed;
     const double green = light.ownGreen;
     const double blue = light.ownBlue;
@@ -68,11 +68,11 @@ void setViewerLocation(SurfaceScene& scene, int horizontal, int vertical) {
 
 bool setZLimitStep(SurfaceScene& scene, int step) {
     SurfaceGrid& grid = scene.grid;
-    if (!scene.complete || grid.limits.active != 'y') {
+    if (!scene.complete || !grid.limits.active) {
         return false;
     }
     grid.limits.step = std::clamp(step, 1, std::max(1, grid.limits.availableSteps));
-    applyZLimits(grid, 'n');
+    applyZLimits(grid, LimitStep::kKeep);
     grid.zc = (grid.zLow + grid.zHigh) * 0.5;
     // The zoom and a rotation stay; only the eye follows the new top of the figure.
     setUpView(scene.view, grid);

@@ -45,22 +45,22 @@ RotationAngles turnedAbout(RotationAngles angles, RotationAxis axis, double degr
     return angles;
 }
 
-// The view's modes turn the other way round for y ('Y') and z ('Q'), and the matrix's three
+// The view's modes turn the other way round about y and z, and the matrix's three
 // parameters are z, -x and -y in that order; the signs here make all of them right-handed.
 void applyRotation(SurfaceView& view, const RotationAngles& angles) {
     const int turned = (angles.x != 0) + (angles.y != 0) + (angles.z != 0);
     if (turned == 0) {
-        view.mode = 'a';
+        view.mode = RotationMode::kNone;
     } else if (turned > 1) {
         setRotationMatrix(view, angles.z, -angles.x, -angles.y);
     } else if (angles.x != 0) {
-        view.mode = 'X';
+        view.mode = RotationMode::kAboutX;
         setAxisAngle(view, angles.x);
     } else if (angles.y != 0) {
-        view.mode = 'Y';
+        view.mode = RotationMode::kAboutY;
         setAxisAngle(view, -angles.y);
     } else {
-        view.mode = 'Q';
+        view.mode = RotationMode::kAboutZ;
         setAxisAngle(view, -angles.z);
     }
 }

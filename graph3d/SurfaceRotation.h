@@ -29,8 +29,8 @@ double angleAbout(const RotationAngles& angles, RotationAxis axis);
 // The angles with `degrees` added about one axis, wrapped.
 RotationAngles turnedAbout(RotationAngles angles, RotationAxis axis, double degrees);
 
-// Sets the view's rotation: no angle leaves the figure unrotated ('a'); a single angle uses that
-// axis's own mode and SetAxisAngle, which is cheaper per point; more than one the matrix ('P').
+// Sets the view's rotation: no angle leaves the figure unrotated; a single angle uses that axis's
+// own mode and setAxisAngle, which is cheaper per point; more than one the matrix.
 // Both routes give the same picture for a single angle.
 void applyRotation(SurfaceView& view, const RotationAngles& angles);
 

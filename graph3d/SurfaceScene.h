@@ -3,13 +3,13 @@
 
 #include "graph3d/SurfaceGrid.h"
 #include "graph3d/SurfaceLight.h"
+#include "graph3d/SurfaceStyle.h"
 #include "graph3d/SurfaceView.h"
 
 namespace curvemill {
 
 struct DrawingSettings {
-    // 'a' polygons, 'l' lines, 'p' pixels; any other letter draws nothing.
-    char mode = 'a';
+    DrawingMode mode = DrawingMode::kPolygons;
     // Side of the square drawn per vertex in pixels mode, in device pixels (1..10); 1 sets one
     // pixel. Two keeps a 100 x 100 grid readable without merging its dots.
     std::int32_t pixelWidth = 2;

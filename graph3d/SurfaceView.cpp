@@ -14,27 +14,23 @@ Vec3 centreOf(const SurfaceGrid& grid) {
     return {grid.xc, grid.yc, grid.zc};
 }
 
-// The rotation of the current mode as a matrix about the centre (identity for 'a').
+// The rotation of the current mode as a matrix about the centre.
 Matrix rotationMatrix(const SurfaceView& view) {
     const double s = view.sinTheta;
     const double c = view.cosTheta;
     switch (view.mode) {
-        case 'P':
+        case RotationMode::kNone:
+            break;
+        case RotationMode::kMatrix:
             return view.matrix;
-        case 'X':
-        case 'x':
+        case RotationMode::kAboutX:
             return {{{1, 0, 0}, {0, c, -s}, {0, s, c}}};
-        case 'Y':
-        case 'y':
+        case RotationMode::kAboutY:
             return {{{c, 0, -s}, {0, 1, 0}, {s, 0, c}}};
-        case 'Q':
-        case 'R':
-        case 'q':
-        case 'r':
+        case RotationMode::kAboutZ:
             return {{{c, s, 0}, {-s, c, 0}, {0, 0, 1}}};
-        default:
-            return {{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}};
     }
+    return {{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}};
 }
 
 // Keeps a coordinate that a point close to the eye's plane sent far away (or made NaN) inside
@@ -50,7 +46,7 @@ std::int32_t toPixel(double v) {
 }  // namespace
 
 void resetView(SurfaceView& view, const SurfaceGrid& grid) {
-    view.mode = 'a';
+    view.mode = RotationMode::kNone;
     view.zoom = 1.0;
     setUpView(view, grid);
 }
@@ -83,26 +79,22 @@ Vec3 rotatePoint(const SurfaceView& view, const SurfaceGrid& grid, Vec3 p) {
     const double s = view.sinTheta;
     const double c = view.cosTheta;
     switch (view.mode) {
-        case 'P': {
+        case RotationMode::kNone:
+            break;
+        case RotationMode::kMatrix: {
             const Matrix& M = view.matrix;
             return {M[0][0] * X + M[0][1] * Y + M[0][2] * Z + grid.xc,
                     M[1][0] * X + M[1][1] * Y + M[1][2] * Z + grid.yc,
                     M[2][0] * X + M[2][1] * Y + M[2][2] * Z + grid.zc};
         }
-        case 'X':
-        case 'x':
+        case RotationMode::kAboutX:
             return {p.x, Y * c - Z * s + grid.yc, Y * s + Z * c + grid.zc};
-        case 'Y':
-        case 'y':
+        case RotationMode::kAboutY:
             return {X * c - Z * s + grid.xc, p.y, X * s + Z * c + grid.zc};
-        case 'Q':
-        case 'R':
-        case 'q':
-        case 'r':
+        case RotationMode::kAboutZ:
             return {Y * s + X * c + grid.xc, Y * c - X * s + grid.yc, p.z};
-        default:
-            return p;
     }
+    return p;
 }
 
 void setRotationMatrix(SurfaceView& view, double a, double b, double c) {
@@ -113,7 +105,7 @@ void setRotationMatrix(SurfaceView& view, double a, double b, double c) {
     view.matrix = {{{cc * ca + sb * sc * sa, ca * sb * sc - sa * cc, -sc * cb},
                     {sa * cb, ca * cb, sb},
                     {sc * ca - sa * sb * cc, -ca * cc * sb - sa * sc, cc * cb}}};
-    view.mode = 'P';
+    view.mode = RotationMode::kMatrix;
 }
 
 void setAxisAngle(SurfaceView& view, double thetaDegrees) {
@@ -124,7 +116,7 @@ void setAxisAngle(SurfaceView& view, double thetaDegrees) {
 
 PlanePoint projectPoint(const SurfaceView& view, const SurfaceGrid& grid, Vec3 p,
                         const Placement& placement) {
-    if (view.mode != 'a') {
+    if (view.mode != RotationMode::kNone) {
         p = rotatePoint(view, grid, p);
     }
     const Vec3 ray = p - view.eye;
@@ -171,7 +163,7 @@ Placement fitFigure(const SurfaceView& view, const SurfaceGrid& grid, int width,
         }
     };
     SurfaceView plain = view;
-    plain.mode = 'a';
+    plain.mode = RotationMode::kNone;
     plain.zoom = 1;
     double still[4];
     bounds(plain, still);

@@ -9,6 +9,10 @@
 
 namespace curvemill {
 
+// How the figure is turned about its centre: not at all, by the full matrix, or about one axis
+// by theta (cheaper per point than the matrix).
+enum class RotationMode { kNone, kMatrix, kAboutX, kAboutY, kAboutZ };
+
 struct SurfaceView {
     std::int32_t horizontalLocation = 5;
     std::int32_t verticalLocation = 3;
@@ -24,8 +28,7 @@ struct SurfaceView {
     double hOffset = 0;
     double vOffset = 0;
     double zoom = 1.0;
-    // 'a' none, 'P' matrix, 'X'/'x', 'Y'/'y' and 'Q'/'R'/'q'/'r' about one axis by theta.
-    char mode = 'a';
+    RotationMode mode = RotationMode::kNone;
     double sinTheta = 0;
     double cosTheta = 1;
     std::array<std::array<double, 3>, 3> matrix{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}};
@@ -48,7 +51,7 @@ struct PlanePoint {
 void resetView(SurfaceView& view, const SurfaceGrid& grid);
 void setUpView(SurfaceView& view, const SurfaceGrid& grid);
 Vec3 rotatePoint(const SurfaceView& view, const SurfaceGrid& grid, Vec3 p);
-// Angles in degrees; sets the mode to 'P'.
+// Angles in degrees; sets the mode to the matrix.
 void setRotationMatrix(SurfaceView& view, double a, double b, double c);
 void setAxisAngle(SurfaceView& view, double thetaDegrees);
 // The only route from a point of the surface's space to a target's pixels (not truncated).

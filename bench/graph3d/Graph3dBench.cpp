@@ -31,6 +31,9 @@ struct Case {
 
 constexpr Case kCases[] = {{"sin(x)*cos(y)", -3, 3}, {"x^2+y^2", -1, 1}};
 
+// In the order of DrawingMode.
+constexpr const char* kModeNames[] = {"polygons", "lines", "pixels"};
+
 std::unique_ptr<SurfaceScene> computed(const Case& c, int intervals, Formula& formula) {
     auto scene = std::make_unique<SurfaceScene>();
     prepareFormula(formula, c.formula, FormulaMode::TwoVariables);
@@ -63,22 +66,21 @@ void BM_Compute(benchmark::State& state) {
 }
 BENCHMARK(BM_Compute)->ArgsProduct({{0, 1}, {100, 500}})->Unit(benchmark::kMillisecond);
 
-// Arguments: drawing mode ('a', 'l', 'p'), intervals. sin(x)*cos(y) on [-3, 3]^2.
+// Arguments: drawing mode (polygons, lines, pixels), intervals. sin(x)*cos(y) on [-3, 3]^2.
 void BM_Redraw(benchmark::State& state) {
     Formula formula;
     const auto scene = computed(kCases[0], static_cast<int>(state.range(1)), formula);
-    scene->drawing.mode = static_cast<char>(state.range(0));
+    scene->drawing.mode = static_cast<DrawingMode>(state.range(0));
     QImage image(1920, 1080, QImage::Format_ARGB32_Premultiplied);
     for (auto _ : state) {
         image.fill(Qt::white);
         QPainter painter(&image);
         paintSurface(painter, *scene, image.size());
     }
-    const char* names[] = {"polygons", "lines", "pixels"};
-    const int which = state.range(0) == 'a' ? 0 : state.range(0) == 'l' ? 1 : 2;
-    state.SetLabel(std::string(names[which]) + " " + std::to_string(state.range(1) + 1) + "^2");
+    state.SetLabel(std::string(kModeNames[state.range(0)]) + " " +
+                   std::to_string(state.range(1) + 1) + "^2");
 }
-BENCHMARK(BM_Redraw)->ArgsProduct({{'a', 'l', 'p'}, {100, 500}})->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Redraw)->ArgsProduct({{0, 1, 2}, {100, 500}})->Unit(benchmark::kMillisecond);
 
 // One frame of the animation on screen: the next angles, the background, and the whole figure
 // drawn through the pixel raster the screen's redraw uses. Arguments: drawing mode, intervals.
@@ -86,7 +88,7 @@ BENCHMARK(BM_Redraw)->ArgsProduct({{'a', 'l', 'p'}, {100, 500}})->Unit(benchmark
 void BM_AnimationFrame(benchmark::State& state) {
     Formula formula;
     const auto scene = computed(kCases[0], static_cast<int>(state.range(1)), formula);
-    scene->drawing.mode = static_cast<char>(state.range(0));
+    scene->drawing.mode = static_cast<DrawingMode>(state.range(0));
     QImage image(1920, 1080, QImage::Format_ARGB32_Premultiplied);
     const PixelBuffer pixels{reinterpret_cast<std::uint32_t*>(image.bits()), image.width(),
                              image.height(), image.bytesPerLine() / 4};
@@ -101,10 +103,10 @@ void BM_AnimationFrame(benchmark::State& state) {
         drawLines(*scene, plan, 0, lineCount(*scene, plan.pass), sink);
         benchmark::DoNotOptimize(image.constBits());
     }
-    state.SetLabel(std::string(1, static_cast<char>(state.range(0))) + " " +
+    state.SetLabel(std::string(kModeNames[state.range(0)]) + " " +
                    std::to_string(state.range(1) + 1) + "^2");
 }
-BENCHMARK(BM_AnimationFrame)->ArgsProduct({{'a', 'l', 'p'}, {100}})->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_AnimationFrame)->ArgsProduct({{0, 1, 2}, {100}})->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace curvemill

@@ -57,7 +57,7 @@ void visitLook(V& v, FlatLook& look) {
         v.flag("selectArea", look.selectArea);
         v.flag("tooltips", look.tooltips);
         v.flag("toolbar", look.toolbar);
-        v.text("displayOrder", look.displayOrder);
+        v.order("displayOrder", look.displayOrder);
         v.flag("grid", look.grid);
     });
 }
@@ -203,6 +203,7 @@ class Writer {
         std::string chosen(names[static_cast<std::size_t>(value)]);
         text(name, chosen);
     }
+    void order(const char* name, const DisplayOrder& value) { text(name, value.letters()); }
     void object(const char* name, const std::function<void()>& members) {
         if (name != nullptr) {
             key(name);
@@ -350,6 +351,18 @@ class Reader {
         }
         mistyped(name, v, "one of " + allowed);
     }
+    void order(const char* name, DisplayOrder& value) {
+        std::string letters;
+        text(name, letters);
+        if (refusal) {
+            return;
+        }
+        if (const auto order = DisplayOrder::ofLetters(letters)) {
+            value = *order;
+        } else {
+            refuse(name, "must hold each of f, d, i and F once, not \"" + letters + "\"");
+        }
+    }
     void object(const char* name, const std::function<void()>& members) {
         const QJsonValue v = member(name);
         if (!v.isObject()) {
@@ -398,14 +411,16 @@ class Reader {
         return true;
     }
     void mistyped(const std::string& name, const QJsonValue& v, const std::string& wanted) {
+        refuse(name, v.isUndefined() ? "missing (" + wanted + ")" : "must be " + wanted);
+    }
+    void refuse(const std::string& name, std::string reason) {
         if (refusal) {
             return;
         }
         std::string field = path_;
         field += field.empty() ? "" : ".";
         field += name;
-        refusal = DocumentRefusal{
-            std::move(field), v.isUndefined() ? "missing (" + wanted + ")" : "must be " + wanted};
+        refusal = DocumentRefusal{std::move(field), std::move(reason)};
     }
     void enter(const std::string& name, QJsonObject object) {
         paths_.push_back(path_);

@@ -119,39 +119,38 @@ void paintArea(QPainter& painter, const TwoDGraph& graph, const GraphView& view)
     painter.setBrush(Qt::NoBrush);
 }
 
-const Curve* curveOf(const TwoDGraph& graph, char letter, QColor& color, bool& widePen) {
-    switch (letter) {
-        case 'f':
+const Curve* curveOf(const TwoDGraph& graph, GraphCurve which, QColor& color, bool& widePen) {
+    switch (which) {
+        case GraphCurve::kMain:
             color = graph_colors::kMainFunction;
             widePen = true;
             return &graph.main;
-        case 'd':
+        case GraphCurve::kDerivative:
             color = graph_colors::kDerivative;
             widePen = true;
             return &graph.derivative;
-        case 'i':
+        case GraphCurve::kIntegral:
             color = graph_colors::kIntegral;
             widePen = true;
             return &graph.integral;
-        case 'F':
+        case GraphCurve::kSecond:
             color = graph_colors::kSecondFunction;
             widePen = false;
             return &graph.second;
-        default:
-            return nullptr;
     }
+    return nullptr;
 }
 
 void drawCurves(QPainter& painter, const TwoDGraph& graph, const GraphView& view, bool widePens) {
-    for (char letter : view.displayOrder) {
+    for (const GraphCurve which : view.displayOrder) {
         QColor color;
         bool widePen = false;
-        const Curve* curve = curveOf(graph, letter, color, widePen);
+        const Curve* curve = curveOf(graph, which, color, widePen);
         if (curve == nullptr || !curve->exists()) {
             continue;
         }
         const int count = std::min<int>(curve->pointCount, static_cast<int>(curve->points.size()));
-        if (letter == 'f' && view.areaPainted && !graph.hasIntegral()) {
+        if (which == GraphCurve::kMain && view.areaPainted && !graph.hasIntegral()) {
             paintArea(painter, graph, view);
         }
         const int width = lineWidth(view, widePens && widePen ? 2 : 1);

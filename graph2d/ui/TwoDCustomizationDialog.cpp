@@ -128,17 +128,18 @@ QWidget* TwoDCustomizationDialog::buildOrderGroup() {
     auto* group = new QGroupBox(QStringLiteral("Display Order"), this);
     auto* layout = new QGridLayout(group);
     const struct {
-        char letter;
+        GraphCurve curve;
         const char* text;
         int button;
         int place;
-    } rows[] = {{'f', "&Function", ids::kFunctionButton, ids::kFunctionPlace},
-                {'d', "&Derivative", ids::kDerivativeButton, ids::kDerivativePlace},
-                {'i', "&Integral", ids::kIntegralButton, ids::kIntegralPlace},
-                {'F', "2nd F&unction", ids::kSecondButton, ids::kSecondPlace}};
+    } rows[] = {
+        {GraphCurve::kMain, "&Function", ids::kFunctionButton, ids::kFunctionPlace},
+        {GraphCurve::kDerivative, "&Derivative", ids::kDerivativeButton, ids::kDerivativePlace},
+        {GraphCurve::kIntegral, "&Integral", ids::kIntegralButton, ids::kIntegralPlace},
+        {GraphCurve::kSecond, "2nd F&unction", ids::kSecondButton, ids::kSecondPlace}};
     for (std::size_t i = 0; i < order_.size(); ++i) {
         OrderButton& entry = order_[i];
-        entry.letter = rows[i].letter;
+        entry.curve = rows[i].curve;
         entry.button = new QPushButton(QString::fromLatin1(rows[i].text), group);
         entry.button->setObjectName(idName(rows[i].button));
         entry.button->setAutoDefault(false);
@@ -168,13 +169,13 @@ void TwoDCustomizationDialog::showRanges() {
 }
 
 void TwoDCustomizationDialog::pressOrderButton(OrderButton& entry) {
-    picker_.press(entry.letter);
+    picker_.press(entry.curve);
     showPlaces();
 }
 
 void TwoDCustomizationDialog::showPlaces() {
     for (const OrderButton& entry : order_) {
-        const int place = picker_.placeOf(entry.letter);
+        const int place = picker_.placeOf(entry.curve);
         entry.button->setEnabled(place == 0);
         entry.place->setText(place == 0 ? QString() : QString::number(place));
     }

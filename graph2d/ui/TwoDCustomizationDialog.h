@@ -60,7 +60,7 @@ class TwoDCustomizationDialog : public QDialog, public FailureScope {
 
   private:
     struct OrderButton {
-        char letter;
+        GraphCurve curve;
         QPushButton* button;
         QLabel* place;
     };

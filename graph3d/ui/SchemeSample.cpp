@@ -5,7 +5,7 @@
 
 namespace curvemill {
 
-QImage schemeSample(const SurfaceLight& light, char scheme, int side) {
+QImage schemeSample(const SurfaceLight& light, ColourScheme scheme, int side) {
     SurfaceLight look = light;
     look.scheme = scheme;
     QImage image(side, side, QImage::Format_ARGB32);

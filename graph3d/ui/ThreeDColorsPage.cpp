@@ -23,19 +23,20 @@ constexpr int kSampleSide = 22;
 
 struct SchemeEntry {
     int id;
-    char letter;
+    ColourScheme scheme;
     const char* text;
 };
 
 // Left column top to bottom, then the right column.
-constexpr std::array<SchemeEntry, 8> kSchemes{{{ids::kSchemeRed, 'r', "&Red"},
-                                               {ids::kSchemeGreen, 'g', "&Green"},
-                                               {ids::kSchemeBlue, 'b', "&Blue"},
-                                               {ids::kSchemeCyan, 'c', "&Cyan"},
-                                               {ids::kSchemeMagenta, 'm', "&Magenta"},
-                                               {ids::kSchemeYellow, 'y', "&Yellow"},
-                                               {ids::kSchemeGrey, '1', "Gr&ey"},
-                                               {ids::kSchemeOwn, 'o', "&Own Color"}}};
+constexpr std::array<SchemeEntry, 8> kSchemes{
+    {{ids::kSchemeRed, ColourScheme::kRed, "&Red"},
+     {ids::kSchemeGreen, ColourScheme::kGreen, "&Green"},
+     {ids::kSchemeBlue, ColourScheme::kBlue, "&Blue"},
+     {ids::kSchemeCyan, ColourScheme::kCyan, "&Cyan"},
+     {ids::kSchemeMagenta, ColourScheme::kMagenta, "&Magenta"},
+     {ids::kSchemeYellow, ColourScheme::kYellow, "&Yellow"},
+     {ids::kSchemeGrey, ColourScheme::kGrey, "Gr&ey"},
+     {ids::kSchemeOwn, ColourScheme::kOwn, "&Own Color"}}};
 
 }  // namespace
 
@@ -47,18 +48,18 @@ ThreeDColorsPage::ThreeDColorsPage(SurfaceScene& scene, std::function<void()> ch
         const SchemeEntry& entry = kSchemes[k];
         auto* button = new QRadioButton(QString::fromLatin1(entry.text), group);
         button->setObjectName(custom3dName(entry.id));
-        button->setChecked(scene_.light.scheme == entry.letter);
+        button->setChecked(scene_.light.scheme == entry.scheme);
         auto* sample = new QLabel(group);
         sample->setFixedSize(kSampleSide, kSampleSide);
         const int row = static_cast<int>(k % 4);
         const int column = static_cast<int>(k / 4) * 2;
         grid->addWidget(sample, row, column);
         grid->addWidget(button, row, column + 1);
-        schemes_[k] = {entry.letter, button, sample};
-        const char letter = entry.letter;
-        connect(button, &QRadioButton::toggled, this, [this, letter](bool on) {
+        schemes_[k] = {entry.scheme, button, sample};
+        const ColourScheme scheme = entry.scheme;
+        connect(button, &QRadioButton::toggled, this, [this, scheme](bool on) {
             if (on) {
-                pickScheme(letter);
+                pickScheme(scheme);
             }
         });
     }
@@ -73,8 +74,8 @@ ThreeDColorsPage::ThreeDColorsPage(SurfaceScene& scene, std::function<void()> ch
     layout->addStretch();
 }
 
-void ThreeDColorsPage::pickScheme(char letter) {
-    scene_.light.scheme = letter;
+void ThreeDColorsPage::pickScheme(ColourScheme scheme) {
+    scene_.light.scheme = scheme;
     changed_();
 }
 
@@ -83,9 +84,9 @@ void ThreeDColorsPage::pickOwnColour(const QColor& colour) {
     light.ownRed = colour.red();
     light.ownGreen = colour.green();
     light.ownBlue = colour.blue();
-    light.scheme = 'o';
+    light.scheme = ColourScheme::kOwn;
     for (SchemeButton& entry : schemes_) {
-        if (entry.letter == 'o') {
+        if (entry.scheme == ColourScheme::kOwn) {
             const QSignalBlocker quiet(entry.button);
             entry.button->setChecked(true);
         }
@@ -97,7 +98,7 @@ void ThreeDColorsPage::pickOwnColour(const QColor& colour) {
 void ThreeDColorsPage::refreshSamples() {
     for (SchemeButton& entry : schemes_) {
         const int side = static_cast<int>(std::ceil(kSampleSide * devicePixelRatioF()));
-        QImage image = schemeSample(scene_.light, entry.letter, side);
+        QImage image = schemeSample(scene_.light, entry.scheme, side);
         image.setDevicePixelRatio(devicePixelRatioF());
         entry.sample->setPixmap(QPixmap::fromImage(image));
     }

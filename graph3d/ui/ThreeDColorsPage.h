@@ -26,11 +26,11 @@ class ThreeDColorsPage : public QWidget {
 
   private:
     struct SchemeButton {
-        char letter;
+        ColourScheme scheme;
         QRadioButton* button;
         QLabel* sample;
     };
-    void pickScheme(char letter);
+    void pickScheme(ColourScheme scheme);
     void pickOwnColour(const QColor& colour);
 
     SurfaceScene& scene_;

@@ -46,16 +46,16 @@ ThreeDOtherPage::ThreeDOtherPage(SurfaceScene& scene, bool toolbarShown,
 
     auto* mode = new QGroupBox(QStringLiteral("Drawing Mode"));
     auto* modeLayout = new QVBoxLayout(mode);
-    const std::array<std::tuple<int, const char*, char>, 3> modes{
-        {{ids::kPolygons, "&Polygons", 'a'},
-         {ids::kLines, "&Lines", 'l'},
-         {ids::kPixels, "Pi&xels", 'p'}}};
-    for (const auto& [id, text, letter] : modes) {
+    const std::array<std::tuple<int, const char*, DrawingMode>, 3> modes{
+        {{ids::kPolygons, "&Polygons", DrawingMode::kPolygons},
+         {ids::kLines, "&Lines", DrawingMode::kLines},
+         {ids::kPixels, "Pi&xels", DrawingMode::kPixels}}};
+    for (const auto& [id, text, drawing] : modes) {
         auto* button = new QRadioButton(QString::fromLatin1(text), mode);
         button->setObjectName(custom3dName(id));
-        button->setChecked(scene_.drawing.mode == letter);
+        button->setChecked(scene_.drawing.mode == drawing);
         modeLayout->addWidget(button);
-        const char chosen = letter;
+        const DrawingMode chosen = drawing;
         connect(button, &QRadioButton::toggled, this, [this, chosen](bool on) {
             if (on) {
                 scene_.drawing.mode = chosen;
@@ -121,7 +121,7 @@ void ThreeDOtherPage::changeZLimit(int step) {
 
 void ThreeDOtherPage::showZRange() {
     const SurfaceGrid& grid = scene_.grid;
-    const bool active = scene_.complete && grid.limits.active == 'y';
+    const bool active = scene_.complete && grid.limits.active;
     {
         const QSignalBlocker quiet(zLimit_);
         zLimit_->setRange(1, std::max(1, grid.limits.availableSteps));

@@ -229,8 +229,9 @@ TEST_F(GraphPainterTest, EveryCurveInItsColourOverTheGridInTheDisplayOrder) {
                                      std::pair("Fidf", graph_colors::kMainFunction),
                                      std::pair("fFdi", graph_colors::kIntegral),
                                      std::pair("Fifd", graph_colors::kDerivative)}) {
-        const QImage drawn =
-            render(graph, 1.0, [&](GraphView& view) { view.displayOrder = order; });
+        const QImage drawn = render(graph, 1.0, [&](GraphView& view) {
+            view.displayOrder = *DisplayOrder::ofLetters(order);
+        });
         EXPECT_EQ(drawn.pixelColor(view_.toPixelX(5), view_.toPixelY(-1)), top) << order;
     }
 }

@@ -191,9 +191,9 @@ TEST(TwoDSettings, OptimizeDrawingAndTheDisplayOrder) {
     GraphView view = testView();
     TwoDSettings settings;
     settings.optimizeDrawing = false;
-    settings.displayOrder = "Fidf";
+    settings.displayOrder = *DisplayOrder::ofLetters("Fidf");
     EXPECT_FALSE(applyGraphSettings(graph, view, settings));
-    EXPECT_EQ(std::tuple(graph.drawStep, vertices(), view.displayOrder),
+    EXPECT_EQ(std::tuple(graph.drawStep, vertices(), view.displayOrder.letters()),
               std::tuple(1, std::string(25, '1'), "Fidf"));
     settings.optimizeDrawing = true;
     settings.maxYRatio = 3;
@@ -201,11 +201,11 @@ TEST(TwoDSettings, OptimizeDrawingAndTheDisplayOrder) {
     EXPECT_EQ(std::pair(graph.drawStep, vertices()),
               std::pair(10, std::string("1000000000100100000010001")));
 
-    DisplayOrderPicker picker("fdiF");
+    DisplayOrderPicker picker{DisplayOrder()};
     picker.reset();
-    EXPECT_EQ(picker.press('i'), 1);
-    EXPECT_EQ(picker.press('x'), 0);
-    EXPECT_EQ(picker.order(), "ifdF");  // letters never placed follow
+    EXPECT_EQ(picker.press(GraphCurve::kIntegral), 1);
+    EXPECT_EQ(picker.press(GraphCurve::kIntegral), 0);
+    EXPECT_EQ(picker.order().letters(), "ifdF");  // curves never placed follow
 }
 
 TEST(PartialGraph, CutsEveryCurveAcrossTheVisiblePart) {

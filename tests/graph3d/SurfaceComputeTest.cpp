@@ -58,18 +58,18 @@ TEST(SurfaceCompute, ZLimitsCutTallSurfacesToABandAroundTheMiddle) {
     const SurfaceGrid& g = steep.grid;
     // (2000 / (2 * D)) = 353 steps, held at the upper bound 10.
     EXPECT_EQ(std::tuple(g.limits.availableSteps, g.limits.active, g.limits.step),
-              std::tuple(10, 'y', 10));
+              std::tuple(10, true, 10));
     const double mid = (g.limits.zMin + g.limits.zMax) / 2;
     EXPECT_NEAR(g.zLow, mid - 10 * D, 1e-9);
     EXPECT_NEAR(g.zHigh, mid + 10 * D, 1e-9);
     EXPECT_EQ(std::tuple(g.vertex(0, 5).zShown, g.vertex(100, 5).zShown, g.vertex(50, 5).zShown),
               std::tuple(g.zLow, g.zHigh, g.vertex(50, 5).z));
 
-    // The user's step: 'n' keeps it and narrows the band.
+    // The user's step is kept and narrows the band.
     steep.grid.limits.step = 3;
-    applyZLimits(steep.grid, 'n');
+    applyZLimits(steep.grid, LimitStep::kKeep);
     EXPECT_NEAR(g.zHigh - g.zLow, 6 * D, 1e-9);
-    applyZLimits(steep.grid, 'y');
+    applyZLimits(steep.grid, LimitStep::kWidest);
     EXPECT_EQ(g.limits.step, 10);
 
     // x built by addition passes 2e-16 from the pole: zMax near 1e30, whose middle would leave a
@@ -84,7 +84,7 @@ TEST(SurfaceCompute, ZLimitsCutTallSurfacesToABandAroundTheMiddle) {
     ASSERT_EQ(computeFor(plain, "x+y", -1, 1, -1, 1), SurfaceOutcome::Done);
     const SurfaceGrid& p = plain.grid;
     EXPECT_EQ(std::tuple(p.limits.active, p.limits.availableSteps, p.zLow, p.zHigh),
-              std::tuple('n', 0, p.limits.zMin, p.limits.zMax));
+              std::tuple(false, 0, p.limits.zMin, p.limits.zMax));
     EXPECT_EQ(plain.grid.vertex(100, 100).zShown, plain.grid.vertex(100, 100).z);
 }
 
@@ -99,7 +99,7 @@ TEST(SurfaceCompute, IndefiniteVerticesAreMarkedAndLeftOutOfTheRange) {
     SurfaceScene nothing;
     ASSERT_EQ(computeFor(nothing, "Sqr(0-1-x^2)", -1, 1, -1, 1), SurfaceOutcome::Done);
     const ZLimits& none = nothing.grid.limits;
-    EXPECT_EQ(std::tuple(none.zMin, none.zMax, none.active), std::tuple(1e100, -1e100, 'n'));
+    EXPECT_EQ(std::tuple(none.zMin, none.zMax, none.active), std::tuple(1e100, -1e100, false));
     EXPECT_FALSE(nothing.grid.hasDefinedVertex());
 }
 
@@ -174,19 +174,19 @@ TEST(SurfaceLight, CellFacingTheLightAndTheClamp) {
     grid.vertex(1, 0) = {0, 0, -1, -1, 0};
     scene.light.ambient = 0;
     scene.light.fogIntensity = 10;
-    prepareLight(scene.light, grid, 'a');
+    prepareLight(scene.light, grid, RotationMode::kNone);
     LightWeights weights = lightWeights(scene.light);
     EXPECT_EQ(cellBrightness(scene.light, weights, scene.view, grid, 1, 1), 105);
 
     // Lit from behind: the same, both sides are lit alike.
     scene.light.vector = {1, 1, 0};
-    prepareLight(scene.light, grid, 'a');
+    prepareLight(scene.light, grid, RotationMode::kNone);
     EXPECT_EQ(cellBrightness(scene.light, weights, scene.view, grid, 1, 1), 105);
 
     // With the defaults and the cell at the (X_END, Y_END) corner (F = 1): 130 + 75 + 50.
     scene.light = SurfaceLight{};
     setDomain(grid, -1, 0, -1, 0);
-    prepareLight(scene.light, grid, 'a');
+    prepareLight(scene.light, grid, RotationMode::kNone);
     weights = lightWeights(scene.light);
     EXPECT_EQ(cellBrightness(scene.light, weights, scene.view, grid, 1, 1), 255);
     scene.light.shiny = true;
@@ -195,33 +195,34 @@ TEST(SurfaceLight, CellFacingTheLightAndTheClamp) {
     EXPECT_EQ(shiny, 192);  // 65 * 0.0428 + plain 65 + fog 75 + ambient 50
 }
 
-TEST(SurfaceLight, RotationModePKeepsTheDepthPlane) {
+TEST(SurfaceLight, TheRotationMatrixKeepsTheDepthPlane) {
     SurfaceScene scene;
     ASSERT_EQ(computeFor(scene, "x*y", -1, 1, -1, 1), SurfaceOutcome::Done);
-    prepareLight(scene.light, scene.grid, 'a');
+    prepareLight(scene.light, scene.grid, RotationMode::kNone);
     const double range = scene.light.depthRange;
     scene.light.vector = {0, -1, -1};
-    prepareLight(scene.light, scene.grid, 'P');
+    prepareLight(scene.light, scene.grid, RotationMode::kMatrix);
     EXPECT_EQ(scene.light.depthRange, range);
     EXPECT_DOUBLE_EQ(scene.light.lengthSquared, 2);
-    prepareLight(scene.light, scene.grid, 'X');
+    prepareLight(scene.light, scene.grid, RotationMode::kAboutX);
     EXPECT_NE(scene.light.depthRange, range);
 }
 
 TEST(SurfaceLight, SchemesTurnBrightnessIntoColour) {
     const auto rgb = [](int r, int g, int b) { return packColour(r, g, b); };
-    const std::tuple<char, std::uint32_t, std::uint32_t> cases[] = {
-        {'1', rgb(0, 0, 0), rgb(200, 200, 200)},   {'r', rgb(255, 0, 0), rgb(255, 160, 160)},
-        {'g', rgb(0, 255, 0), rgb(160, 255, 160)}, {'b', rgb(0, 0, 255), rgb(160, 160, 255)},
-        {'c', rgb(0, 0, 0), rgb(120, 200, 200)},   {'m', rgb(0, 0, 0), rgb(200, 120, 200)},
-        {'y', rgb(0, 0, 0), rgb(200, 200, 120)},   {'o', rgb(191, 65, 41), rgb(237, 210, 204)},
+    using enum ColourScheme;
+    const std::tuple<ColourScheme, std::uint32_t, std::uint32_t> cases[] = {
+        {kGrey, rgb(0, 0, 0), rgb(200, 200, 200)},    {kRed, rgb(255, 0, 0), rgb(255, 160, 160)},
+        {kGreen, rgb(0, 255, 0), rgb(160, 255, 160)}, {kBlue, rgb(0, 0, 255), rgb(160, 160, 255)},
+        {kCyan, rgb(0, 0, 0), rgb(120, 200, 200)},    {kMagenta, rgb(0, 0, 0), rgb(200, 120, 200)},
+        {kYellow, rgb(0, 0, 0), rgb(200, 200, 120)},  {kOwn, rgb(191, 65, 41), rgb(237, 210, 204)},
     };
     for (const auto& [scheme, at0, at200] : cases) {
         SurfaceLight light;
         light.scheme = scheme;
         EXPECT_EQ(std::pair(schemeColour(light, 0), schemeColour(light, 200)),
                   std::pair(at0, at200))
-            << scheme;
+            << static_cast<int>(scheme);
     }
 }
 

@@ -74,8 +74,8 @@ TEST_P(SurfacePainterTest, EachPixelShowsTheNearestCellInItsOwnColour) {
     SurfaceScene scene;
     ASSERT_EQ(computeFor(scene, "3*e^(0-(x^2+y^2)*3)", -1, 1, -1, 1, nullptr, 12),
               SurfaceOutcome::Done);
-    scene.light.scheme = '1';
-    scene.view.mode = 'Q';
+    scene.light.scheme = ColourScheme::kGrey;
+    scene.view.mode = RotationMode::kAboutZ;
     struct Cell {
         QPolygonF shape;
         QPainterPath outline;  // two pixels either side of the edges
@@ -138,10 +138,12 @@ TEST_P(SurfacePainterTest, NothingIsDrawnOutsideTheTargetNorForAnIncompleteScene
     SurfaceScene scene;
     ASSERT_EQ(computeFor(scene, "sin(x)*cos(y)", -3, 3, -3, 3), SurfaceOutcome::Done);
     scene.view.zoom = 3;
-    for (const char mode : {'a', 'l', 'p', '-'}) {
-        SCOPED_TRACE(mode);
-        scene.drawing.mode = mode == '-' ? 'a' : mode;
-        scene.complete = mode != '-';  // a computation that did not complete
+    using enum DrawingMode;
+    for (const auto& [mode, complete] :
+         {std::pair{kPolygons, true}, {kLines, true}, {kPixels, true}, {kPolygons, false}}) {
+        SCOPED_TRACE(testing::Message() << static_cast<int>(mode) << ' ' << complete);
+        scene.drawing.mode = mode;
+        scene.complete = complete;  // false: a computation that did not complete
         const QImage image = rendered(scene, GetParam(), {400, 300}, {300, 200});
         int inside = 0;
         for (int y = 0; y < 300; ++y) {
@@ -269,7 +271,7 @@ TEST(SurfacePainter, VectorOutputIsCompactAndSeamless) {
         return points;
     };
     const auto before = corners();
-    const auto svgOf = [&](char mode) {
+    const auto svgOf = [&](DrawingMode mode) {
         scene.drawing.mode = mode;
         QBuffer buffer;
         buffer.open(QIODevice::WriteOnly);
@@ -284,12 +286,12 @@ TEST(SurfacePainter, VectorOutputIsCompactAndSeamless) {
         return buffer.data();
     };
     // At most 100 bytes a cell: drawn cell by cell, lines took about 260.
-    EXPECT_LT(svgOf('l').size(), 100 * 100 * 100);
-    EXPECT_LT(svgOf('p').size(), 100 * 100 * 100);
+    EXPECT_LT(svgOf(DrawingMode::kLines).size(), 100 * 100 * 100);
+    EXPECT_LT(svgOf(DrawingMode::kPixels).size(), 100 * 100 * 100);
     const QSize large = size * 3;
-    scene.drawing.mode = 'a';
+    scene.drawing.mode = DrawingMode::kPolygons;
     const QImage raster = rendered(scene, Road::Direct, large, large);
-    QSvgRenderer renderer(svgOf('a'));
+    QSvgRenderer renderer(svgOf(DrawingMode::kPolygons));
     rendered(scene, Road::Painter, {900, 700}, {900, 700});
     EXPECT_EQ(corners(), before);
     QImage image(large, QImage::Format_ARGB32_Premultiplied);

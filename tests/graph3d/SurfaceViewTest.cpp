@@ -25,7 +25,7 @@ TEST(SurfaceView, EyeStandsBeyondTheFarCornerAboveTheFigure) {
     const ScreenPoint s = projectToPixel(view, grid, {view.eye.x - 1, view.eye.y + 1, 0}, {});
     EXPECT_TRUE(std::abs(s.x) <= 1 << 24 && std::abs(s.y) <= 1 << 24) << s.x << ',' << s.y;
     setAxisAngle(view, 180);
-    view.mode = 'Q';
+    view.mode = RotationMode::kAboutZ;
     EXPECT_LT(distance(eyeInGridSpace(view, grid), {-view.eye.x, -view.eye.y, view.eye.z}), 1e-9);
     setRotationMatrix(view, 30, 20, 10);
     EXPECT_LT(distance(rotatePoint(view, grid, eyeInGridSpace(view, grid)), view.eye), 1e-9);
@@ -68,12 +68,17 @@ TEST(SurfaceRotation, QuarterTurnsAreRightHandedByBothRoutesAboutTheCentre) {
     const SurfaceGrid centred = cubeGrid();
     // A negligible second angle sends the same turn through the matrix instead of the axis mode.
     constexpr double kNudge = 1e-300;
-    const std::tuple<RotationAngles, char, Vec3, Vec3> cases[] = {
-        {{90, 0, 0}, 'X', {0, 1, 0}, {0, 0, 1}},      {{0, 90, 0}, 'Y', {0, 0, 1}, {1, 0, 0}},
-        {{0, 0, 90}, 'Q', {1, 0, 0}, {0, 1, 0}},      {{-90, 0, 0}, 'X', {0, 0, 1}, {0, 1, 0}},
-        {{0, 0, -90}, 'Q', {0, 1, 0}, {1, 0, 0}},     {{90, 0, kNudge}, 'P', {0, 1, 0}, {0, 0, 1}},
-        {{kNudge, 90, 0}, 'P', {0, 0, 1}, {1, 0, 0}}, {{kNudge, 0, 90}, 'P', {1, 0, 0}, {0, 1, 0}},
-        {{0, 0, 0}, 'a', {1, 2, 3}, {1, 2, 3}},
+    using enum RotationMode;
+    const std::tuple<RotationAngles, RotationMode, Vec3, Vec3> cases[] = {
+        {{90, 0, 0}, kAboutX, {0, 1, 0}, {0, 0, 1}},
+        {{0, 90, 0}, kAboutY, {0, 0, 1}, {1, 0, 0}},
+        {{0, 0, 90}, kAboutZ, {1, 0, 0}, {0, 1, 0}},
+        {{-90, 0, 0}, kAboutX, {0, 0, 1}, {0, 1, 0}},
+        {{0, 0, -90}, kAboutZ, {0, 1, 0}, {1, 0, 0}},
+        {{90, 0, kNudge}, kMatrix, {0, 1, 0}, {0, 0, 1}},
+        {{kNudge, 90, 0}, kMatrix, {0, 0, 1}, {1, 0, 0}},
+        {{kNudge, 0, 90}, kMatrix, {1, 0, 0}, {0, 1, 0}},
+        {{0, 0, 0}, kNone, {1, 2, 3}, {1, 2, 3}},
     };
     for (const auto& [angles, mode, from, to] : cases) {
         SCOPED_TRACE(testing::Message() << angles.x << "," << angles.y << "," << angles.z);
@@ -87,13 +92,14 @@ TEST(SurfaceRotation, QuarterTurnsAreRightHandedByBothRoutesAboutTheCentre) {
     grid.xc = 1;
     grid.yc = 2;
     grid.zc = 3;
-    const std::tuple<char, Vec3, Vec3> modes[] = {
-        {'a', {4, 5, 6}, {4, 5, 6}}, {'X', {1, 3, 3}, {1, 2, 4}}, {'x', {1, 2, 4}, {1, 1, 3}},
-        {'Y', {2, 2, 3}, {1, 2, 4}}, {'y', {1, 2, 4}, {0, 2, 3}}, {'Q', {2, 2, 3}, {1, 1, 3}},
-        {'R', {1, 3, 3}, {2, 2, 3}}, {'q', {2, 2, 3}, {1, 1, 3}}, {'r', {1, 3, 3}, {2, 2, 3}},
+    const std::tuple<RotationMode, Vec3, Vec3> modes[] = {
+        {kNone, {4, 5, 6}, {4, 5, 6}},   {kAboutX, {1, 3, 3}, {1, 2, 4}},
+        {kAboutX, {1, 2, 4}, {1, 1, 3}}, {kAboutY, {2, 2, 3}, {1, 2, 4}},
+        {kAboutY, {1, 2, 4}, {0, 2, 3}}, {kAboutZ, {2, 2, 3}, {1, 1, 3}},
+        {kAboutZ, {1, 3, 3}, {2, 2, 3}},
     };
     for (const auto& [mode, from, to] : modes) {
-        SCOPED_TRACE(mode);
+        SCOPED_TRACE(static_cast<int>(mode));
         SurfaceView view;
         setAxisAngle(view, 90);
         view.mode = mode;
@@ -101,7 +107,7 @@ TEST(SurfaceRotation, QuarterTurnsAreRightHandedByBothRoutesAboutTheCentre) {
     }
     SurfaceView matrix;
     setRotationMatrix(matrix, 90, 0, 0);
-    EXPECT_EQ(matrix.mode, 'P');
+    EXPECT_EQ(matrix.mode, kMatrix);
     EXPECT_LT(distance(rotatePoint(matrix, grid, {2, 2, 3}), {1, 3, 3}), 1e-12);
 }
 

@@ -80,7 +80,7 @@ class TwoDCustomizationDialogTest : public QObject {
         }
         QCOMPARE(control<QLabel>(dialog, ids::kSecondPlace)->text(), u"1"_s);
         QCOMPARE(control<QLabel>(dialog, ids::kDerivativePlace)->text(), u"4"_s);
-        QCOMPARE(dialog.settings().displayOrder, std::string("Fifd"));
+        QCOMPARE(dialog.settings().displayOrder.letters(), std::string("Fifd"));
     }
 
     void optionsAndMouseFunction() {

@@ -70,15 +70,21 @@ class ThreeDCustomizationDialogTest : public QObject {
     // Shiny enables its slider. Default Settings brings back the look of a new surface, but
     // keeps the colours, the drawing mode and the viewer.
     void everySettingRoundTrips() {
-        for (const char* row : {"gl", "bp", "ca", "ml", "yp", "1a", "ol", "rp"}) {
+        using enum ColourScheme;
+        using enum DrawingMode;
+        const std::pair<ColourScheme, DrawingMode> rows[] = {
+            {kGreen, kLines},   {kBlue, kPixels},   {kCyan, kPolygons}, {kMagenta, kLines},
+            {kYellow, kPixels}, {kGrey, kPolygons}, {kOwn, kLines},     {kRed, kPixels}};
+        for (const auto& [scheme, mode] : rows) {
+            const std::string row = std::to_string(int(scheme)) + ' ' + std::to_string(int(mode));
             Harness wanted;
             wanted.scene.light = {.vector = {-0.4, -0.3, 0.6},
                                   .shiny = true,
-                                  .scheme = row[0],
+                                  .scheme = scheme,
                                   .ambient = 30,
                                   .fogIntensity = 7,
                                   .specularShare = 0.8f};
-            wanted.scene.drawing = {.mode = row[1], .shading = true};
+            wanted.scene.drawing = {.mode = mode, .shading = true};
             setViewerLocation(wanted.scene, 9, -2);
             const std::vector<int> shown = shownSettings(wanted.open());
             Harness h;
@@ -97,8 +103,8 @@ class ThreeDCustomizationDialogTest : public QObject {
                     ++moved;
                 }
             }
-            QVERIFY2(moved >= 10 && h.redraws == moved, row);
-            QVERIFY2(look(h.scene) == look(wanted.scene), row);
+            QVERIFY2(moved >= 10 && h.redraws == moved, row.c_str());
+            QVERIFY2(look(h.scene) == look(wanted.scene), row.c_str());
             QVERIFY(h.scene.view.eye.x > eye.x && h.scene.view.eye.z < h.scene.grid.zHigh);
             auto& again = h.open();
             QCOMPARE(shownSettings(again), shown);
@@ -106,10 +112,10 @@ class ThreeDCustomizationDialogTest : public QObject {
 
             control<QPushButton>(again, ids::kDefaults)->click();
             Harness fresh;
-            fresh.scene.light.scheme = row[0];
-            fresh.scene.drawing.mode = row[1];
+            fresh.scene.light.scheme = scheme;
+            fresh.scene.drawing.mode = mode;
             setViewerLocation(fresh.scene, 9, -2);
-            QVERIFY2(look(h.scene) == look(fresh.scene), row);
+            QVERIFY2(look(h.scene) == look(fresh.scene), row.c_str());
             QCOMPARE(shownSettings(again), shownSettings(fresh.open()));
         }
     }
@@ -142,11 +148,11 @@ class ThreeDCustomizationDialogTest : public QObject {
         auto* wheel = control<ColourWheel>(dialog, ids::kColourWheel);
         wheel->resize(100, 100);
         QTest::mouseClick(wheel, Qt::LeftButton, {}, QPoint(2, 2));
-        QCOMPARE(h.scene.light.scheme, 'r');
+        QVERIFY(h.scene.light.scheme == ColourScheme::kRed);
         QCOMPARE(h.redraws, 1);
         // Near the rim at three o'clock: a strong red.
         QTest::mouseClick(wheel, Qt::LeftButton, {}, QPoint(94, 50));
-        QCOMPARE(h.scene.light.scheme, 'o');
+        QVERIFY(h.scene.light.scheme == ColourScheme::kOwn);
         QVERIFY(control<QRadioButton>(dialog, ids::kSchemeOwn)->isChecked());
         QCOMPARE(h.scene.light.ownRed, 255.0);
         QVERIFY(h.scene.light.ownGreen < 40 && h.scene.light.ownBlue < 40);
@@ -165,7 +171,8 @@ class ThreeDCustomizationDialogTest : public QObject {
     // Each ball is painted by the cells' own colour rule, lit from the upper left.
     void samplesFollowTheColourRule() {
         SurfaceLight light{.ownRed = 20, .ownGreen = 40, .ownBlue = 200};
-        for (const char scheme : {'r', 'g', 'b', 'c', 'm', 'y', '1', 'o'}) {
+        using enum ColourScheme;
+        for (const auto scheme : {kRed, kGreen, kBlue, kCyan, kMagenta, kYellow, kGrey, kOwn}) {
             light.scheme = scheme;
             QSet<QRgb> rule;
             for (int brightness = 0; brightness < 256; ++brightness) {
@@ -178,7 +185,8 @@ class ThreeDCustomizationDialogTest : public QObject {
                 for (int x = 0; x < 24; ++x) {
                     if (qAlpha(image.pixel(x, y)) == 255) {
                         ++opaque;
-                        QVERIFY2(rule.contains(image.pixel(x, y)), std::string(1, scheme).c_str());
+                        QVERIFY2(rule.contains(image.pixel(x, y)),
+                                 std::to_string(int(scheme)).c_str());
                     }
                 }
             }
@@ -186,7 +194,7 @@ class ThreeDCustomizationDialogTest : public QObject {
             QVERIFY(opaque > 400 && opaque < 480);
             QCOMPARE(qAlpha(image.pixel(0, 0)), 0);
         }
-        const QImage grey = schemeSample(light, '1', 24);
+        const QImage grey = schemeSample(light, kGrey, 24);
         QVERIFY(grey.pixelColor(7, 7).red() > grey.pixelColor(17, 17).red() + 40);
     }
 
