@@ -105,7 +105,8 @@ GraphView equationView(const ParsedArguments& arguments, const EquationCurve& cu
 // The document of the equation the command solved: its entries as typed and its view.
 GraphDocument equationDocument(const ParsedArguments& arguments, const EquationGrid& grid,
                                const std::string& typed, const GraphView& view) {
-    TwoVariableSettings entries = typedTwoVariableEntry(arguments, typed, kEquationKindLetter);
+    TwoVariableSettings entries =
+        typedTwoVariableEntry(arguments, typed, TwoVariableMode::kEquation);
     entries.equationXPoints = grid.xSteps;
     entries.equationYPoints = grid.ySteps;
     entries.precisionDigits = grid.precisionDigits;

@@ -136,7 +136,8 @@ void printVertices(const SurfaceGrid& grid, std::ostream& out) {
 // The document of the surface the command drew: its entries as typed, its look and angles.
 GraphDocument surfaceDocument(const ParsedArguments& arguments, const std::string& typed,
                               const SurfaceScene& scene, const RotationAngles& angles) {
-    TwoVariableSettings entries = typedTwoVariableEntry(arguments, typed, kSurfaceKindLetter);
+    TwoVariableSettings entries =
+        typedTwoVariableEntry(arguments, typed, TwoVariableMode::kSurface);
     entries.surfaceXPoints = scene.grid.requestedNx;
     entries.surfaceYPoints = scene.grid.requestedNy;
     GraphDocument document;

@@ -5,7 +5,8 @@
 namespace curvemill::cli {
 
 TwoVariableSettings typedTwoVariableEntry(const ParsedArguments& arguments,
-                                          const std::string& typed, char kind) {
+                                          const std::string& typed,
+                                          std::optional<TwoVariableMode> kind) {
     const auto text = [&arguments](const char* option) {
         return arguments.value(option).value_or("");
     };
@@ -23,7 +24,7 @@ std::optional<std::string> readTwoVariableEntries(Formula& formula,
                                                   const ParsedArguments& arguments,
                                                   const std::string& typed,
                                                   TwoVariableRange& range) {
-    const TwoVariableSettings e = typedTwoVariableEntry(arguments, typed, 0);
+    const TwoVariableSettings e = typedTwoVariableEntry(arguments, typed, std::nullopt);
     const TwoVariableEntries entries =
         checkTwoVariableEntries(formula, {e.xBegin, e.xEnd, e.yBegin, e.yEnd, e.formula});
     if (entries.refusal) {

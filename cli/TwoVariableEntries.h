@@ -23,7 +23,8 @@ struct TwoVariableRange {
 // The window's entry of `kind` as the command line typed it: the four range options (empty where
 // not given) and the formula.
 TwoVariableSettings typedTwoVariableEntry(const ParsedArguments& arguments,
-                                          const std::string& typed, char kind);
+                                          const std::string& typed,
+                                          std::optional<TwoVariableMode> kind);
 
 // Reads --x-begin, --x-end, --y-begin, --y-end and the formula `typed` in the window's order and
 // prepares the formula; the window's message of the first refusal, or nothing.

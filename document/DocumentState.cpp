@@ -154,7 +154,7 @@ void applyTwoVariableEntries(const GraphDocument& document, TwoVariableSettings&
     entries.yBegin = y.begin;
     entries.yEnd = y.end;
     entries.formula = formula;
-    entries.kind = surface ? kSurfaceKindLetter : kEquationKindLetter;
+    entries.kind = surface ? TwoVariableMode::kSurface : TwoVariableMode::kEquation;
     if (surface) {
         entries.surfaceXPoints = document.surface.xPoints;
         entries.surfaceYPoints = document.surface.yPoints;

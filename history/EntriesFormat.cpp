@@ -80,7 +80,7 @@ void appendRecord(std::string& out, const HistoryEntry& entry) {
 
 template <class Next>
 bool parseEntries(HistoryStore& store, Next& next, LoadMode mode, RecordChecker& checker) {
-    char section = kSectionY;
+    EntrySection section = EntrySection::Graphs;
     std::array<std::string, 5> fields;
     std::size_t field = 0;
     // The first character is taken as it is: a file that starts with '&' (empty first section)
@@ -119,7 +119,7 @@ bool parseEntries(HistoryStore& store, Next& next, LoadMode mode, RecordChecker&
         }
         c = next();
         if (c == '&') {
-            section = kSectionN;
+            section = EntrySection::Equations;
             c = next();
         }
         // Records the full store would drop anyway are not read, let alone checked: a huge file
@@ -153,13 +153,13 @@ std::string formatEntries(const HistoryStore& store, RecordChecker& checker) {
     // every later record with it, so such a record is left out.
     std::string out;
     for (const HistoryEntry& entry : store.entries()) {
-        if (entry.section == kSectionY && checker.accepts(entry)) {
+        if (entry.section == EntrySection::Graphs && checker.accepts(entry)) {
             appendRecord(out, entry);
         }
     }
     out += '&';
     for (const HistoryEntry& entry : store.entries()) {
-        if (entry.section != kSectionY && checker.accepts(entry)) {
+        if (entry.section == EntrySection::Equations && checker.accepts(entry)) {
             appendRecord(out, entry);
         }
     }

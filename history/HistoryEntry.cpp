@@ -6,7 +6,7 @@ EntryKind kindOf(const HistoryEntry& entry) {
     if (!entry.yBegin.empty() && entry.yBegin.front() == '$') {
         return EntryKind::TwoD;
     }
-    return entry.section == kSectionY ? EntryKind::ThreeD : EntryKind::Equation;
+    return entry.section == EntrySection::Graphs ? EntryKind::ThreeD : EntryKind::Equation;
 }
 
 bool sameStrings(const HistoryEntry& a, const HistoryEntry& b) {

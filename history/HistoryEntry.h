@@ -5,9 +5,9 @@
 
 namespace curvemill {
 
-// Section marks of the entries file: equations in two variables go to 'n', everything else to 'y'.
-inline constexpr char kSectionY = 'y';
-inline constexpr char kSectionN = 'n';
+// The two sections of the entries file: equations in two variables go to the second, everything
+// else to the first.
+enum class EntrySection { Graphs, Equations };
 // Y range text of an entry that has none (a 2D function).
 inline constexpr const char* kNoRange = "$";
 
@@ -18,7 +18,7 @@ struct HistoryEntry {
     // "$" for a 2D function, which has no Y range.
     std::string yBegin;
     std::string yEnd;
-    char section = kSectionY;
+    EntrySection section = EntrySection::Graphs;
     // Set by the list's "Highlight Selected Item"; lives with the entry so the mark follows it when
     // entries move or others are deleted, and is never written to the file.
     bool marked = false;

@@ -8,14 +8,15 @@
 
 namespace curvemill {
 
-// One accepted entry as typed; a 2D function has "$" for both Y range texts and section 'y'.
+// One accepted entry as typed; a 2D function has "$" for both Y range texts and the graphs'
+// section.
 struct TypedEntry {
     std::string formula;
     std::string xBegin;
     std::string xEnd;
     std::string yBegin = "$";
     std::string yEnd = "$";
-    char section = 'y';
+    EntrySection section = EntrySection::Graphs;
 };
 
 // The graph dialog a history list works for: its boxes as they stand now, and how a picked entry

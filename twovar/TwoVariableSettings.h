@@ -1,16 +1,13 @@
 // What the Equation / ThreeD input window keeps between uses; owned by the application.
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace curvemill {
 
 // The window's two modes; the numbers are the ones the window is opened with.
 enum class TwoVariableMode { kSurface = 1, kEquation = 2 };
-
-// History section letters of the two kinds of entry.
-inline constexpr char kSurfaceKindLetter = 'y';
-inline constexpr char kEquationKindLetter = 'n';
 
 // The window's points spins count in whole units of 100 up to the mode's most; the precision spin
 // runs from 1 to its most.
@@ -20,13 +17,13 @@ inline constexpr int kMostEquationPoints = 2000;
 inline constexpr int kMostPrecisionDigits = 15;
 
 struct TwoVariableSettings {
-    // The last accepted entry as typed, and its kind letter (0 before any).
+    // The last accepted entry as typed, and its mode (none before any).
     std::string xBegin;
     std::string xEnd;
     std::string yBegin;
     std::string yEnd;
     std::string formula;
-    char kind = 0;
+    std::optional<TwoVariableMode> kind;
     // Points along x and y of a surface, multiples of 100 from 100 to 500.
     int surfaceXPoints = 100;
     int surfaceYPoints = 100;

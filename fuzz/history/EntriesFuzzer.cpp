@@ -47,11 +47,13 @@ void checkInvariants(const HistoryStore& store) {
 // The sections are written one after the other, so only the order within each survives.
 std::string sectionOrder(const HistoryStore& store) {
     std::string out;
-    for (char section : {curvemill::kSectionY, curvemill::kSectionN}) {
+    for (const auto section :
+         {curvemill::EntrySection::Graphs, curvemill::EntrySection::Equations}) {
         for (const HistoryEntry& e : store.entries()) {
-            if ((e.section == curvemill::kSectionY) == (section == curvemill::kSectionY)) {
+            if (e.section == section) {
                 out += e.formula + '\n' + e.xBegin + '\n' + e.xEnd + '\n' + e.yBegin + '\n' +
-                       e.yEnd + '\n' + e.section + '\n';
+                       e.yEnd + '\n' + (section == curvemill::EntrySection::Graphs ? 'y' : 'n') +
+                       '\n';
             }
         }
     }
@@ -76,8 +78,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         checkInvariants(again);
         // Without entries of section 'y' the written file begins with '&', which the loader
         // does not take for the section mark: such a file loads nothing, by design.
-        const bool readable = std::any_of(store.entries().begin(), store.entries().end(),
-                                          [](const HistoryEntry& e) { return e.section == 'y'; });
+        const bool readable = std::any_of(
+            store.entries().begin(), store.entries().end(),
+            [](const HistoryEntry& e) { return e.section == curvemill::EntrySection::Graphs; });
         if (!whole && (readable || store.size() == 0)) {
             fail("a written file did not load to its end");
         }

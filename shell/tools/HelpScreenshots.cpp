@@ -80,9 +80,9 @@ int main(int argc, char* argv[]) {
     ok = save(window, out, "graph.png") && ok;
 
     window.twoDGraphDialog(false)->show();
-    history.showPreviousEntries(
-        HistoryClient{[] { return TypedEntry{"sin(x)/x*80", "-20", "20", "$", "$", 'y'}; },
-                      [](const TypedEntry&) {}});
+    history.showPreviousEntries(HistoryClient{
+        [] { return TypedEntry{"sin(x)/x*80", "-20", "20", "$", "$", EntrySection::Graphs}; },
+        [](const TypedEntry&) {}});
     history.previousEntries().resize(640, 320);
     ok = save(history.previousEntries(), out, "history.png") && ok;
     // Nothing of this run belongs in the starter history.

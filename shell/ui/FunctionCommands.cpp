@@ -105,7 +105,7 @@ void FunctionCommands::connectHistory(TwoDGraphDialog& dialog) {
     TwoDGraphHistoryHooks hooks;
     hooks.record = [history](const std::string& formula, const std::string& xBegin,
                              const std::string& xEnd) {
-        history->recordEntry(TypedEntry{formula, xBegin, xEnd, "$", "$", 'y'});
+        history->recordEntry(TypedEntry{formula, xBegin, xEnd, "$", "$", EntrySection::Graphs});
     };
     // The lists may outlive the dialog (a new history port deletes it).
     const QPointer<TwoDGraphDialog> guard(&dialog);
@@ -114,8 +114,9 @@ void FunctionCommands::connectHistory(TwoDGraphDialog& dialog) {
                                        return TypedEntry{};
                                    }
                                    const TwoDGraphInput input = guard->currentInput();
-                                   return TypedEntry{input.formula, input.xBegin, input.xEnd,
-                                                     "$",           "$",          'y'};
+                                   return TypedEntry{input.formula, input.xBegin,
+                                                     input.xEnd,    "$",
+                                                     "$",           EntrySection::Graphs};
                                },
                                [guard](const TypedEntry& entry) {
                                    if (!guard.isNull()) {

@@ -71,8 +71,8 @@ TEST(EntriesFileTest, LoadTakesTheFirstFileThatOpens) {
 
 HistoryStore storeWithNewEntries() {
     HistoryStore store;
-    store.addNewEntry({"x^2+y^2-16", "-5", "5", "-5", "5", kSectionN});
-    store.addNewEntry({"sin(x)/x*80", "-10", "10", "$", "$", kSectionY});
+    store.addNewEntry({"x^2+y^2-16", "-5", "5", "-5", "5", EntrySection::Equations});
+    store.addNewEntry({"sin(x)/x*80", "-10", "10", "$", "$", EntrySection::Graphs});
     store.searchRing().add("sin");
     return store;
 }
@@ -132,7 +132,7 @@ TEST(EntriesFileTest, RecordsTheLoaderWouldRefuseAreNotWrittenAndTheRestSurvives
         {"cos(x", "-1", "1", "$", "$"},
         {"x+1)", "-1", "1", "$", "$"},
         {"()", "-1", "1", "$", "$"},
-        {"x^2+y^2-(1", "-5", "5", "-5", "5", kSectionN},
+        {"x^2+y^2-(1", "-5", "5", "-5", "5", EntrySection::Equations},
         {"x", "2", "2", "$", "$"},
         {"x", "3", "-3", "$", "$"},
         {"x", "-1", "x", "$", "$"},
@@ -146,7 +146,8 @@ TEST(EntriesFileTest, RecordsTheLoaderWouldRefuseAreNotWrittenAndTheRestSurvives
         TempDirectory dir;
         HistoryStore store = storeWithNewEntries();
         ASSERT_TRUE(store.addNewEntry(bad));
-        ASSERT_TRUE(store.addNewEntry({"x^2-y^2-1", "-3", "3", "-3", "3", kSectionN}));
+        ASSERT_TRUE(
+            store.addNewEntry({"x^2-y^2-1", "-3", "3", "-3", "3", EntrySection::Equations}));
         ASSERT_EQ(saveEntries(store, kSaveOnCommand, {}, dir.path()).outcome, SaveOutcome::Saved);
         HistoryStore loaded;
         ASSERT_EQ(loadEntries(loaded, kLoadAtStartup, dir.path()), 0);

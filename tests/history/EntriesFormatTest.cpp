@@ -14,7 +14,8 @@ namespace {
 std::string describe(const HistoryStore& store) {
     std::string out;
     for (const HistoryEntry& e : store.entries()) {
-        out += (out.empty() ? "" : "; ") + std::string(1, e.section) + "|" + e.xBegin + "|" +
+        out += (out.empty() ? "" : "; ") +
+               std::string(e.section == EntrySection::Graphs ? "y" : "n") + "|" + e.xBegin + "|" +
                e.xEnd + "|" + e.yBegin + "|" + e.yEnd + "|" + e.formula;
     }
     return out;
@@ -142,10 +143,10 @@ TEST(EntriesFormatTest, SearchStringsWithBlanksAreWrittenAndReadBackWhole) {
 // every load, as the format has always done.
 TEST(EntriesFormatTest, WrittenTextReadsBackInFileOrder) {
     HistoryStore original;
-    original.addNewEntry({"x^2+y^2-16", "-5", "5", "-5", "5", kSectionN});
-    original.addNewEntry({"sin(x)*cos(y)", "-3", "3", "-3", "3", kSectionY});
-    original.addNewEntry({"tan(x)", "-pi", "pi", "$", "$", kSectionN});
-    original.addNewEntry({"sin(x)/x*80", "-10", "10", "$", "$", kSectionY});
+    original.addNewEntry({"x^2+y^2-16", "-5", "5", "-5", "5", EntrySection::Equations});
+    original.addNewEntry({"sin(x)*cos(y)", "-3", "3", "-3", "3", EntrySection::Graphs});
+    original.addNewEntry({"tan(x)", "-pi", "pi", "$", "$", EntrySection::Equations});
+    original.addNewEntry({"sin(x)/x*80", "-10", "10", "$", "$", EntrySection::Graphs});
     for (const char* s : {"a", "b", "c"}) {
         original.searchRing().add(s);
     }

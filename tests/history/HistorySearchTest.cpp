@@ -12,11 +12,11 @@ namespace {
 HistoryStore sampleStore() {
     HistoryStore store;
     // Head first: three 2D entries around one 3D entry, and an equation at the tail.
-    store.addLoadedEntry({"sin(x)", "-1", "1", "$", "$", kSectionY});
-    store.addLoadedEntry({"sin(x)*cos(y)", "-1", "1", "-1", "1", kSectionY});
-    store.addLoadedEntry({"cos(x)", "-1", "1", "$", "$", kSectionY});
-    store.addLoadedEntry({"sin(2*x)", "-1", "1", "$", "$", kSectionY});
-    store.addLoadedEntry({"x*sin(y)", "-1", "1", "-1", "1", kSectionN});
+    store.addLoadedEntry({"sin(x)", "-1", "1", "$", "$", EntrySection::Graphs});
+    store.addLoadedEntry({"sin(x)*cos(y)", "-1", "1", "-1", "1", EntrySection::Graphs});
+    store.addLoadedEntry({"cos(x)", "-1", "1", "$", "$", EntrySection::Graphs});
+    store.addLoadedEntry({"sin(2*x)", "-1", "1", "$", "$", EntrySection::Graphs});
+    store.addLoadedEntry({"x*sin(y)", "-1", "1", "-1", "1", EntrySection::Equations});
     return store;
 }
 

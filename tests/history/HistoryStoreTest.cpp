@@ -18,7 +18,7 @@ std::string named(const char* prefix, int number) {
 }
 
 HistoryEntry twoD(const std::string& formula, int range) {
-    return {formula, std::to_string(-range), std::to_string(range), "$", "$", kSectionY};
+    return {formula, std::to_string(-range), std::to_string(range), "$", "$", EntrySection::Graphs};
 }
 
 std::vector<std::string> formulasAndEnds(const HistoryStore& store) {
@@ -48,10 +48,10 @@ TEST(HistoryStoreTest, EqualOrUnwritableEntriesAreNotRecorded) {
     const auto writable = [&](const HistoryEntry& e) { return checker.accepts(e); };
     store.addLoadedEntry(twoD("sin(x)", 5));
     HistoryEntry same = twoD("sin(x)", 5);
-    same.section = kSectionN;  // the section is not one of the five strings
+    same.section = EntrySection::Equations;  // the section is not one of the five strings
     EXPECT_FALSE(store.addNewEntry(same));
     // Blanks typed in a box are not part of the entry.
-    EXPECT_FALSE(store.addNewEntry({"sin (x)", "-5", " 5", "$", "$", kSectionY}));
+    EXPECT_FALSE(store.addNewEntry({"sin (x)", "-5", " 5", "$", "$", EntrySection::Graphs}));
     EXPECT_FALSE(store.addNewEntry(twoD("cos(x", 1), writable));
     EXPECT_FALSE(store.changed());
     EXPECT_EQ(store.size(), 1);
@@ -88,7 +88,7 @@ TEST(HistoryStoreTest, OverCapacityDropsFromTheFormulasRunOrTheTail) {
               (std::vector<std::string>{"g:99", "g:3", "g:2"}));
     // A new formula drops the tail, and the counters follow.
     store = full([](int i) { return named("f", i); }, true);
-    store.addNewEntry({"x*y", "-1", "1", "-1", "1", kSectionY});
+    store.addNewEntry({"x*y", "-1", "1", "-1", "1", EntrySection::Graphs});
     EXPECT_EQ(store.size(), HistoryStore::kCapacity);
     EXPECT_EQ(store.entries().front().formula, "x*y");
     EXPECT_EQ(store.entries().back().formula, "f199");
@@ -99,9 +99,9 @@ TEST(HistoryStoreTest, OverCapacityDropsFromTheFormulasRunOrTheTail) {
 TEST(HistoryStoreTest, DeleteListOfOneKindKeepsTheOthers) {
     HistoryStore store;
     store.addNewEntry(twoD("x", 1));
-    store.addNewEntry({"x^2+y^2-1", "-2", "2", "-2", "2", kSectionN});
-    store.addNewEntry({"x*y", "-1", "1", "-1", "1", kSectionY});
-    store.addNewEntry({"x^2-y^2", "-2", "2", "-2", "2", kSectionN});
+    store.addNewEntry({"x^2+y^2-1", "-2", "2", "-2", "2", EntrySection::Equations});
+    store.addNewEntry({"x*y", "-1", "1", "-1", "1", EntrySection::Graphs});
+    store.addNewEntry({"x^2-y^2", "-2", "2", "-2", "2", EntrySection::Equations});
     // Counts left afterwards: 2D, equation, 3D.
     const std::pair<EntryKind, std::vector<int>> cases[] = {{EntryKind::Equation, {1, 0, 1}},
                                                             {EntryKind::ThreeD, {1, 2, 0}},

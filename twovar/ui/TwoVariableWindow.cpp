@@ -208,10 +208,10 @@ void TwoVariableWindow::prepare(TwoVariableMode mode) {
         precisionLabel_->setText(precisionText(settings_.precisionDigits));
     }
     // The window serves both modes: an entry of the other kind must not be left in the boxes.
-    const bool ownKind = settings_.kind == kindLetter();
+    const bool ownKind = settings_.kind == mode_;
     fillFromEntry(ownKind ? TypedEntry{settings_.formula, settings_.xBegin, settings_.xEnd,
-                                       settings_.yBegin, settings_.yEnd, kindLetter()}
-                          : TypedEntry{"", "-10", "10", "-10", "10", kindLetter()});
+                                       settings_.yBegin, settings_.yEnd, entrySection()}
+                          : TypedEntry{"", "-10", "10", "-10", "10", entrySection()});
     historyAvailable_ = history_ != nullptr && history_->entryCount(entryKind(mode)) > 0;
     if (history_ != nullptr) {
         history_->setShownKind(entryKind(mode));
@@ -221,8 +221,8 @@ void TwoVariableWindow::prepare(TwoVariableMode mode) {
     formulaEdit_->setFocus();
 }
 
-char TwoVariableWindow::kindLetter() const {
-    return mode_ == TwoVariableMode::kSurface ? kSurfaceKindLetter : kEquationKindLetter;
+EntrySection TwoVariableWindow::entrySection() const {
+    return mode_ == TwoVariableMode::kSurface ? EntrySection::Graphs : EntrySection::Equations;
 }
 
 TwoVariableComputation* TwoVariableWindow::computation() const {
@@ -327,7 +327,7 @@ void TwoVariableWindow::accept() {
     settings_.yBegin = yBeginEdit_->text().toStdString();
     settings_.yEnd = yEndEdit_->text().toStdString();
     settings_.formula = typed;
-    settings_.kind = kindLetter();
+    settings_.kind = mode_;
     const TypedEntry entry = currentInput();
 
     TwoVariableComputation* work = computation();
@@ -433,7 +433,7 @@ void TwoVariableWindow::fillFromEntry(const TypedEntry& entry) {
 TypedEntry TwoVariableWindow::currentInput() const {
     return TypedEntry{formulaEdit_->text().toStdString(), xBeginEdit_->text().toStdString(),
                       xEndEdit_->text().toStdString(),    yBeginEdit_->text().toStdString(),
-                      yEndEdit_->text().toStdString(),    kindLetter()};
+                      yEndEdit_->text().toStdString(),    entrySection()};
 }
 
 void TwoVariableWindow::showPreviousEntries() {

@@ -8,6 +8,7 @@
 
 #include "engine/SlotKeeper.h"
 #include "failure/ProcedureNames.h"
+#include "history/HistoryEntry.h"
 #include "twovar/TwoVariableComputation.h"
 #include "twovar/TwoVariableSettings.h"
 #include "worker/ui/WindowJob.h"
@@ -108,7 +109,7 @@ class TwoVariableWindow : public QDialog, public FailureScope {
     void showPreviousEntries();
     TypedEntry currentInput() const;
     TwoVariableComputation* computation() const;
-    char kindLetter() const;
+    EntrySection entrySection() const;
 
     Formula& formula_;
     TwoVariableSettings& settings_;

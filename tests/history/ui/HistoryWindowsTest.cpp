@@ -205,7 +205,7 @@ class HistoryWindowsTest : public QObject {
 
         // The input's boxes are read up to 100 characters each.
         const std::string longest(100, 'x');
-        store_.addNewEntry({longest, "-1", "1", "$", "$", 'y'});
+        store_.addNewEntry({longest, "-1", "1", "$", "$", EntrySection::Graphs});
         report.refresh();
         QVERIFY(!report.action(kLocateInput)->isEnabled());
         report.setInputSource([&] { return HistoryEntry{longest + "+1", "-1", "1", "$", "$"}; });

@@ -102,7 +102,7 @@ class TwoVariableWindowTest : public QObject {
         QSignalSpy status(window.get(), &TwoVariableWindow::statusMessage);
         pressOk(*window);
         QCOMPARE(status.size(), 1);
-        QVERIFY(history.entries.size() == 1 && history.entries[0].section == 'y');
+        QVERIFY(history.entries.size() == 1 && history.entries[0].section == EntrySection::Graphs);
         QVERIFY(window->isVisible() && control(*window, ids::kOk)->isEnabled());
         QTest::mouseClick(control<QPushButton>(*window, ids::kCancel), Qt::LeftButton);
         QVERIFY(!window->isVisible());
@@ -122,7 +122,7 @@ class TwoVariableWindowTest : public QObject {
         QCOMPARE(answer.icon, QMessageBox::Critical);
         QCOMPARE(answer.text, u"Y BEG MUST BE LESS THAN Y END"_s);
         QCOMPARE(window->focusWidget(), box);
-        QVERIFY(!window->isRunning() && history.entries.empty() && settings.kind == '\0');
+        QVERIFY(!window->isRunning() && history.entries.empty() && !settings.kind);
 
         fill(*window, u"1 2 1 2 log(x+*y"_s);
         QStringList order;
@@ -141,8 +141,9 @@ class TwoVariableWindowTest : public QObject {
         QTest::mouseClick(control<QPushButton>(*window, ids::kHistory), Qt::LeftButton);
         QVERIFY(history.client.currentInput && history.client.select);
         const TypedEntry input = history.client.currentInput();
-        QVERIFY(input.yBegin == "-2" && input.section == 'n');
-        history.client.select(TypedEntry{"sin(x)-cos(y)", "-pi", "pi", "-5", "5", 'n'});
+        QVERIFY(input.yBegin == "-2" && input.section == EntrySection::Equations);
+        history.client.select(
+            TypedEntry{"sin(x)-cos(y)", "-pi", "pi", "-5", "5", EntrySection::Equations});
         QCOMPARE(control<QLineEdit>(*window, ids::kFormula)->text(), u"sin(x)-cos(y)"_s);
         QCOMPARE(control<QLineEdit>(*window, ids::kXBegin)->text(), u"-pi"_s);
         QCOMPARE(control<QLineEdit>(*window, ids::kYEnd)->text(), u"5"_s);
@@ -162,8 +163,9 @@ class TwoVariableWindowTest : public QObject {
         QVERIFY(curve.shown && curve.count() > 100 && curve.grid.xSteps == 200);
         QCOMPARE(curve.formulaText, std::string("x^2+y^2-1"));
         QCOMPARE(history.entries.size(), size_t(1));
-        QVERIFY(history.entries[0].yEnd == "2" && history.entries[0].section == 'n');
-        QCOMPARE(settings.kind, 'n');
+        QVERIFY(history.entries[0].yEnd == "2" &&
+                history.entries[0].section == EntrySection::Equations);
+        QVERIFY(settings.kind == TwoVariableMode::kEquation);
         auto again = makeWindow(TwoVariableMode::kEquation);
         QCOMPARE(control<QLineEdit>(*again, ids::kFormula)->text(), u"x^2+y^2-1"_s);
         QCOMPARE(control<QLabel>(*again, ids::kXPointsLabel)->text(), u"Number of Points: 200"_s);
