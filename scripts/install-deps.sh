@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(
     build-essential cmake
-    qt6-base-dev qt6-svg-dev libgl-dev
+    qt6-base-dev qt6-svg-dev libgl-dev zlib1g-dev
     qt6-tools-dev qt6-tools-dev-tools libqt6sql6-sqlite
     # the validators of the installed tree; `file` lets cpack find the .deb's dependencies
     desktop-file-utils appstream file

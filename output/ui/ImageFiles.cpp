@@ -12,6 +12,7 @@
 #include "files/SafeFileWriter.h"
 #include "output/BmpLayout.h"
 #include "output/BmpPixels.h"
+#include "output/PngPixels.h"
 
 namespace curvemill {
 
@@ -135,12 +136,11 @@ std::optional<QByteArray> encodeRasterFile(ImageFormat format, const QImage& ima
     if (format != ImageFormat::Png) {
         return std::nullopt;
     }
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    if (!buffer.open(QIODevice::WriteOnly) || !rgb.save(&buffer, "PNG")) {
+    const std::optional<std::string> png = encodePng(pixelsOf(rgb), rgb.dotsPerMeterX());
+    if (!png) {
         return std::nullopt;
     }
-    return bytes;
+    return QByteArray(png->data(), static_cast<qsizetype>(png->size()));
 }
 
 std::optional<QByteArray> encodeGraphFile(ImageFormat format, const PageDrawing& draw, QSize pixels,

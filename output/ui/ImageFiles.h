@@ -1,4 +1,5 @@
-// Graph pictures as files: BMP (our own writer), PNG, SVG (vector, text as text) and PDF (vector).
+// Graph pictures as files: BMP (our own writer), PNG (ours, through zlib), SVG (vector, text as
+// text) and PDF (vector).
 #pragma once
 
 #include <functional>
