@@ -22,14 +22,18 @@ void putU32(std::string& out, std::uint32_t value) {
     out.push_back(static_cast<char>(value));
 }
 
-// Appends a chunk's length and type, its data, then its CRC (of the type and the data).
+// Ends a chunk whose type starts at `typeAt`: its CRC covers the type and the data.
+void putCrc(std::string& out, std::size_t typeAt) {
+    const auto* from = reinterpret_cast<const Bytef*>(out.data() + typeAt);
+    putU32(out, static_cast<std::uint32_t>(crc32(0, from, static_cast<uInt>(out.size() - typeAt))));
+}
+
 void putChunk(std::string& out, const char* type, const std::string& data) {
     putU32(out, static_cast<std::uint32_t>(data.size()));
     const std::size_t typeAt = out.size();
     out.append(type, 4);
     out += data;
-    const auto* crcFrom = reinterpret_cast<const Bytef*>(out.data() + typeAt);
-    putU32(out, static_cast<std::uint32_t>(crc32(0, crcFrom, static_cast<uInt>(4 + data.size()))));
+    putCrc(out, typeAt);
 }
 
 // One picture row as PNG's red, green, blue bytes.
@@ -79,8 +83,12 @@ std::optional<std::string> encodePng(const RgbPixels& pixels, int dotsPerMeter) 
     const std::size_t rowSize = static_cast<std::size_t>(pixels.width) * 3;
     std::vector<std::uint8_t> rows(2 * rowSize, 0);
     std::vector<std::uint8_t> filtered(1 + rowSize);
-    std::string data;
-    std::size_t used = 0;
+    // The compressed rows go straight into the file, behind an IDAT header whose length is filled
+    // in at the end.
+    const std::size_t dataChunk = file.size();
+    putU32(file, 0);
+    file.append("IDAT", 4);
+    std::size_t used = file.size();
     bool ok = true;
     for (int y = 0; y <= pixels.height && ok; ++y) {
         const bool last = y == pixels.height;
@@ -94,13 +102,13 @@ std::optional<std::string> encodePng(const RgbPixels& pixels, int dotsPerMeter) 
         }
         int status = Z_OK;
         do {
-            if (used == data.size()) {
-                data.resize(data.size() + kOutputStep);
+            if (used == file.size()) {
+                file.resize(file.size() + kOutputStep);
             }
-            stream.next_out = reinterpret_cast<Bytef*>(data.data() + used);
-            stream.avail_out = static_cast<uInt>(data.size() - used);
+            stream.next_out = reinterpret_cast<Bytef*>(file.data() + used);
+            stream.avail_out = static_cast<uInt>(file.size() - used);
             status = deflate(&stream, last ? Z_FINISH : Z_NO_FLUSH);
-            used = data.size() - stream.avail_out;
+            used = file.size() - stream.avail_out;
         } while (status == Z_OK && (stream.avail_out == 0 || (last && status != Z_STREAM_END)));
         ok = last ? status == Z_STREAM_END : status == Z_OK || status == Z_BUF_ERROR;
     }
@@ -108,8 +116,11 @@ std::optional<std::string> encodePng(const RgbPixels& pixels, int dotsPerMeter) 
     if (!ok) {
         return std::nullopt;
     }
-    data.resize(used);
-    putChunk(file, "IDAT", data);
+    file.resize(used);
+    std::string length;
+    putU32(length, static_cast<std::uint32_t>(used - dataChunk - 8));
+    file.replace(dataChunk, 4, length);
+    putCrc(file, dataChunk + 4);
     putChunk(file, "IEND", std::string());
     return file;
 }

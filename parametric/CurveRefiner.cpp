@@ -118,8 +118,10 @@ class Refiner {
 }  // namespace
 
 CurveSampling refineCurve(const CurveAt& curve, const RefineSettings& settings,
-                          const SamplingControl& control) {
+                          const SamplingControl& control, std::vector<CurvePoint> storage) {
     CurveSampling out;
+    out.points = std::move(storage);
+    out.points.clear();
     const int count = std::max(settings.startPoints, 2);
     out.points.reserve(static_cast<std::size_t>(count));
     Refiner refiner(curve, settings, out);

@@ -95,6 +95,9 @@ void CurvePainter::draw(GraphPainter& graphPainter, QPainter& painter, const Cur
             run_.clear();
         };
         run_.clear();
+        // A run is at most every point and the one where it enters the box: room for it at once
+        // instead of a list that doubles and copies itself (megabytes for a long curve).
+        run_.reserve(graph.points.size() + 1);
         QPointF previous;
         const double tLast = look.drawnPart >= 1.0
                                  ? graph.tEnd
