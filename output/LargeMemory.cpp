@@ -11,8 +11,25 @@ namespace {
 // The huge page size of x86-64 and of most arm64 kernels; where pages are of another size the
 // advice below is only ignored.
 constexpr std::size_t kHugePage = std::size_t{2} << 20;
+constexpr std::size_t kPage = 4096;
 
 }  // namespace
+
+void adviseHugePages(const void* data, std::size_t bytes) {
+#ifdef MADV_HUGEPAGE
+    // The advice goes to whole pages, those under the block's ends included: the kernel then
+    // gives a huge page wherever one fits in that stretch and in the mapping around it.
+    const auto begin = reinterpret_cast<std::uintptr_t>(data);
+    const std::uintptr_t first = begin & ~(kPage - 1);
+    const std::uintptr_t end = (begin + bytes + kPage - 1) & ~(kPage - 1);
+    if (bytes >= kHugePage) {
+        madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE);
+    }
+#else
+    (void)data;
+    (void)bytes;
+#endif
+}
 
 std::optional<LargeMemory> takeLargeMemory(std::size_t bytes) {
     if (bytes == 0 || bytes > SIZE_MAX - 2 * kHugePage) {
@@ -28,10 +45,8 @@ std::optional<LargeMemory> takeLargeMemory(std::size_t bytes) {
     }
     const auto address = reinterpret_cast<std::uintptr_t>(mapping);
     auto* data = reinterpret_cast<std::uint8_t*>((address + kHugePage - 1) & ~(kHugePage - 1));
-#ifdef MADV_HUGEPAGE
     // Advice only: a kernel without transparent huge pages gives ordinary ones.
-    madvise(data, used, MADV_HUGEPAGE);
-#endif
+    adviseHugePages(data, used);
     return LargeMemory{data, mapping, mapped};
 }
 

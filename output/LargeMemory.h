@@ -17,6 +17,10 @@ struct LargeMemory {
     std::size_t mappedBytes = 0;
 };
 
+// Asks for huge pages wherever they fit under [data, data + bytes), before the memory is first
+// touched (a list just reserved). Advice only, and none for less than one huge page.
+void adviseHugePages(const void* data, std::size_t bytes);
+
 // Nothing when the system cannot hand out that much.
 std::optional<LargeMemory> takeLargeMemory(std::size_t bytes);
 void giveBackLargeMemory(const LargeMemory& memory);

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "output/LargeMemory.h"
+
 namespace curvemill {
 
 namespace {
@@ -130,6 +132,7 @@ CurveSampling refineCurve(const CurveAt& curve, const RefineSettings& settings,
     out.points.clear();
     const int count = std::max(settings.startPoints, 2);
     out.points.reserve(static_cast<std::size_t>(count));
+    adviseHugePages(out.points.data(), out.points.capacity() * sizeof(CurvePoint));
     Refiner refiner(curve, settings, out);
     const double span = settings.tEnd - settings.tBegin;
     const auto startT = [&](int k) {
