@@ -2,9 +2,7 @@
 
 #include <cstdio>
 
-#include <QBuffer>
 #include <QGuiApplication>
-#include <QImage>
 
 #include "cli/Arguments.h"
 #include "cli/Printable.h"
@@ -75,15 +73,6 @@ std::unique_ptr<QGuiApplication> ensureGuiApplication() {
     auto app = std::make_unique<QGuiApplication>(argc, argv);
     qInstallMessageHandler(previous);
     return app;
-}
-
-std::optional<std::string> encodePng(const QImage& image) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    if (!buffer.open(QIODevice::WriteOnly) || !image.save(&buffer, "PNG")) {
-        return std::nullopt;
-    }
-    return bytes.toStdString();
 }
 
 }  // namespace curvemill::cli

@@ -1,5 +1,5 @@
-// What the commands that draw images share: the application object fonts and painters need, the
-// --size option and PNG encoding.
+// What the commands that draw images share: the application object fonts and painters need and
+// the --size option.
 #pragma once
 
 #include <memory>
@@ -9,7 +9,6 @@
 #include <string_view>
 
 class QGuiApplication;
-class QImage;
 
 namespace curvemill::cli {
 
@@ -27,8 +26,5 @@ OptionSpec imageSizeOption();
 // `usage`.
 bool readImageSize(const std::optional<std::string>& value, int& width, int& height,
                    UsageErrors& usage);
-
-// The image as PNG bytes, or nothing when the encoder fails.
-std::optional<std::string> encodePng(const QImage& image);
 
 }  // namespace curvemill::cli

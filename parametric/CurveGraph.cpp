@@ -38,16 +38,19 @@ CurveBox viewBox(const std::vector<CurvePoint>& points) {
     if (points.empty()) {
         return {};
     }
-    std::vector<double> xs, ys;
-    xs.reserve(points.size());
-    ys.reserve(points.size());
+    // One scratch list for both coordinates: a curve of many points makes it megabytes.
+    std::vector<double> values;
+    values.reserve(points.size());
     for (const CurvePoint& p : points) {
-        xs.push_back(p.x);
-        ys.push_back(p.y);
+        values.push_back(p.x);
     }
     CurveBox box;
-    std::tie(box.xMin, box.xMax) = bulkRange(xs);
-    std::tie(box.yMin, box.yMax) = bulkRange(ys);
+    std::tie(box.xMin, box.xMax) = bulkRange(values);
+    values.clear();
+    for (const CurvePoint& p : points) {
+        values.push_back(p.y);
+    }
+    std::tie(box.yMin, box.yMax) = bulkRange(values);
     const double size = std::max({box.xMax - box.xMin, box.yMax - box.yMin, 1e-9});
     for (auto [low, high] : {std::pair{&box.xMin, &box.xMax}, std::pair{&box.yMin, &box.yMax}}) {
         if (*high - *low < size * 1e-6) {
@@ -66,14 +69,14 @@ bool runCurve(Formula& formula, CurveGraph& graph, const SamplingControl& contro
     settings.startPoints = graph.startPoints;
     settings.depthLimit = 0;
     // The first, even pass is a small share of the work: its progress is not shown.
-    const CurveSampling even = refineCurve(curve, settings, {nullptr, control.stopRequested});
+    CurveSampling even = refineCurve(curve, settings, {nullptr, control.stopRequested});
     // A Stop that clears the engine's flag makes every value indefinite: such a pass is void.
     if (even.stopped || !formula.keepComputing) {
         return false;
     }
     fitPixelSize(even.points, kFirstViewWidth, kFirstViewHeight, settings);
     settings.depthLimit = RefineSettings{}.depthLimit;
-    CurveSampling refined = refineCurve(curve, settings, control);
+    CurveSampling refined = refineCurve(curve, settings, control, std::move(even.points));
     if (refined.stopped || !formula.keepComputing) {
         return false;
     }

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "output/LargeMemory.h"
+
 namespace curvemill {
 
 namespace {
@@ -51,9 +53,9 @@ class Refiner {
         return t;
     }
 
-    // Emits the curve after (ta, a) up to and including (tb, b); both have points.
+    // Emits the curve after (ta, a) up to and including (tb, b); both have points. The chord's
+    // length is worked out only where it is used: most steps are straight at the first look.
     void refine(double ta, CurveXY a, double tb, CurveXY b, int depth, double parentChord) {
-        const double chord = pixels(a, b);
         const double tm = 0.5 * (ta + tb);
         if (out_.evaluations >= settings_.budget) {
             out_.budgetMet = true;
@@ -61,8 +63,12 @@ class Refiner {
             return;
         }
         if (depth >= settings_.depthLimit || tm == ta || tm == tb) {
-            if (chord > kJumpPixels && chord > kShrinkRatio * parentChord) {
-                breakHere();
+            // Under a starting step (no parent) nothing can have failed to shrink.
+            if (std::isfinite(parentChord)) {
+                const double chord = pixels(a, b);
+                if (chord > kJumpPixels && chord > kShrinkRatio * parentChord) {
+                    breakHere();
+                }
             }
             emit(tb, b);
             return;
@@ -71,6 +77,7 @@ class Refiner {
         if (!at(tm, m)) {
             // No value inside the step: end this stretch at its edge, begin the next at the
             // other edge.
+            const double chord = pixels(a, b);
             CurveXY left = a;
             const double tl = edge(ta, left, tm);
             if (tl != ta) {
@@ -89,6 +96,7 @@ class Refiner {
             emit(tb, b);
             return;
         }
+        const double chord = pixels(a, b);
         refine(ta, a, tm, m, depth + 1, chord);
         refine(tm, m, tb, b, depth + 1, chord);
     }
@@ -118,10 +126,13 @@ class Refiner {
 }  // namespace
 
 CurveSampling refineCurve(const CurveAt& curve, const RefineSettings& settings,
-                          const SamplingControl& control) {
+                          const SamplingControl& control, std::vector<CurvePoint> storage) {
     CurveSampling out;
+    out.points = std::move(storage);
+    out.points.clear();
     const int count = std::max(settings.startPoints, 2);
     out.points.reserve(static_cast<std::size_t>(count));
+    adviseHugePages(out.points.data(), out.points.capacity() * sizeof(CurvePoint));
     Refiner refiner(curve, settings, out);
     const double span = settings.tEnd - settings.tBegin;
     const auto startT = [&](int k) {

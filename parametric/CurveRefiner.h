@@ -32,8 +32,10 @@ struct CurveSampling {
     bool stopped = false;
 };
 
+// The records are written into `storage`, emptied first: the points of an earlier pass given
+// back here spare the memory of a new list, megabytes that cost a page fault every 4 KiB.
 CurveSampling refineCurve(const CurveAt& curve, const RefineSettings& settings,
-                          const SamplingControl& control);
+                          const SamplingControl& control, std::vector<CurvePoint> storage = {});
 
 // Device pixel sizes that fit the curve's points into a view of `width` x `height` pixels at
 // equal scales, for a first sampling when no view exists yet.

@@ -4,8 +4,8 @@ set -euo pipefail
 
 packages=(
     build-essential cmake
-    # libqt6svg6 holds the SVG icon engine the toolbar is drawn with
-    qt6-base-dev qt6-svg-dev libqt6svg6 libgl-dev
+    # libqt6svg6 holds the SVG icon engine the toolbar is drawn with; zlib compresses PNG files
+    qt6-base-dev qt6-svg-dev libqt6svg6 libgl-dev zlib1g-dev
     qt6-tools-dev qt6-tools-dev-tools libqt6sql6-sqlite
     # the validators of the installed tree; `file` lets cpack find the .deb's dependencies
     desktop-file-utils appstream file

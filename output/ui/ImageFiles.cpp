@@ -12,6 +12,8 @@
 #include "files/SafeFileWriter.h"
 #include "output/BmpLayout.h"
 #include "output/BmpPixels.h"
+#include "output/LargeMemory.h"
+#include "output/PngPixels.h"
 
 namespace curvemill {
 
@@ -21,6 +23,15 @@ namespace {
 // as much wider: positions the drawing truncates to whole pixels then land on a finer grid.
 constexpr int kVectorDetail = 3;
 constexpr int kNominalDpi = 96;
+
+// Pictures of this many bytes and more are drawn on memory of their own.
+constexpr std::size_t kLargePicture = std::size_t{2} << 20;
+
+void releasePixels(void* memory) {
+    auto* held = static_cast<LargeMemory*>(memory);
+    giveBackLargeMemory(*held);
+    delete held;
+}
 
 RgbPixels pixelsOf(const QImage& image) {
     return RgbPixels{image.constBits(), image.width(), image.height(), image.bytesPerLine()};
@@ -105,12 +116,31 @@ QString formatExtension(ImageFormat format) {
     return {};
 }
 
+QImage blankPicture(QSize pixels) {
+    const std::size_t bytes =
+        pixels.isEmpty() ? 0 : std::size_t(pixels.width()) * 4 * std::size_t(pixels.height());
+    std::optional<LargeMemory> memory;
+    if (bytes >= kLargePicture) {
+        memory = takeLargeMemory(bytes);
+        if (!memory) {
+            return QImage();
+        }
+    }
+    QImage image = memory
+                       ? QImage(memory->data, pixels.width(), pixels.height(), pixels.width() * 4,
+                                QImage::Format_RGB32, releasePixels, new LargeMemory(*memory))
+                       : QImage(pixels, QImage::Format_RGB32);
+    if (!image.isNull()) {
+        image.fill(Qt::white);
+    }
+    return image;
+}
+
 QImage drawnImage(const PageDrawing& draw, QSize pixels) {
-    QImage image(pixels, QImage::Format_RGB32);
+    QImage image = blankPicture(pixels);
     if (image.isNull()) {  // too big for the memory: nothing to paint on
         return image;
     }
-    image.fill(Qt::white);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     draw(painter, pixels);
@@ -135,12 +165,11 @@ std::optional<QByteArray> encodeRasterFile(ImageFormat format, const QImage& ima
     if (format != ImageFormat::Png) {
         return std::nullopt;
     }
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    if (!buffer.open(QIODevice::WriteOnly) || !rgb.save(&buffer, "PNG")) {
+    const std::optional<std::string> png = encodePng(pixelsOf(rgb), rgb.dotsPerMeterX());
+    if (!png) {
         return std::nullopt;
     }
-    return bytes;
+    return QByteArray(png->data(), static_cast<qsizetype>(png->size()));
 }
 
 std::optional<QByteArray> encodeGraphFile(ImageFormat format, const PageDrawing& draw, QSize pixels,

@@ -1,4 +1,5 @@
-// Graph pictures as files: BMP (our own writer), PNG, SVG (vector, text as text) and PDF (vector).
+// Graph pictures as files: BMP (our own writer), PNG (ours, through zlib), SVG (vector, text as
+// text) and PDF (vector).
 #pragma once
 
 #include <functional>
@@ -30,6 +31,9 @@ struct ImageFileOptions {
     QString title = QStringLiteral("CurveMill graph");
 };
 
+// A white RGB32 image of `pixels`; a large one on memory of its own (see LargeMemory.h). Null when
+// the memory cannot be had.
+QImage blankPicture(QSize pixels);
 // A raster image of `pixels` drawn on white.
 QImage drawnImage(const PageDrawing& draw, QSize pixels);
 

@@ -4,6 +4,8 @@
 
 #include <QPainter>
 
+#include "output/ui/ImageFiles.h"
+
 namespace curvemill {
 
 namespace {
@@ -45,8 +47,7 @@ QImage renderPicture(const GraphPicture& picture, ExportSource source, double sc
         return shown;
     }
     const QRect part = sourceRect(picture, source);
-    QImage image(toQSize(scaledSize(toPixelSize(part.size()), scale)), QImage::Format_RGB32);
-    image.fill(Qt::white);
+    QImage image = blankPicture(toQSize(scaledSize(toPixelSize(part.size()), scale)));
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     drawSource(painter, picture, source, image.size());

@@ -36,6 +36,11 @@ bool clipToBox(QPointF& a, QPointF& b, const QRectF& box) {
     return true;
 }
 
+bool inBox(QPointF p, const QRectF& box) {
+    return p.x() >= box.left() && p.x() <= box.right() && p.y() >= box.top() &&
+           p.y() <= box.bottom();
+}
+
 void drawArrow(QPainter& painter, const CurveGraph& graph, const GraphView& view, double scale) {
     const std::vector<CurvePoint>& points = graph.points;
     const QPointF start(view.toPixelX(points.front().x), view.toPixelY(points.front().y));
@@ -95,6 +100,9 @@ void CurvePainter::draw(GraphPainter& graphPainter, QPainter& painter, const Cur
             run_.clear();
         };
         run_.clear();
+        // A run is at most every point and the one where it enters the box: room for it at once
+        // instead of a list that doubles and copies itself (megabytes for a long curve).
+        run_.reserve(graph.points.size() + 1);
         QPointF previous;
         const double tLast = look.drawnPart >= 1.0
                                  ? graph.tEnd
@@ -107,21 +115,24 @@ void CurvePainter::draw(GraphPainter& graphPainter, QPainter& painter, const Cur
             const QPointF here(pixels.toPixelX(p.x), pixels.toPixelY(p.y));
             if (n > 0 && !p.isBreak) {
                 QPointF a = previous, b = here;
-                if (!clipToBox(a, b, box)) {
+                // Most segments lie inside the box, where cutting would change nothing.
+                const bool whole = inBox(a, box) && inBox(b, box);
+                if (!whole && !clipToBox(a, b, box)) {
                     flush();
                 } else {
-                    if (run_.empty() || a != previous) {
+                    if (run_.empty() || (!whole && a != previous)) {
                         flush();
                         run_.push_back(a);
                     }
+                    const bool leaves = !whole && b != here;
                     const QPointF d = b - run_.back();
                     // The segment's end is kept even when close: the run must end where the
                     // curve leaves the box or breaks.
-                    if (std::fabs(d.x()) + std::fabs(d.y()) >= kSkipPixels || b != here ||
+                    if (std::fabs(d.x()) + std::fabs(d.y()) >= kSkipPixels || leaves ||
                         n + 1 == graph.points.size() || graph.points[n + 1].isBreak) {
                         run_.push_back(b);
                     }
-                    if (b != here) {
+                    if (leaves) {
                         flush();
                     }
                 }

@@ -1,4 +1,5 @@
-// Pictures and files: rendering per source, BMP read back, SVG and PDF validity, clipboard, print.
+// Pictures and files: rendering per source, BMP and PNG read back, SVG and PDF validity, clipboard,
+// print.
 #include <QFile>
 #include <QImage>
 #include <QMimeData>
@@ -58,26 +59,35 @@ class OutputFilesTest : public QObject {
         QCOMPARE(part.pixelColor(0, 39), QColor(Qt::blue));
     }
 
-    void bitmapsReadBackAsDrawn() {
-        // 37 pixels pad their rows at both depths; at 8 bits each pixel is its nearest in the
-        // palette.
+    void rasterFilesReadBackAsDrawn() {
+        // 37 pixels pad a bitmap's rows at both depths; at 8 bits each pixel is its nearest in
+        // the palette. The larger picture deflates to more than one block of the PNG encoder's
+        // output.
         const Palette256 palette;
-        QImage image(37, 21, QImage::Format_RGB32);
-        QImage eightBits = image;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                const QRgb drawn = qRgb(x * 97 % 256, y * 53 % 256, (x * y * 31 + 7) % 256);
-                image.setPixel(x, y, drawn);
-                eightBits.setPixel(x, y, palette.colour(palette.nearest(drawn & 0xffffff)));
+        for (const QSize size : {QSize(37, 21), QSize(400, 300)}) {
+            QImage image(size, QImage::Format_RGB32);
+            image.setDotsPerMeterX(4000);
+            QImage eightBits = image;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x) {
+                    const QRgb drawn = qRgb(x * 97 % 256, y * 53 % 256, (x * y * 31 + 7) % 256);
+                    image.setPixel(x, y, drawn);
+                    eightBits.setPixel(x, y, palette.colour(palette.nearest(drawn & 0xffffff)));
+                }
             }
-        }
-        for (const int bits : {24, 8}) {
-            ImageFileOptions options;
-            options.bitsPerPixel = bits;
-            const auto bytes = encodeRasterFile(ImageFormat::Bmp, image, options);
-            QVERIFY(bytes.has_value());
-            QCOMPARE(QImage::fromData(*bytes, "BMP").convertToFormat(QImage::Format_RGB32),
-                     bits == 24 ? image : eightBits);
+            for (const int bits : {24, 8}) {
+                ImageFileOptions options;
+                options.bitsPerPixel = bits;
+                const auto bytes = encodeRasterFile(ImageFormat::Bmp, image, options);
+                QVERIFY(bytes.has_value());
+                QCOMPARE(QImage::fromData(*bytes, "BMP").convertToFormat(QImage::Format_RGB32),
+                         bits == 24 ? image : eightBits);
+            }
+            const auto png = encodeRasterFile(ImageFormat::Png, image);
+            QVERIFY(png.has_value());
+            const QImage read = QImage::fromData(*png, "PNG");
+            QCOMPARE(read.convertToFormat(QImage::Format_RGB32), image);
+            QCOMPARE(read.dotsPerMeterX(), 4000);
         }
     }
 
