@@ -151,9 +151,9 @@ int runSurface(const ParsedArguments& arguments, std::ostream& out, UsageErrors&
     const auto nx = wholeArgument(arguments.value("nx"), "nx", 100, 500, 100, usage);
     const auto ny = wholeArgument(arguments.value("ny"), "ny", 100, 500, 100, usage);
     const auto mode = choiceArgument(arguments.value("mode"), "mode",
-                                     {{"polygons", DrawingMode::kPolygons},
-                                      {"lines", DrawingMode::kLines},
-                                      {"pixels", DrawingMode::kPixels}},
+                                     {{kDrawingModeNames[0], DrawingMode::kPolygons},
+                                      {kDrawingModeNames[1], DrawingMode::kLines},
+                                      {kDrawingModeNames[2], DrawingMode::kPixels}},
                                      DrawingMode::kPolygons, usage);
     const auto scheme = choiceArgument(arguments.value("scheme"), "scheme",
                                        {{"r", ColourScheme::kRed},

@@ -32,7 +32,6 @@ struct Case {
 constexpr Case kCases[] = {{"sin(x)*cos(y)", -3, 3}, {"x^2+y^2", -1, 1}};
 
 // In the order of DrawingMode.
-constexpr const char* kModeNames[] = {"polygons", "lines", "pixels"};
 
 std::unique_ptr<SurfaceScene> computed(const Case& c, int intervals, Formula& formula) {
     auto scene = std::make_unique<SurfaceScene>();
@@ -77,7 +76,7 @@ void BM_Redraw(benchmark::State& state) {
         QPainter painter(&image);
         paintSurface(painter, *scene, image.size());
     }
-    state.SetLabel(std::string(kModeNames[state.range(0)]) + " " +
+    state.SetLabel(std::string(kDrawingModeNames[state.range(0)]) + " " +
                    std::to_string(state.range(1) + 1) + "^2");
 }
 BENCHMARK(BM_Redraw)->ArgsProduct({{0, 1, 2}, {100, 500}})->Unit(benchmark::kMillisecond);
@@ -103,7 +102,7 @@ void BM_AnimationFrame(benchmark::State& state) {
         drawLines(*scene, plan, 0, lineCount(*scene, plan.pass), sink);
         benchmark::DoNotOptimize(image.constBits());
     }
-    state.SetLabel(std::string(kModeNames[state.range(0)]) + " " +
+    state.SetLabel(std::string(kDrawingModeNames[state.range(0)]) + " " +
                    std::to_string(state.range(1) + 1) + "^2");
 }
 BENCHMARK(BM_AnimationFrame)->ArgsProduct({{0, 1, 2}, {100}})->Unit(benchmark::kMillisecond);

@@ -12,262 +12,17 @@
 #include <QJsonParseError>
 
 #include "document/DocumentCheck.h"
+#include "document/ui/DocumentMembers.h"
 #include "files/SafeFileWriter.h"
 
 namespace curvemill {
 
 namespace {
 
-constexpr std::string_view kKindNames[] = {"function", "equation", "surface", "curve"};
-constexpr std::string_view kSchemeNames[] = {"grey", "red",     "green",  "blue",
-                                             "cyan", "magenta", "yellow", "own"};
-constexpr std::string_view kModeNames[] = {"polygons", "lines", "pixels"};
+using namespace document_members;
 
-// The members of each section in the order they are written; reading and writing both walk
-// them here, so the two can never disagree on a name.
-template <typename V>
-void visitRange(V& v, const char* name, RangeTexts& range) {
-    v.object(name, [&] {
-        v.text("begin", range.begin);
-        v.text("end", range.end);
-    });
-}
-
-template <typename V>
-void visitView(V& v, FlatViewState& view) {
-    v.object("view", [&] {
-        v.number("xZoom", view.xZoom);
-        v.number("yZoom", view.yZoom);
-        v.number("scrollX", view.scrollX);
-        v.number("scrollY", view.scrollY);
-        v.list("stretches", view.stretches, [&](StretchLevel& level) {
-            v.number("xFactor", level.xFactor);
-            v.number("yFactor", level.yFactor);
-            v.number("cornerX", level.cornerX);
-            v.number("cornerY", level.cornerY);
-        });
-    });
-}
-
-template <typename V>
-void visitLook(V& v, FlatLook& look) {
-    v.object("look", [&] {
-        v.whole("maxYRatio", look.maxYRatio);
-        v.flag("optimizeDrawing", look.optimizeDrawing);
-        v.flag("selectArea", look.selectArea);
-        v.flag("tooltips", look.tooltips);
-        v.flag("toolbar", look.toolbar);
-        v.order("displayOrder", look.displayOrder);
-        v.flag("grid", look.grid);
-    });
-}
-
-template <typename V>
-void visitSection(V& v, FunctionSection& s) {
-    v.text("formula", s.formula);
-    visitRange(v, "x", s.x);
-    v.whole("points", s.points);
-    v.text("secondFormula", s.secondFormula);
-    v.flag("derivative", s.derivative);
-    v.object("integral", [&] {
-        v.flag("shown", s.integral.shown);
-        visitRange(v, "range", s.integral.range);
-        v.flag("precise", s.integral.precise);
-    });
-    v.flag("integralCurve", s.integralCurve);
-    v.flag("indefiniteMarked", s.indefiniteMarked);
-    visitView(v, s.view);
-    visitLook(v, s.look);
-}
-
-template <typename V>
-void visitSection(V& v, EquationSection& s) {
-    v.text("formula", s.formula);
-    visitRange(v, "x", s.x);
-    visitRange(v, "y", s.y);
-    v.whole("xPoints", s.xPoints);
-    v.whole("yPoints", s.yPoints);
-    v.whole("precisionDigits", s.precisionDigits);
-    visitView(v, s.view);
-    visitLook(v, s.look);
-}
-
-template <typename V>
-void visitSection(V& v, SurfaceSection& s) {
-    v.text("formula", s.formula);
-    visitRange(v, "x", s.x);
-    visitRange(v, "y", s.y);
-    v.whole("xPoints", s.xPoints);
-    v.whole("yPoints", s.yPoints);
-    v.numbers("angles", s.angles);
-    v.number("zoom", s.zoom);
-    v.whole("horizontalLocation", s.horizontalLocation);
-    v.whole("verticalLocation", s.verticalLocation);
-    v.numbers("light", s.light);
-    v.whole("ambient", s.ambient);
-    v.flag("shiny", s.shiny);
-    v.single("specularShare", s.specularShare);
-    v.whole("fog", s.fog);
-    v.choice("scheme", s.scheme, std::span(kSchemeNames));
-    v.wholes("ownColour", s.ownColour);
-    v.choice("mode", s.mode, std::span(kModeNames));
-    v.flag("shading", s.shading);
-    v.whole("zLimitStep", s.zLimitStep);
-    v.flag("gridBox", s.gridBox);
-}
-
-template <typename V>
-void visitSection(V& v, CurveSection& s) {
-    v.flag("polar", s.polar);
-    v.text("first", s.first);
-    v.text("second", s.second);
-    visitRange(v, "t", s.t);
-    v.whole("points", s.points);
-    v.flag("arrow", s.arrow);
-    visitView(v, s.view);
-    visitLook(v, s.look);
-}
-
-// Everything after "format" and "version".
-template <typename V>
-void visitDocument(V& v, GraphDocument& document) {
-    v.choice("kind", document.kind, std::span(kKindNames));
-    v.number("logBase", document.logBase);
-    const auto section = [&](auto& members) {
-        v.object(kKindNames[static_cast<int>(document.kind)].data(),
-                 [&] { visitSection(v, members); });
-    };
-    switch (document.kind) {
-        case DocumentKind::kFunction:
-            section(document.function);
-            break;
-        case DocumentKind::kEquation:
-            section(document.equation);
-            break;
-        case DocumentKind::kSurface:
-            section(document.surface);
-            break;
-        case DocumentKind::kCurve:
-            section(document.curve);
-            break;
-    }
-}
-
-// ----- Writing: the layout is ours, every leaf is QJsonDocument's (escapes) or the shortest
-// round-trip form of the number.
-
-class Writer {
-  public:
-    std::string out;
-
-    void text(const char* name, const std::string& value) {
-        const QByteArray leaf =
-            QJsonDocument(QJsonArray{QString::fromStdString(value)}).toJson(QJsonDocument::Compact);
-        key(name);
-        out.append(leaf.constData() + 1, std::size_t(leaf.size()) - 2);
-    }
-    void number(const char* name, double value) {
-        key(name);
-        appendNumber(value);
-    }
-    void single(const char* name, float value) {
-        key(name);
-        char buffer[64];
-        const auto end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
-        out.append(buffer, end);
-    }
-    void whole(const char* name, std::int32_t value) {
-        key(name);
-        out += std::to_string(value);
-    }
-    void flag(const char* name, bool value) {
-        key(name);
-        out += value ? "true" : "false";
-    }
-    void numbers(const char* name, const std::array<double, 3>& values) {
-        key(name);
-        out += '[';
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            out += i == 0 ? "" : ", ";
-            appendNumber(values[i]);
-        }
-        out += ']';
-    }
-    void wholes(const char* name, const std::array<std::int32_t, 3>& values) {
-        key(name);
-        out += '[' + std::to_string(values[0]) + ", " + std::to_string(values[1]) + ", " +
-               std::to_string(values[2]) + ']';
-    }
-    template <typename Enum>
-    void choice(const char* name, Enum value, std::span<const std::string_view> names) {
-        std::string chosen(names[static_cast<std::size_t>(value)]);
-        text(name, chosen);
-    }
-    void order(const char* name, const DisplayOrder& value) { text(name, value.letters()); }
-    void object(const char* name, const std::function<void()>& members) {
-        if (name != nullptr) {
-            key(name);
-        }
-        out += '{';
-        ++depth_;
-        first_ = true;
-        members();
-        --depth_;
-        newline();
-        out += '}';
-        first_ = false;
-    }
-    template <typename Item, typename Members>
-    void list(const char* name, std::vector<Item>& items, Members members) {
-        key(name);
-        out += '[';
-        ++depth_;
-        for (std::size_t i = 0; i < items.size(); ++i) {
-            out += i == 0 ? "" : ",";
-            newline();
-            object(nullptr, [&] { members(items[i]); });
-        }
-        --depth_;
-        if (!items.empty()) {
-            newline();
-        }
-        out += ']';
-    }
-
-  private:
-    void key(const char* name) {
-        if (!first_) {
-            out += ',';
-        }
-        first_ = false;
-        newline();
-        out += '"';
-        out += name;
-        out += "\": ";
-    }
-    void newline() {
-        out += '\n';
-        out.append(std::size_t(depth_) * 4, ' ');
-    }
-    void appendNumber(double value) {
-        // The parser reads any zero as the whole number 0: -0 is written so, and reads back the
-        // same bytes.
-        if (value == 0.0) {
-            out += '0';
-            return;
-        }
-        char buffer[64];
-        const auto end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
-        out.append(buffer, end);
-    }
-
-    int depth_ = 0;
-    bool first_ = true;
-};
-
-// ----- Reading: every member must be there with its type; the first failure is kept and
+// Reading: every member must be there with its type; the first failure is kept and
 // everything after it is skipped.
-
 class Reader {
   public:
     explicit Reader(QJsonObject root) { objects_.push_back(std::move(root)); }
@@ -445,19 +200,6 @@ DocumentReading refused(std::string field, std::string reason) {
 
 }  // namespace
 
-std::string graphDocumentJson(const GraphDocument& document) {
-    GraphDocument copy = document;
-    Writer writer;
-    writer.object(nullptr, [&] {
-        std::string format = kGraphFormatName;
-        writer.text("format", format);
-        writer.whole("version", kGraphFormatVersion);
-        visitDocument(writer, copy);
-    });
-    writer.out += '\n';
-    return std::move(writer.out);
-}
-
 DocumentReading parseGraphDocument(std::string_view bytes) {
     if (bytes.size() > kMostDocumentBytes) {
         return refused("file", "larger than 1 MB (" + std::to_string(bytes.size()) + " bytes)");
@@ -518,15 +260,6 @@ DocumentReading readGraphDocument(const std::filesystem::path& path) {
         return refused("file", read.error);
     }
     return parseGraphDocument(*read.bytes);
-}
-
-std::optional<std::string> saveGraphDocument(const std::filesystem::path& path,
-                                             const GraphDocument& document) {
-    // What cannot be opened again is not written over a good file.
-    if (auto refusal = checkGraphDocument(document)) {
-        return refusal->text();
-    }
-    return writeFileSafely(path, graphDocumentJson(document));
 }
 
 }  // namespace curvemill
