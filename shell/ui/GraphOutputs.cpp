@@ -11,6 +11,7 @@
 #include "graph2d/TwoDGraph.h"
 #include "graph2d/ViewResize.h"
 #include "graph2d/ui/GraphPainter.h"
+#include "graph3d/SurfaceCsv.h"
 #include "output/ui/ClipboardCopy.h"
 #include "output/ui/GraphPrinting.h"
 #include "output/ui/SaveToFileDialog.h"
@@ -94,7 +95,13 @@ GraphPicture GraphOutputs::picture() const {
         picture.documentSize = picture.screenSize;
         const QSize screen = picture.screenSize;
         picture.pointsCsv = [scene, screen](const std::optional<QRect>& part) {
-            return surfaceVerticesCsv(*scene, screen, part);
+            // Whole device pixels: a part holds the points from its first to its last pixel.
+            const auto pixels =
+                part
+                    ? std::optional<PixelRect>(PixelRect{double(part->left()), double(part->top()),
+                                                         part->right() + 0.5, part->bottom() + 0.5})
+                    : std::nullopt;
+            return surfaceVerticesCsv(*scene, screen.width(), screen.height(), pixels);
         };
         return picture;
     }

@@ -29,9 +29,4 @@ GraphDrawing curveDrawing(const CurveGraph& curve, const GraphView& view);
 // target as on screen, on the screen's background.
 GraphDrawing surfaceDrawing(SurfaceScene& scene);
 
-// The defined vertices (i, j, x, y, z) whose points on a screen of `screen` device pixels lie
-// inside `part` (device pixels), or every defined vertex without a part. Rewrites the scene's
-// screen points for that target, as any drawing does.
-std::string surfaceVerticesCsv(SurfaceScene& scene, QSize screen, const std::optional<QRect>& part);
-
 }  // namespace curvemill

@@ -1,11 +1,13 @@
 // Cell drawing: holes and triangles, skipped lines, pixel squares and the clip, the passes and
 // their far-to-near order; the box around the surface.
+#include <algorithm>
 #include <cmath>
 #include <tuple>
 
 #include <gtest/gtest.h>
 
 #include "SurfaceFixture.h"
+#include "graph3d/SurfaceCsv.h"
 #include "graph3d/SurfaceGridBox.h"
 
 namespace curvemill {
@@ -77,6 +79,23 @@ const std::tuple<int, int, int> kPasses[] = {{9, 9, 1}, {9, 1, 9}, {8, 9, 2}, {9
 
 // Whatever way the figure is then turned, the line drawn first lies further from the eye than
 // the line drawn last, and the inner walk runs far to near where the eye's quadrant allows.
+// The export takes the vertices where the screen shows them: a part keeps those inside it, edges
+// included, and the holes of undefined values stay out.
+TEST(SurfaceCsv, APartKeepsTheVerticesTheScreenShowsInIt) {
+    SurfaceScene scene;
+    ASSERT_EQ(computeFor(scene, "ln(x-0.01)+y", -1, 1, -1, 1, nullptr, 100), SurfaceOutcome::Done);
+    const auto rows = [&](const std::optional<PixelRect>& part) {
+        const std::string csv = surfaceVerticesCsv(scene, 400, 300, part);
+        return std::count(csv.begin(), csv.end(), '\n') - 1;
+    };
+    const auto all = rows(std::nullopt);
+    EXPECT_EQ(all, 50 * 101);  // x > 0.01 only
+    const auto left = rows(PixelRect{0, 0, 200, 300});
+    EXPECT_GT(left, 0);
+    EXPECT_LT(left, all);
+    EXPECT_EQ(left + rows(PixelRect{200.5, 0, 400, 300}), all);
+}
+
 TEST(SurfaceDrawing, PassesWalkTheirLinesFarToNearForEveryRotation) {
     SurfaceScene scene;
     ASSERT_EQ(computeFor(scene, "x*y", -1, 1, -2, 2, nullptr, 10), SurfaceOutcome::Done);
