@@ -151,6 +151,9 @@ void TwoDGraphDialog::buildControls() {
             hooks_.showListOfFunctions();
         }
     });
+    // The range comes filled in; what the user opens the dialog for is the formula, as in the
+    // other input windows.
+    formulaEdit_->setFocus();
 }
 
 void TwoDGraphDialog::setHistoryHooks(TwoDGraphHistoryHooks hooks) {

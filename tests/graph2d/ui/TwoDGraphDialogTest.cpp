@@ -79,6 +79,7 @@ class TwoDGraphDialogTest : public QObject {
         QCOMPARE(makeDialog(TwoDGraphRole::Second)->windowTitle(), u"Second Function"_s);
         auto dialog = makeDialog();
         QCOMPARE(dialog->windowTitle(), u"Function"_s);
+        QCOMPARE(dialog->focusWidget(), control(*dialog, twod_ids::kFormula));
         QCOMPARE(control<QLabel>(*dialog, twod_ids::kPointsLabel)->text(), u"100000 Points"_s);
         QVERIFY(control(*dialog, twod_ids::kHistoryList)->isHidden());
         QVERIFY(!control(*dialog, twod_ids::kHistory)->isEnabled());  // no history to show
