@@ -64,15 +64,16 @@ int loadEntries(HistoryStore& store, LoadMode mode, const std::filesystem::path&
                 std::string* problem) {
     struct Candidate {
         const char* name;
-        char kind;
+        EntriesSource kind;
     };
-    constexpr std::array<Candidate, 3> candidates{{{kEntriesFileName, kSourceDat},
-                                                   {kFirstFallbackName, kSourceTxt},
-                                                   {kSecondFallbackName, kSourceDat0}}};
+    constexpr std::array<Candidate, 3> candidates{
+        {{kEntriesFileName, EntriesSource::GraphDat},
+         {kFirstFallbackName, EntriesSource::GraphTxt},
+         {kSecondFallbackName, EntriesSource::Graph0Dat}}};
     for (const Candidate& candidate : candidates) {
         const std::filesystem::path path = directory / candidate.name;
         if (const std::optional<std::string> why = unreadableReason(path)) {
-            if (candidate.kind == kSourceDat && problem != nullptr) {
+            if (candidate.kind == EntriesSource::GraphDat && problem != nullptr) {
                 *problem = *why;
             }
             continue;
@@ -95,7 +96,7 @@ int loadEntries(HistoryStore& store, LoadMode mode, const std::filesystem::path&
         }
         return 0;
     }
-    store.setSourceKind(kSourceNone);
+    store.setSourceKind(EntriesSource::None);
     return 1;
 }
 

@@ -11,10 +11,7 @@
 namespace curvemill {
 
 // Which file the last load found: "Graph.dat", "Graph.txt", "Graph0.dat", or none.
-inline constexpr char kSourceDat = 'd';
-inline constexpr char kSourceTxt = 't';
-inline constexpr char kSourceDat0 = '0';
-inline constexpr char kSourceNone = 'n';
+enum class EntriesSource { GraphDat, GraphTxt, Graph0Dat, None };
 
 class HistoryStore {
   public:
@@ -36,8 +33,8 @@ class HistoryStore {
     // must keep the old file before replacing it. Cleared once that save has kept it.
     bool partialLoad() const { return partialLoad_; }
     void setPartialLoad(bool partial) { partialLoad_ = partial; }
-    char sourceKind() const { return sourceKind_; }
-    void setSourceKind(char kind) { sourceKind_ = kind; }
+    EntriesSource sourceKind() const { return sourceKind_; }
+    void setSourceKind(EntriesSource kind) { sourceKind_ = kind; }
 
     SearchRing& searchRing() { return ring_; }
     const SearchRing& searchRing() const { return ring_; }
@@ -69,7 +66,7 @@ class HistoryStore {
     int sectionYCount_ = 0;
     bool changed_ = false;
     bool partialLoad_ = false;
-    char sourceKind_ = kSourceNone;
+    EntriesSource sourceKind_ = EntriesSource::None;
     SearchRing ring_;
 };
 

@@ -44,12 +44,12 @@ bool isReadOnly(const fs::path& path) {
 
 TEST(EntriesFileTest, LoadTakesTheFirstFileThatOpens) {
     // "Graph.dat/" is a folder.
-    const std::tuple<const char*, std::vector<const char*>, char, const char*> cases[] = {
-        {"Graph.dat first", {"Graph.dat", "Graph.txt", "Graph0.dat"}, kSourceDat, "1"},
-        {"then Graph.txt", {"Graph.txt", "Graph0.dat"}, kSourceTxt, "2"},
-        {"then Graph0.dat", {"Graph0.dat"}, kSourceDat0, "3"},
-        {"a folder is no file", {"Graph.dat/", "Graph0.dat"}, kSourceDat0, "3"},
-        {"none", {}, kSourceNone, nullptr},
+    const std::tuple<const char*, std::vector<const char*>, EntriesSource, const char*> cases[] = {
+        {"Graph.dat first", {"Graph.dat", "Graph.txt", "Graph0.dat"}, EntriesSource::GraphDat, "1"},
+        {"then Graph.txt", {"Graph.txt", "Graph0.dat"}, EntriesSource::GraphTxt, "2"},
+        {"then Graph0.dat", {"Graph0.dat"}, EntriesSource::Graph0Dat, "3"},
+        {"a folder is no file", {"Graph.dat/", "Graph0.dat"}, EntriesSource::Graph0Dat, "3"},
+        {"none", {}, EntriesSource::None, nullptr},
     };
     for (const auto& [name, present, source, xEnd] : cases) {
         SCOPED_TRACE(name);
