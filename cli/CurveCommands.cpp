@@ -151,6 +151,9 @@ int runCurve(CurveForm form, const ParsedArguments& arguments, std::ostream& out
     } else if (arguments.flag("summary")) {
         printCurveSummary(graph, out);
     } else if (target) {
+        if (graph.points.empty()) {
+            tellNothingDrawn(usage, "t", *begin, *end);
+        }
         return std::max(writeCurveImage(*target, graph, view, CurveLook(), out), saved);
     }
     return saved;

@@ -92,6 +92,12 @@ int writeCurveImage(const ImageTarget& target, const CurveGraph& graph, const Gr
         out);
 }
 
+void tellNothingDrawn(UsageErrors& usage, std::string_view variable, const std::string& begin,
+                      const std::string& end) {
+    usage.report() << "nothing to draw: no value for " << variable << " from " << begin << " to "
+                   << end << "; the picture shows the axes only\n";
+}
+
 int writeSurfaceImage(const ImageTarget& target, SurfaceScene& scene, std::ostream& out) {
     const auto app = ensureGuiApplication();
     return writeImage(

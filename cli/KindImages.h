@@ -6,6 +6,7 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <string_view>
 
 #include "cli/Arguments.h"
 #include "output/ui/ImageFiles.h"
@@ -47,5 +48,10 @@ int writeCurveImage(const ImageTarget& target, const CurveGraph& graph, const Gr
                     const CurveLook& look, std::ostream& out);
 // The figure is fitted to the target, as the window fits it.
 int writeSurfaceImage(const ImageTarget& target, SurfaceScene& scene, std::ostream& out);
+
+// A picture of the axes alone is still written, since the script asked for a file, but not in
+// silence: says on standard error that `variable` from `begin` to `end` gave no value at all.
+void tellNothingDrawn(UsageErrors& usage, std::string_view variable, const std::string& begin,
+                      const std::string& end);
 
 }  // namespace curvemill::cli

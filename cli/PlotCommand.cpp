@@ -95,6 +95,10 @@ int runPlot(const ParsedArguments& arguments, std::ostream& out, UsageErrors& us
             return kExitUsage;
         }
     }
+    if (target && std::all_of(graph.main.begin(), graph.main.end(),
+                              [](const PlotPoint& p) { return p.isIndefinite != 0; })) {
+        tellNothingDrawn(usage, "x", request->xBegin, request->xEnd);
+    }
     const int drawn = target ? writeTwoDImage(*target, graph, view, out) : kExitOk;
     const int saved = document ? saveGraph(*saveTo, *document, out) : kExitOk;
     return std::max(drawn, saved);

@@ -74,6 +74,14 @@ TEST(GraphCli, PlotWritesThePictureItsOptionsAskFor) {
     EXPECT_TRUE(view("--ratio 1 --fit") != whole);
     // The file's format and size are the image tests'; here, that the drawing options are read.
     EXPECT_FALSE(view("--order Ffid --no-optimize --derivative --grid --no-smooth").empty());
+    // A range where the function has no value still gives the file asked for, and says so.
+    std::vector<std::string> args = words("plot Sqr(x-100) --x-begin 0 --x-end 1 -o");
+    args.push_back(file);
+    const CliRun bare = runCli(args);
+    EXPECT_EQ(bare.exitCode, 0);
+    EXPECT_EQ(bare.err,
+              "curvemill-cli plot: nothing to draw: no value for x from 0 to 1; the "
+              "picture shows the axes only\n");
 }
 
 }  // namespace

@@ -39,6 +39,8 @@ TEST(CurveCli, WritesAPngOfTheRose) {
     const std::string bytes = contents(path);
     EXPECT_EQ(bytes.substr(1, 3), "PNG");
     EXPECT_GT(bytes.size(), 2000u);
+    const CliRun bare = runCli(words("polar Sqr(t-100) --t-begin 0 --t-end 1 -o " + path));
+    EXPECT_TRUE(bare.exitCode == 0 && bare.err.find("nothing to draw") != std::string::npos);
 }
 
 }  // namespace
