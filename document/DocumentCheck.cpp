@@ -210,7 +210,7 @@ Refusal checkFlatView(DocumentKind kind, const FlatViewState& view) {
 }
 
 Refusal checkFlatLook(DocumentKind kind, const FlatLook& look) {
-    return checkWhole(kind, "look.maxYRatio", look.maxYRatio, 1, kMostYRatio);
+    return checkWhole(kind, "look.maxYRatio", look.settings.maxYRatio, 1, kMostYRatio);
 }
 
 Refusal checkSurfaceLook(const SurfaceSection& section) {

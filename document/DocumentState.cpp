@@ -48,18 +48,15 @@ void applyFlatView(const FlatViewState& state, GraphView& view, StretchStack& st
 }
 
 FlatLook captureFlatLook(const TwoDSettings& settings, const GraphView& view) {
-    return {settings.maxYRatio, settings.optimizeDrawing, settings.selectArea, settings.tooltips,
-            settings.toolbar,   view.displayOrder,        view.gridOn};
+    FlatLook look{settings, view.gridOn};
+    // The order on screen is the view's; the settings' copy may lag behind it.
+    look.settings.displayOrder = view.displayOrder;
+    return look;
 }
 
 bool applyFlatLook(const FlatLook& look, TwoDSettings& settings, TwoDGraph& graph,
                    GraphView& view) {
-    settings.maxYRatio = look.maxYRatio;
-    settings.optimizeDrawing = look.optimizeDrawing;
-    settings.selectArea = look.selectArea;
-    settings.tooltips = look.tooltips;
-    settings.toolbar = look.toolbar;
-    settings.displayOrder = look.displayOrder;
+    settings = look.settings;
     view.gridOn = look.grid;
     return applyGraphSettings(graph, view, settings);
 }

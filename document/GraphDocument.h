@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "graph2d/DisplayOrder.h"
+#include "graph2d/TwoDSettings.h"
 #include "graph3d/SurfaceStyle.h"
 
 namespace curvemill {
@@ -46,12 +46,7 @@ struct FlatViewState {
 
 // The TwoD / Equation Customization settings and the grid.
 struct FlatLook {
-    int maxYRatio = 10;
-    bool optimizeDrawing = true;
-    bool selectArea = false;
-    bool tooltips = true;
-    bool toolbar = true;
-    DisplayOrder displayOrder;
+    TwoDSettings settings;
     bool grid = true;
     friend bool operator==(const FlatLook&, const FlatLook&) = default;
 };

@@ -20,6 +20,7 @@ struct TwoDSettings {
     bool tooltips = true;
     bool toolbar = true;
     DisplayOrder displayOrder;
+    friend bool operator==(const TwoDSettings&, const TwoDSettings&) = default;
 };
 
 // The upper end of the ratio spin: the curves' unclamped height over the X range, rounded up to

@@ -41,12 +41,12 @@ void visitView(V& v, FlatViewState& view) {
 template <typename V>
 void visitLook(V& v, FlatLook& look) {
     v.object("look", [&] {
-        v.whole("maxYRatio", look.maxYRatio);
-        v.flag("optimizeDrawing", look.optimizeDrawing);
-        v.flag("selectArea", look.selectArea);
-        v.flag("tooltips", look.tooltips);
-        v.flag("toolbar", look.toolbar);
-        v.order("displayOrder", look.displayOrder);
+        v.whole("maxYRatio", look.settings.maxYRatio);
+        v.flag("optimizeDrawing", look.settings.optimizeDrawing);
+        v.flag("selectArea", look.settings.selectArea);
+        v.flag("tooltips", look.settings.tooltips);
+        v.flag("toolbar", look.settings.toolbar);
+        v.order("displayOrder", look.settings.displayOrder);
         v.flag("grid", look.grid);
     });
 }
