@@ -52,28 +52,35 @@ GraphView pageView(const GraphView& view, QSize pixels) {
     return scaledView(view, double(pixels.width()) / view.width);
 }
 
-}  // namespace
-
-int writeTwoDImage(const ImageTarget& target, const TwoDGraph& graph, const GraphView& view,
+// A picture of the 2D view: `draw` gets the view laid out again for the page's pixels.
+template <typename Draw>
+int writeFlatImage(const ImageTarget& target, const GraphView& view, const Draw& draw,
                    std::ostream& out) {
     const auto app = ensureGuiApplication();
     return writeImage(
         target,
-        [&graph, &view](QPainter& painter, QSize pixels) {
+        [&](QPainter& painter, QSize pixels) {
             GraphView page = pageView(view, pixels);
-            drawGraph(painter, graph, page);
+            draw(painter, page);
         },
+        out);
+}
+
+}  // namespace
+
+int writeTwoDImage(const ImageTarget& target, const TwoDGraph& graph, const GraphView& view,
+                   std::ostream& out) {
+    return writeFlatImage(
+        target, view, [&](QPainter& painter, GraphView& page) { drawGraph(painter, graph, page); },
         out);
 }
 
 int writeEquationImage(const ImageTarget& target, const EquationCurve& curve, const GraphView& view,
                        const EquationLook& look, std::ostream& out) {
-    const auto app = ensureGuiApplication();
-    return writeImage(
-        target,
-        [&](QPainter& painter, QSize pixels) {
+    return writeFlatImage(
+        target, view,
+        [&](QPainter& painter, GraphView& page) {
             GraphPainter graphPainter;
-            GraphView page = pageView(view, pixels);
             EquationPainter().draw(graphPainter, painter, curve, page, look);
         },
         out);
@@ -81,12 +88,10 @@ int writeEquationImage(const ImageTarget& target, const EquationCurve& curve, co
 
 int writeCurveImage(const ImageTarget& target, const CurveGraph& graph, const GraphView& view,
                     const CurveLook& look, std::ostream& out) {
-    const auto app = ensureGuiApplication();
-    return writeImage(
-        target,
-        [&](QPainter& painter, QSize pixels) {
+    return writeFlatImage(
+        target, view,
+        [&](QPainter& painter, GraphView& page) {
             GraphPainter graphPainter;
-            GraphView page = pageView(view, pixels);
             CurvePainter().draw(graphPainter, painter, graph, page, look);
         },
         out);
